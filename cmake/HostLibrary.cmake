@@ -1,0 +1,17 @@
+# host_library(NAME DEPENDS ...): a shared library of the bundled host from the sources of the calling folder.
+# Its public headers stand in include/ below that folder. Both are installed into the library's package.
+function(host_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;PRIVATE_DEPENDS")
+  file(GLOB sources CONFIGURE_DEPENDS "*.cpp")
+  add_library(${name} SHARED ${sources})
+  target_include_directories(${name}
+    PUBLIC "$<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>"
+           "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
+    PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+  target_link_libraries(${name} PUBLIC ${arg_DEPENDS} PRIVATE ${arg_PRIVATE_DEPENDS} $<BUILD_INTERFACE:rytree_build_flags>)
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  set_target_properties(${name} PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} POSITION_INDEPENDENT_CODE ON)
+  install(TARGETS ${name} EXPORT rytree_UtilsTargets)
+  install(DIRECTORY include/ TYPE INCLUDE FILES_MATCHING PATTERN "*.h")
+endfunction()

@@ -1,0 +1,37 @@
+# Switches of the build, and the flags that every target of this repository shares.
+option(RYTREE_DEVELOPER "Warnings are errors; tests and examples are built" OFF)
+option(RYTREE_TESTS "Build the tests" ${RYTREE_DEVELOPER})
+option(RYTREE_EXAMPLES "Build the examples" ${RYTREE_DEVELOPER})
+option(RYTREE_BENCH "Build the benchmarks" OFF)
+option(RYTREE_FUZZ "Build the fuzzers (Clang)" OFF)
+set(RYTREE_SANITIZE "" CACHE STRING "Sanitizers for everything, as in address,undefined or thread")
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
+endif()
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN")  # installed libraries find each other, wherever they are moved together
+
+find_program(RYTREE_CCACHE ccache)
+if(RYTREE_DEVELOPER AND RYTREE_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${RYTREE_CCACHE}")
+endif()
+
+add_library(rytree_build_flags INTERFACE)
+target_compile_options(rytree_build_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  $<$<BOOL:${RYTREE_DEVELOPER}>:-Werror>
+  -fno-semantic-interposition  # nobody replaces a function of these libraries, so calls inside one go straight
+  # A unique symbol would pin the library in memory after it is unloaded.
+  $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+
+if(RYTREE_SANITIZE)
+  add_compile_options(-fsanitize=${RYTREE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${RYTREE_SANITIZE})
+endif()

@@ -1,0 +1,29 @@
+# Compares the symbols that a shared library shows with a list, one demangled name a line.
+#   cmake -DNM=nm -DLIBRARY=librytree_Utils.so -DLIST=exports.txt [-DUPDATE=ON] -P compare_exports.cmake
+execute_process(
+  COMMAND "${NM}" --dynamic --defined-only --demangle --format=posix "${LIBRARY}"
+  OUTPUT_VARIABLE shown COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX REPLACE " [A-Za-z] [0-9a-f]+ *[0-9a-f]*\n" "\n" shown "${shown}")
+string(REGEX MATCHALL "[^\n]+" shown "${shown}")
+list(REMOVE_DUPLICATES shown)  # a constructor has two symbols of one name
+list(SORT shown)
+
+if(UPDATE)
+  list(JOIN shown "\n" text)
+  file(WRITE "${LIST}" "${text}\n")
+endif()
+
+file(STRINGS "${LIST}" listed)
+set(missing ${listed})
+list(REMOVE_ITEM missing ${shown})
+list(TRANSFORM missing PREPEND "  listed and not exported: ")
+set(extra ${shown})
+list(REMOVE_ITEM extra ${listed})
+list(TRANSFORM extra PREPEND "  exported and not listed: ")
+set(faults ${missing} ${extra})
+if(faults)
+  list(JOIN faults "\n" faults)
+  message(FATAL_ERROR "${LIBRARY} against ${LIST}:\n${faults}")
+endif()
+list(LENGTH shown count)
+message(STATUS "${count} exports")
