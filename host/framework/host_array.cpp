@@ -1,0 +1,3 @@
+#include "rytree_host/host_array.h"
+
+HostArrayObject::~HostArrayObject() = default;

@@ -1,0 +1,140 @@
+// The narrow string of the framework.
+#pragma once
+
+#include <algorithm>
+#include <climits>
+#include <compare>
+#include <concepts>
+#include <cstdarg>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "rytree_host/export.h"
+
+/// A growing narrow string that knows its length and may hold any bytes, NUL too.
+///
+/// A null `const char*` counts as the empty string. Indexes and counts outside the string are cut to it,
+/// whatever their size: a read there gives 0, a write does nothing. Positions count bytes. Case follows
+/// Unicode code points in UTF-8 (multibyte.h) and never the locale.
+class CString {
+ public:
+  CString() noexcept = default;
+  CString(const char* text) : text_(Narrow(text)) {}
+  CString(const char* text, int length) : text_(text ? text : "", text ? Count(length) : 0) {}
+  CString(char character, int count) : text_(Count(count), character) {}
+  explicit CString(std::string_view text) : text_(text) {}
+  explicit CString(std::string&& text) noexcept : text_(std::move(text)) {}
+
+  CString& operator=(const char* text) {
+    text_.assign(Narrow(text));
+    return *this;
+  }
+
+  operator const char*() const noexcept { return text_.c_str(); }
+  const char* GetString() const noexcept { return text_.c_str(); }
+  std::string_view View() const noexcept { return text_; }
+  void Assign(const char* text, std::size_t length) { text_.assign(text, length); }
+
+  int GetLength() const noexcept { return static_cast<int>(std::min<std::size_t>(text_.size(), INT_MAX)); }
+  bool IsEmpty() const noexcept { return text_.empty(); }
+  void Empty() noexcept { text_.clear(); }
+
+  char GetAt(int index) const noexcept {
+    return Inside(index) ? text_[static_cast<std::size_t>(index)] : '\0';
+  }
+  void SetAt(int index, char character) noexcept {
+    if (Inside(index)) text_[static_cast<std::size_t>(index)] = character;
+  }
+  template <std::integral Index>
+  char operator[](Index index) const noexcept {
+    return std::in_range<int>(index) ? GetAt(static_cast<int>(index)) : '\0';
+  }
+
+  CString& operator+=(const CString& text) { return text_ += text.text_, *this; }
+  CString& operator+=(const char* text) { return text_ += Narrow(text), *this; }
+  CString& operator+=(char character) { return text_ += character, *this; }
+
+  friend CString operator+(CString left, const CString& right) { return std::move(left += right); }
+  friend CString operator+(CString left, const char* right) { return std::move(left += right); }
+  friend CString operator+(CString left, char right) { return std::move(left += right); }
+  friend CString operator+(const char* left, const CString& right) { return CString(left) + right; }
+  friend CString operator+(char left, const CString& right) { return CString(left, 1) + right; }
+
+  // Bytes are compared as unsigned numbers.
+  friend bool operator==(const CString& left, const CString& right) noexcept {
+    return left.text_ == right.text_;
+  }
+  friend bool operator==(const CString& left, const char* right) noexcept {
+    return left.text_ == Narrow(right);
+  }
+  friend std::strong_ordering operator<=>(const CString& left, const CString& right) noexcept {
+    return left.text_ <=> right.text_;
+  }
+  friend std::strong_ordering operator<=>(const CString& left, const char* right) noexcept {
+    return left.View() <=> Narrow(right);
+  }
+
+  /// Below 0, 0 or above 0 as this string stands before, at or behind `text`.
+  int Compare(const char* text) const noexcept { return View().compare(Narrow(text)); }
+  /// The same on the case-folded code points.
+  RYTREE_API int CompareNoCase(const char* text) const noexcept;
+
+  /// Replaces the string by the `printf` form of the arguments, which may come from the string itself.
+  RYTREE_API void Format(const char* format, ...) __attribute__((format(printf, 2, 3)));
+  RYTREE_API void FormatV(const char* format, std::va_list arguments) __attribute__((format(printf, 2, 0)));
+  /// Appends the `printf` form of the arguments.
+  RYTREE_API void AppendFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
+
+  /// The first place at or behind `start`, -1 for none. An empty text is found at `start`.
+  RYTREE_API int Find(const char* text, int start = 0) const noexcept;
+  RYTREE_API int Find(char character, int start = 0) const noexcept;
+  /// The last place of the character, -1 for none.
+  RYTREE_API int ReverseFind(char character) const noexcept;
+
+  CString Left(int count) const { return CString(View().substr(0, Count(count))); }
+  CString Mid(int first) const { return Mid(first, INT_MAX); }
+  CString Mid(int first, int count) const { return CString(View().substr(Place(first), Count(count))); }
+  CString Right(int count) const {
+    return CString(View().substr(text_.size() - std::min(Count(count), text_.size())));
+  }
+
+  /// Put in, take out: both give the new length.
+  RYTREE_API int Insert(int index, const char* text);
+  RYTREE_API int Insert(int index, char character);
+  RYTREE_API int Delete(int index, int count = 1);
+  /// Take every place of the character out, or put `now` in every place of `old`: both give the number of
+  /// places.
+  RYTREE_API int Remove(char character);
+  RYTREE_API int Replace(const char* old, const char* now);
+  RYTREE_API int Replace(char old, char now) noexcept;
+
+  /// Cuts white space, one character or any character of a set off an end.
+  RYTREE_API CString& TrimLeft(const char* set = " \t\n\v\f\r");
+  RYTREE_API CString& TrimLeft(char character);
+  RYTREE_API CString& TrimRight(const char* set = " \t\n\v\f\r");
+  RYTREE_API CString& TrimRight(char character);
+
+  /// Change the case of each code point that has a partner of its own; the length in bytes may change.
+  RYTREE_API CString& MakeUpper();
+  RYTREE_API CString& MakeLower();
+
+  /// Room for at least `length` bytes to write into; `ReleaseBuffer` closes it at `length`, or at the first
+  /// NUL for -1.
+  RYTREE_API char* GetBuffer(int length = 0);
+  RYTREE_API char* GetBufferSetLength(int length);
+  RYTREE_API void ReleaseBuffer(int length = -1) noexcept;
+
+ private:
+  static std::string_view Narrow(const char* text) noexcept {
+    return text ? std::string_view(text) : std::string_view();
+  }
+  static std::size_t Count(int count) noexcept { return count > 0 ? static_cast<std::size_t>(count) : 0; }
+  std::size_t Place(int index) const noexcept { return std::min(Count(index), text_.size()); }
+  bool Inside(int index) const noexcept {
+    return index >= 0 && static_cast<std::size_t>(index) < text_.size();
+  }
+
+  std::string text_;
+};
