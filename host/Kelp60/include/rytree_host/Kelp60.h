@@ -1,0 +1,32 @@
+// Numbers in texts, searches in texts, and the text match of the host.
+#pragma once
+
+#include "rytree_host/export.h"
+
+// A null text counts as the empty one throughout.
+
+/// Splits the number off the end of a text: `prefix` (may be null) gets what stands before it, the result is
+/// the number. The number is the longest run of trailing digits; of a run that does not fit an int, the
+/// longest end that does. Without trailing digits the prefix is the whole text and the result 0. `prefix`
+/// needs room for the whole text and its NUL.
+RYTREE_API int string_to_prefix_end_number(char* prefix, const char* text);
+
+/// The number in decimal, in a buffer of the thread that the next call overwrites.
+RYTREE_API const char* kelp_number_to_text(int number);
+
+/// The first place of a character in a text, or null. The NUL at the end is no place. The last argument has
+/// no effect.
+RYTREE_API char* kelp_find_char(char* text, char character, int option);
+
+/// The same for a closing character. `option` has no effect; the work word (may be null) is set to 0.
+RYTREE_API char* kelp_find_closing_char(char* text, char character, int option, int* work);
+
+/// Nonzero if `filter` matches the whole of `text`. In the filter `*` stands for any stretch, an empty one
+/// too, and `?` for one UTF-8 character or one byte that belongs to none. Case counts if `caseSensitive` is
+/// nonzero. The last two arguments have no effect. Time grows with the length of the text times the longest
+/// stretch of the filter without `*`, at worst.
+RYTREE_API int kelp_text_match(const char* filter, const char* text, int caseSensitive, int option1,
+                               int option2);
+
+/// The number that stands in for a missing one: 256.
+RYTREE_API int kelp_default_number();

@@ -1,0 +1,222 @@
+#include "rytree_host/Kelp60.h"
+#include "rytree_host/ryUtils.h"
+#include "rytree_host/utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <libintl.h>
+
+#include <climits>
+#include <clocale>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "rytree_host/modules.h"
+#include "rytree_host/multibyte.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+
+TEST(Tokens, SplitAtSeparators) {
+  const struct {
+    const char* text;
+    const char* joined;  // each token between brackets
+    int status;
+  } rows[] = {
+      {"1||1", "[1][][1]", 0},
+      {"", "", 0},
+      {nullptr, "", 0},
+      {"a|", "[a][]", 0},
+      {"|", "[][]", 0},
+      {"\"a|b\"|c", "[\"a|b\"][c]", 0},
+      {"x\"a|b\"y|c", "[x\"a|b\"y][c]", 0},
+      {"\"a|\"b\"|c", "[\"a|\"b\"][c]", 1},
+      {"\"\"|\"", "[\"\"][\"]", 1},
+  };
+  for (const auto& row : rows) {
+    CStringArray tokens;
+    tokens.Add("old");
+    int status = 7;
+    const int count = ryutilsGetTokens(row.text, &tokens, '|', &status, 34, 0);
+    std::string joined;
+    for (const CString& token : tokens) joined.append("[").append(token).append("]");
+    EXPECT_EQ(joined, row.joined);
+    EXPECT_EQ(status, row.status) << row.joined;
+    EXPECT_EQ(count, tokens.GetSize());
+    EXPECT_EQ(ryutilsGetTokens(row.text, nullptr, '|', nullptr, 34, 0), count);
+  }
+  CStringArray own;
+  own.Add("a,\"b,c");
+  EXPECT_EQ(ryutilsGetTokens(own[0], &own, ',', nullptr, 0, 0), 3);
+  EXPECT_EQ(own[2], "c");
+}
+
+TEST(Names, BecomeValid) {
+  const std::string_view rows[][2] = {
+      {"Item_7", "Item_7"}, {"", "_"}, {"7a", "_7a"}, {"a b-c", "a_b_c"}, {"\0é"sv, "___"}};
+  for (const auto& [given, wanted] : rows) {
+    CString name(given);
+    EXPECT_EQ(ryuMakeValidCName(&name, 0), 1);
+    EXPECT_EQ(name.View(), wanted);
+  }
+  EXPECT_EQ(ryuMakeValidCName(nullptr, 0), 0);
+}
+
+TEST(Messages, AreThereForTheirNumbers) {
+  for (const int number : {1624, 1625, 1626, 1627, 1628, 1629, 1630, 1631, 1996, 2539, 1995}) {
+    CString text("old");
+    EXPECT_EQ(ryu_load_err_msg_str(number, &text, -1), number != 1995);
+    EXPECT_TRUE(text.IsEmpty() == (number == 1995) && text != "old") << number;
+  }
+  EXPECT_EQ(ryu_load_err_msg_str(1996, nullptr, -1), 0);
+}
+
+TEST(Numbers, SortUnsigned) {
+  CArray<unsigned, unsigned> numbers;
+  for (const unsigned number : {3U, UINT_MAX, 0U}) numbers.Add(number);
+  ryutilsSort(numbers, 0);
+  EXPECT_TRUE(numbers[0] == 0 && numbers[1] == 3 && numbers[2] == UINT_MAX);
+}
+
+TEST(Numbers, AreSplitOffTheEnd) {
+  const struct {
+    const char* text;
+    const char* prefix;
+    int number;
+  } rows[] = {
+      {"Item007", "Item", 7},
+      {"Item", "Item", 0},
+      {"", "", 0},
+      {"a1b-3", "a1b-", 3},
+      {"a2147483647", "a", INT_MAX},
+      {"a2147483648", "a2", 147483648},
+      {"90000000005", "9", 5},
+      {"a00000000000000000000000000000012", "a", 12},
+      {"1100000000000000000000000000000000001", "11", 1},
+      {nullptr, "", 0},
+  };
+  for (const auto& [text, prefix, number] : rows) {
+    std::string room(text ? std::string_view(text).size() + 1 : 1, '?');
+    EXPECT_EQ(string_to_prefix_end_number(room.data(), text), number) << prefix;
+    EXPECT_STREQ(room.c_str(), prefix);
+    EXPECT_EQ(string_to_prefix_end_number(nullptr, text), number);
+  }
+  EXPECT_STREQ(kelp_number_to_text(INT_MIN), "-2147483648");
+  EXPECT_STREQ(kelp_number_to_text(0), "0");
+  EXPECT_EQ(kelp_default_number(), 256);
+}
+
+TEST(Search, FindsCharacters) {
+  char text[] = "a=b=}";
+  int work = 5;
+  EXPECT_EQ(kelp_find_char(text, '=', 1), text + 1);
+  EXPECT_EQ(kelp_find_char(text, '\0', 1), nullptr);
+  EXPECT_EQ(kelp_find_char(nullptr, '=', 1), nullptr);
+  EXPECT_EQ(kelp_find_closing_char(text, '}', 0, &work), text + 4);
+  EXPECT_EQ(kelp_find_closing_char(text, '{', 0, nullptr), nullptr);
+  EXPECT_EQ(work, 0);
+}
+
+/// The plain meaning of a filter, character by character.
+bool naive_match(const char* filter, const char* text, bool exact) {
+  if (!*filter) return !*text;
+  const char* after = text;
+  if (*text) utf8::next(after);
+  if (*filter == '*')
+    return naive_match(filter + 1, text, exact) || (*text && naive_match(filter, after, exact));
+  if (!*text) return false;
+  const std::string front(text, after);
+  const char* wanted = filter;
+  utf8::next(filter);
+  const std::string one(wanted, filter);
+  return (one == "?" || (exact ? one == front : _mbsicmp(one.c_str(), front.c_str()) == 0)) &&
+         naive_match(filter, after, exact);
+}
+
+TEST(Match, AgreesWithItsMeaning) {
+  std::mt19937 random(20240607);
+  const std::string_view pieces[] = {"a", "a", "A", "b", "é", "É", "\xC3", "*", "*", "?"};
+  const auto make = [&](std::size_t kinds) {
+    std::string text;
+    for (auto left = random() % 8; left > 0; --left) text += pieces[random() % kinds];
+    return text;
+  };
+  int matched = 0;
+  for (int round = 0; round < 60000; ++round) {
+    const std::string filter = make(10);
+    const std::string text = make(7);
+    const int exact = round % 2;
+    const bool wanted = naive_match(filter.c_str(), text.c_str(), exact != 0);
+    ASSERT_EQ(kelp_text_match(filter.c_str(), text.c_str(), exact, 0, 0), wanted) << filter << " / " << text;
+    matched += wanted;
+  }
+  EXPECT_GT(matched, 4000);
+  EXPECT_TRUE(kelp_text_match(nullptr, "", 0, 0, 0));
+  EXPECT_FALSE(kelp_text_match("a", nullptr, 0, 0, 0));
+}
+
+TEST(Match, IsQuickOnManyStars) {
+  const std::string text(1 << 20, 'a');
+  EXPECT_FALSE(kelp_text_match("*a*a*a*a*b", text.c_str(), 1, 0, 0));
+  EXPECT_TRUE(kelp_text_match(("*" + text + "*").c_str(), text.c_str(), 1, 0, 0));
+  EXPECT_FALSE(kelp_text_match(("*" + text.substr(1) + "b").c_str(), text.c_str(), 1, 0, 0));
+}
+
+using Localize = void (*)(char*, int, const char*, int);
+
+/// Writes a message catalogue whose one entry is "host".
+void write_catalogue(const std::filesystem::path& folder) {
+  const unsigned head[] = {0x950412de, 0, 1,  28, 36, 0,
+                           44,         4, 44, 5,  49};  // tables of lengths and places from 28 on
+  std::filesystem::create_directories(folder);
+  std::ofstream file(folder / "rytree.mo", std::ios::binary);
+  file.write(reinterpret_cast<const char*>(head), sizeof head) << "host\0hôte\0"sv;
+}
+
+TEST(Localization, ComesFromTheModule) {
+  HMODULE module = LoadLibraryA("ZANmsg.dll");
+  ASSERT_NE(module, nullptr);
+  const auto localize = reinterpret_cast<Localize>(GetProcAddress(module, "LocalizeString"));
+  ASSERT_NE(localize, nullptr);
+  const struct {
+    const char* text;
+    int size;
+    std::string_view wanted;
+  } rows[] = {{"plain", 20, "plain"}, {"plain", 5, "plai"},    {"née", 5, "née"},   {"née", 4, "né"},
+              {"née", 3, "n"},        {"plain", 1, ""},        {"", 20, ""},        {nullptr, 20, ""},
+              {"plain", 0, "?"},      {"plain", INT_MIN, "?"}, {"host", 20, "hôte"}};
+  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "rytree_catalogues";
+  write_catalogue(folder / "xx/LC_MESSAGES");
+  setenv("LANGUAGE", "xx", 1);
+  ASSERT_NE(std::setlocale(LC_ALL, "C.UTF-8"), nullptr);
+  bindtextdomain("rytree", folder.c_str());
+  for (const auto& [text, size, wanted] : rows) {
+    char buffer[20] = "?";
+    localize(buffer, size, text, 0);
+    EXPECT_EQ(buffer, wanted);
+  }
+  localize(nullptr, 20, "plain", 0);
+  std::setlocale(LC_ALL, "C");
+  std::filesystem::remove_all(folder);
+
+  EXPECT_EQ(LoadLibraryA("ZANmsg.DLL"), module);
+  EXPECT_EQ(LoadLibraryA("ZANmsg"), module);
+  EXPECT_EQ(GetProcAddress(module, "NoSuchEntry"), nullptr);
+  EXPECT_EQ(GetProcAddress(module, nullptr), nullptr);
+  for (int load = 0; load < 3; ++load) EXPECT_NE(FreeLibrary(module), 0);
+}
+
+TEST(Modules, AreRefusedWhereThereIsNone) {
+  for (const char* name : {static_cast<const char*>(nullptr), "", ".dll", "no_such.dll", "./ZANmsg.dll"}) {
+    EXPECT_EQ(LoadLibraryA(name), nullptr);
+  }
+  EXPECT_EQ(GetProcAddress(nullptr, "LocalizeString"), nullptr);
+  EXPECT_EQ(FreeLibrary(nullptr), 0);
+}
+
+}  // namespace
