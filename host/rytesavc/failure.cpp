@@ -1,0 +1,48 @@
+#include "failure.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <system_error>
+
+#include "rytree_host/node.h"
+
+namespace rytesavc {
+
+namespace {
+
+struct Failure {
+  char text[512];
+  TextPosition position;
+};
+
+// Nothing to destroy, so that threads which outlive the library leave nothing undone.
+thread_local Failure last{};
+
+}  // namespace
+
+void ClearFailure() { NoteFailure({}); }
+
+void NoteFailure(std::string_view text, TextPosition position) {
+  const std::size_t length = std::min(text.size(), sizeof last.text - 1);
+  std::copy_n(text.data(), length, last.text);
+  last.text[length] = '\0';
+  last.position = position;
+}
+
+void NoteSystemFailure(std::string_view step, std::string_view path, int error) {
+  constexpr std::size_t kShown = 320;
+  std::string text(step);
+  text += path.size() > kShown ? " '..." : " '";
+  text += path.substr(path.size() - std::min(path.size(), kShown));
+  text += "': ";
+  text += std::generic_category().message(error);
+  NoteFailure(text);
+}
+
+}  // namespace rytesavc
+
+RYXmlFailure RYXmlWrapperBase::LastFailure() {
+  const auto& [text, position] = rytesavc::last;
+  return {text, position.line, position.column, position.offset};
+}

@@ -1,0 +1,306 @@
+// The tree node of the host: a tag, a text, attributes, ordered children and an integer node ID.
+#pragma once
+
+#include <utility>
+
+#include "rytree_host/framework.h"
+#include "rytree_host/property_name.h"
+#include "rytree_host/tesaobj.h"
+#include "rytree_host/tree_store.h"
+
+/// Why the last Save, load or SetXmlText of this thread failed.
+struct RYXmlFailure {
+  const char* text;  ///< one line of English; "" after a success; good until the thread's next such call
+  int line;          ///< of the XML text, from 1; 0 where the failure has no place in a text
+  int column;        ///< from 1, in bytes; 0 as above
+  long long offset;  ///< from the start of the text, in bytes; -1 as above
+};
+
+/// A handle on one node of a tree. A copy is a second handle on the same node. A tree lives as long as a
+/// handle on any of its nodes; a removed node is dead at once, with everything below it, and its handles
+/// report IsNodeValid() 0. The handles of one tree belong to one thread at a time; trees of different threads
+/// share nothing.
+///
+/// Rules that hold for every operation:
+/// - Results are int, nonzero on success, unless said otherwise.
+/// - On an invalid or dead handle an operation gives 0, changes nothing and leaves its outputs alone.
+/// - An `out` may be the handle itself. On a valid handle a step to a node that is not there makes `out`
+/// invalid.
+/// - An operation that fails changes nothing. None makes a tree deeper than 1,024 levels.
+/// - Tags and attribute names are XML names and compare byte for byte. The names "_NodeID" and "_NodeEscape"
+/// are the
+///   file form's own and are refused.
+/// - Numbers are written in the shortest form that reads back to the same value. An int is read from a text
+/// with blanks
+///   around it, a sign, or as a real number of integral value in range; a double takes NaN and infinities
+///   too. A read that fails leaves the variable alone.
+class RYTREE_API RYXmlWrapperBase : public TESAObj {
+ public:
+  RYXmlWrapperBase() = default;
+  RYXmlWrapperBase(const RYXmlWrapperBase& other)
+      : TESAObj(other), tree_(other.tree_), node_(other.node_), generation_(other.generation_) {
+    if (tree_ != nullptr) tree_->Retain();
+  }
+  RYXmlWrapperBase(RYXmlWrapperBase&& other) noexcept
+      : tree_(std::exchange(other.tree_, nullptr)),
+        node_(std::exchange(other.node_, nullptr)),
+        generation_(other.generation_) {}
+  RYXmlWrapperBase& operator=(const RYXmlWrapperBase& other) {
+    if (tree_ != other.tree_) Retarget(other.tree_);
+    node_ = other.node_;
+    generation_ = other.generation_;
+    return *this;
+  }
+  RYXmlWrapperBase& operator=(RYXmlWrapperBase&& other) noexcept {
+    std::swap(tree_, other.tree_);
+    std::swap(node_, other.node_);
+    std::swap(generation_, other.generation_);
+    return *this;
+  }
+  ~RYXmlWrapperBase() override {
+    if (tree_ != nullptr) tree_->Release();
+  }
+
+  /// Same node, or both on none.
+  bool operator==(const RYXmlWrapperBase& other) const {
+    return IsNodeValid() != 0 ? node_ == other.node_ && generation_ == other.generation_
+                              : other.IsNodeValid() == 0;
+  }
+  int IsNodeValid() const { return node_ != nullptr && node_->generation == generation_ ? 1 : 0; }
+  int IsValid() const override;
+  /// Empties the handle.
+  void ReleaseNode() { Point(nullptr, nullptr); }
+
+  // ---- Walking: O(1) a step.
+
+  int FirstChild(RYXmlWrapperBase& out) const {
+    return IsNodeValid() != 0 ? out.Point(tree_, node_->first) : 0;
+  }
+  int NextSibling(RYXmlWrapperBase& out) const {
+    return IsNodeValid() != 0 ? out.Point(tree_, node_->next) : 0;
+  }
+  int PrevSibling(RYXmlWrapperBase& out) const {
+    return IsNodeValid() != 0 ? out.Point(tree_, node_->previous) : 0;
+  }
+  int GetParent(RYXmlWrapperBase& out) const {
+    return IsNodeValid() != 0 ? out.Point(tree_, node_->parent) : 0;
+  }
+  /// The child at `index`, from 0. Asking for one child after the other, either way, is O(1) each.
+  int GetChild(RYXmlWrapperBase& out, int index) const;
+  /// The number of children, O(1).
+  int GetNodeCount() const { return IsNodeValid() != 0 ? static_cast<int>(node_->child_count) : 0; }
+  /// The argument has no effect.
+  int HasChildren(int) const { return IsNodeValid() != 0 && node_->first != nullptr ? 1 : 0; }
+  /// A leaf without text.
+  int IsEmpty() const { return IsNodeValid() != 0 && node_->first == nullptr && node_->text.empty() ? 1 : 0; }
+
+  // ---- Attributes, in the order of their first writing.
+
+  int GetPropertyValue(const char* name, int& value) const { return ReadInt(FindAttribute(name), value); }
+  int GetPropertyValue(const char* name, double& value) const {
+    return ReadDouble(FindAttribute(name), value);
+  }
+  int GetPropertyValue(const char* name, CString& value) const {
+    return ReadText(FindAttribute(name), value);
+  }
+  int GetPropertyValue(const RYPropertyName& name, int& value) const {
+    return ReadInt(FindAttribute(name), value);
+  }
+  int GetPropertyValue(const RYPropertyName& name, double& value) const {
+    return ReadDouble(FindAttribute(name), value);
+  }
+  int GetPropertyValue(const RYPropertyName& name, CString& value) const {
+    return ReadText(FindAttribute(name), value);
+  }
+  /// Whether the attribute is there, whatever its value.
+  int HasProperty(const RYPropertyName& name) const { return FindAttribute(name) != nullptr ? 1 : 0; }
+
+  int SetPropertyValue(const char* name, int value);
+  int SetPropertyValue(const char* name, double value);
+  int SetPropertyValue(const char* name, const CString& value);
+  /// A null text is refused.
+  int SetPropertyValue(const char* name, const char* value);
+  /// A null variant leaves the attribute there with an empty value.
+  int SetPropertyValue(const char* name, const _variant_t* value);
+  int SetPropertyValue(const RYPropertyName& name, int value);
+  int SetPropertyValue(const RYPropertyName& name, const CString& value);
+  /// 0 if the attribute is not there.
+  int RemoveProperty(const char* name);
+  int RemoveProperty(const RYPropertyName& name);
+  /// Writes every attribute of `src`; attributes that only this node has stay. The int has no effect.
+  int CopyAllAttributes(const RYXmlWrapperBase& src, int);
+
+  int GetDataID(int& value) const { return GetPropertyValue("DataID", value); }
+  int SetDataID(int value) { return SetPropertyValue("DataID", value); }
+  int GetShow(int& value) const { return GetPropertyValue("Show", value); }
+  int SetShow(int value) { return SetPropertyValue("Show", value); }
+  int SetLabel(const char* text) { return SetPropertyValue("Label", text); }
+
+  // ---- The value: the node's own text, also on a branch. `get` nonzero reads, 0 writes.
+
+  int NodeValue(int& value, int get);
+  int NodeValue(double& value, int get);
+  /// Read as an int, nonzero is true; written as "1" or "0".
+  int NodeValue(bool& value, int get);
+  /// The text is the numbers with one space between. A read replaces what the array held.
+  int NodeValue(CArray<double, double>& value, int get);
+  /// The int and the options have no effect.
+  int NodeValue(CString& value, int get, int, const STNODETEXTOPTS*);
+  /// The value as a text that CheckSetValue takes back. The int has no effect.
+  int GetNodeStringWithBlobInfo(CString& value, int) const {
+    if (IsNodeValid() == 0) return 0;
+    AssignText(node_->text, value);
+    return 1;
+  }
+  /// `f` 0 writes the text, `f` 1 the attribute "Use"; any other `f`, and a null value, is refused. `a` has
+  /// no effect.
+  int CheckSetValue(int a, const char* value, int f);
+  /// The same for a text of known length.
+  int CheckSetValue(int a, const CString& value, int f);
+  /// 0 on success, nonzero on failure.
+  int GetVector(tagRYSOBJVECT& vector) const;
+  int SetVector(const tagRYSOBJVECT& vector);
+
+  // ---- Identity.
+
+  int GetTagName(CString& tag) const {
+    if (IsNodeValid() == 0) return 0;
+    tag.Assign(node_->tag->text(), node_->tag->length);
+    return 1;
+  }
+  /// Whether the tag is `tag`, byte for byte.
+  int HasTagName(const RYPropertyName& tag) const {
+    return IsNodeValid() != 0 && tag.In(tree_) == node_->tag ? 1 : 0;
+  }
+  /// The node ID, not the DataID. 0 on a node that has none.
+  int GetID(int& id) const {
+    if (IsNodeValid() == 0 || node_->id == -1) return 0;
+    id = node_->id;
+    return 1;
+  }
+  /// -1 takes the node ID away. The flag has no effect.
+  int SetID(int id, bool);
+
+  // ---- Finding.
+
+  /// The first direct child of that tag. The int has no effect.
+  int FindChild(const char* tag, RYXmlWrapperBase& out, int) const;
+  /// The first node below with that attribute text, in pre-order: `y` 0 among the direct children, else among
+  /// all descendants; `x` nonzero ignores case. `out` is set only on success.
+  int FindNodeByAttribute(RYXmlWrapperBase& out, const char* name, const char* text, int x, int y) const;
+  int FindNodeByAttribute(RYXmlWrapperBase& out, const char* name, int number, int y) const;
+
+  // ---- Adding. `id` is the node ID, -1 for none.
+
+  int AddNode(RYXmlWrapperBase& out, const char* tag, int id);
+  /// The last argument has no effect.
+  int AddChildNode(const char* tag, RYXmlWrapperBase& out, int id, const char*);
+  /// `next` is a direct child of this node.
+  int InsertNodeBefore(const RYXmlWrapperBase& next, const char* tag, int id);
+  /// The int and the options have no effect; a null text is the empty one.
+  int AddTextNode(RYXmlWrapperBase& out, const char* text, const char* tag, int id, int,
+                  const STNODETEXTOPTS*);
+  /// Appends a deep copy of `src`, which may be this node or hold it. The int has no effect.
+  int AddNodeCopy(const RYXmlWrapperBase& src, int);
+
+  // ---- Removing: in step with the size of what goes.
+
+  /// `child` is a direct child of this node. The status, which may be null, becomes 0, or -1 on a failure.
+  int RemoveChild(RYXmlWrapperBase& child, int* status);
+  virtual int RemoveNode();
+  int RemoveAllChildren();
+  /// Keeps the first `n` children.
+  int SetSizeTrimFromEnd(int n);
+
+  // ---- Whole nodes.
+
+  /// A fresh tree, the handle on its root: tag "Root", or the tag given. The int has no effect.
+  int CreateNew(int, const char* tag);
+  /// A deep detached copy. The int has no effect.
+  virtual int Clone(RYXmlWrapperBase& out, int) const;
+  /// Takes over tag (kept with `keepTag` nonzero), node ID, attributes, text and children of `src`, which may
+  /// be this node, above or below it. This handle stays good, handles below it die. The other ints have no
+  /// effect.
+  int Replace(const RYXmlWrapperBase& src, int, int keepTag, int);
+  int ReplaceByNodeCopy(const RYXmlWrapperBase& src, int, int);
+  /// Exchanges tag, node ID, attributes, text and children with another node of the same tree, neither below
+  /// the other and both of the same depth. Nothing is copied: both handles stay good, and handles below go
+  /// with the content.
+  int ExchangeContent(RYXmlWrapperBase& other);
+  /// Removes children and text; tag, node ID and attributes stay. The int has no effect.
+  int ResetNode(int);
+  /// One element without declaration or indentation, self-closed if the node has neither text nor children.
+  virtual int GetXmlText(CString* text) const;
+  /// Parses exactly one element and puts it in this node's place, under the same handle.
+  virtual int SetXmlText(const char* text);
+
+  // ---- Files.
+
+  /// Writes the branch as UTF-8 XML: to a file beside the target, which then takes the target's name. At
+  /// every moment the path holds the old file or the new one, whole. A symbolic link stays, the old file's
+  /// mode is kept.
+  int Save(const char* path) const;
+  /// Puts the handle on the root of the tree in the file. The int has no effect.
+  int load(const char* path, int);
+  /// The encoding of the narrow strings in files: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949,
+  /// 950, 28591.
+  static int SetDefaultCodePage(int page);
+  static RYXmlFailure LastFailure();
+
+ private:
+  friend struct NodeAccess;
+
+  int Point(rytesavc::Tree* tree, rytesavc::Node* node) {
+    if (node == nullptr) tree = nullptr;
+    if (tree_ != tree) Retarget(tree);
+    node_ = node;
+    if (node == nullptr) return 0;
+    generation_ = node->generation;
+    return 1;
+  }
+  void Retarget(rytesavc::Tree* tree) {
+    if (tree != nullptr) tree->Retain();
+    if (rytesavc::Tree* const former = std::exchange(tree_, tree)) former->Release();
+  }
+
+  const rytesavc::Attribute* FindAttribute(const char* name) const {
+    return IsNodeValid() != 0 && name != nullptr ? node_->Find(std::string_view(name)) : nullptr;
+  }
+  const rytesavc::Attribute* FindAttribute(const RYPropertyName& name) const {
+    if (IsNodeValid() == 0) return nullptr;
+    const rytesavc::Name* const found = name.In(tree_);
+    return found != nullptr ? node_->Find(found) : nullptr;
+  }
+  static int ReadInt(const rytesavc::Attribute* attribute, int& value) {
+    if (attribute == nullptr) return 0;
+    if (attribute->value.kind() != rytesavc::Value::kInt) return ParseInt(attribute->value, value);
+    value = attribute->value.number();
+    return 1;
+  }
+  static int ReadDouble(const rytesavc::Attribute* attribute, double& value) {
+    return attribute != nullptr ? ParseDouble(attribute->value, value) : 0;
+  }
+  static int ReadText(const rytesavc::Attribute* attribute, CString& value) {
+    if (attribute == nullptr) return 0;
+    AssignText(attribute->value, value);
+    return 1;
+  }
+  static void AssignText(const rytesavc::Value& from, CString& to) {
+    if (from.kind() == rytesavc::Value::kInt) {
+      AssignNumber(from.number(), to);
+    } else {
+      to.Assign(from.chars(), from.length());
+    }
+  }
+  static int ParseInt(const rytesavc::Value& from, int& to);
+  static int ParseDouble(const rytesavc::Value& from, double& to);
+  static void AssignNumber(int from, CString& to);
+
+  int AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, std::string_view text);
+  template <class Name, class Write>
+  int WriteAttribute(const Name& name, const Write& write);
+
+  rytesavc::Tree* tree_ = nullptr;
+  rytesavc::Node* node_ = nullptr;
+  std::uint32_t generation_ = 0;
+};

@@ -1,0 +1,187 @@
+// How the bundled host keeps a tree in memory. Only the node class looks in here: whoever uses the tree goes
+// through RYXmlWrapperBase, so that another host can be put in its place.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "rytree_host/export.h"
+
+namespace rytesavc {
+
+// A tag or attribute name. Each tree holds every name once, so two names of one tree are equal if their
+// addresses are.
+struct Name {
+  std::uint32_t length;
+  std::uint32_t hash;
+  mutable std::uint64_t copied_in = 0;  // the copy, counted by the tree, in which the name was last looked up
+  mutable const Name* copied_as = nullptr;  // and what it is called there
+  const char* text() const { return reinterpret_cast<const char*>(this + 1); }
+  std::string_view view() const { return {text(), length}; }
+};
+
+// A text, or an int that is written out only when somebody asks for its text. Short texts stand in place.
+class Value {
+ public:
+  enum Kind : std::uint32_t { kShort = 0, kLong = 1, kInt = 2 };
+  static constexpr std::uint32_t kInPlace = 12;
+  static constexpr std::size_t kMaxLength = (std::size_t{1} << 30) - 1;
+
+  Kind kind() const { return static_cast<Kind>(meta_ & 3u); }
+  bool empty() const { return meta_ == kShort; }
+  std::uint32_t length() const { return meta_ >> 2; }  // of a text, not of an int
+  int number() const { return body_.number; }
+  const char* chars() const { return kind() == kLong ? body_.heap.chars : body_.in_place; }
+
+ private:
+  friend class Tree;
+  std::uint32_t meta_ = 0;
+  union Body {
+    char in_place[kInPlace];
+    int number;
+    struct {
+      std::uint32_t unused;  // puts the pointer on an eight-byte boundary
+      char* chars;
+    } __attribute__((packed)) heap;
+  } body_{};
+};
+
+struct Attribute {
+  const Name* name;
+  Value value;
+};
+
+// A slot is never anything but a node while its tree lives; its generation tells the handles which node they
+// knew.
+struct Node {
+  std::uint32_t generation;
+  std::uint32_t child_count;
+  const Name* tag;
+  Node* parent;
+  Node* next;
+  Node* first;
+  Attribute* attributes;
+  std::uint32_t attribute_count;
+  std::uint32_t attribute_capacity;
+  Value text;
+  Node* last;
+  Node* previous;
+  int id;               // -1: none
+  std::uint32_t depth;  // 1 at a root
+
+  const Attribute* Find(std::string_view name) const {
+    const Attribute* const end = attributes + attribute_count;
+    for (const Attribute* at = attributes; at != end; ++at) {
+      if (at->name->length == name.size() && std::memcmp(at->name->text(), name.data(), name.size()) == 0)
+        return at;
+    }
+    return nullptr;
+  }
+  const Attribute* Find(const Name* name) const {
+    const Attribute* const end = attributes + attribute_count;
+    for (const Attribute* at = attributes; at != end; ++at) {
+      if (at->name == name) return at;
+    }
+    return nullptr;
+  }
+};
+
+static_assert(sizeof(Value) == 16 && sizeof(Attribute) == 24 && sizeof(Node) == 96);
+
+// One tree: its nodes, names and texts stand in chunks that are freed whole. Counted by the handles on its
+// nodes; the count is plain because the handles of one tree belong to one thread.
+class RYTREE_API Tree {
+ public:
+  static constexpr std::uint32_t kMaxDepth = 1024;
+
+  // A tree of about so many bytes, if that is known.
+  static Tree* Create(std::size_t expected_bytes = 0);
+  Tree(const Tree&) = delete;
+  Tree& operator=(const Tree&) = delete;
+
+  void Retain() { ++references_; }
+  void Release() {
+    if (--references_ == 0) Destroy(this);
+  }
+
+  // Names. Lookups give null for a name that the tree does not hold, interning gives null for what is no XML
+  // name.
+  const Name* FindName(std::string_view name) const;
+  const Name* Intern(std::string_view name);
+  const Name* Intern(const Name* name, const Tree& of_tree);
+  std::uint32_t name_count() const { return name_count_; }
+  // About what a copy of the tree takes.
+  std::size_t expected_bytes() const;
+
+  // Nodes. New nodes hang nowhere; Append and InsertBefore put them into the tree.
+  Node* NewNode(const Name* tag, int id, std::uint32_t depth);
+  void Append(Node* parent, Node* child);
+  void InsertBefore(Node* next, Node* child);
+  void Unlink(Node* node);
+  void Free(Node* branch);
+  void FreeChildren(Node* node);
+  void ClearAttributes(Node* node);
+  void TakeContent(Node* target, Node* source, bool keep_tag);
+  void ExchangeContent(Node* a, Node* b);
+  Node* Copy(const Node* source, const Tree& source_tree, std::uint32_t depth);
+  bool CopyAttributes(Node* target, const Node* source, const Tree& source_tree);
+  Node* Child(const Node* parent, std::uint32_t index) const;
+
+  // Values and attributes. A text longer than a value can hold is refused.
+  bool SetText(Value& value, std::string_view text);
+  void SetInt(Value& value, int number) {
+    if (value.kind() == Value::kLong) FreeText(value);
+    value.meta_ = Value::kInt;
+    value.body_.number = number;
+  }
+  Value& AddAttribute(Node* node, const Name* name);
+  void ReserveAttributes(Node* node, std::uint32_t capacity);
+  bool RemoveAttribute(Node* node, const Name* name);
+
+  Node* root = nullptr;
+
+ private:
+  struct Chunk;
+  struct Large;
+  static constexpr std::size_t kStep = 8;
+  static constexpr std::size_t kLargest = 512;  // longer blocks stand on their own
+  static constexpr std::uint32_t kFirstNames = 32;
+
+  Tree() = default;
+  ~Tree() = default;
+  static void Destroy(Tree* tree);
+  void* Allocate(std::size_t bytes);
+  void Deallocate(void* block, std::size_t bytes);
+  void* Bump(std::size_t bytes);
+  void* BumpNewChunk(std::size_t bytes);
+  void AddChunk(std::size_t bytes);
+  Node* CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth);
+  void FreeText(Value& value);
+  void FreeNode(Node* node);
+  void CopyValue(Value& target, const Value& source);
+  const Name* AddName(std::string_view name, std::uint32_t hash);
+  void GrowNames();
+
+  std::size_t references_ = 1;
+  char* bump_ = nullptr;
+  char* bump_end_ = nullptr;
+  Chunk* chunks_ = nullptr;
+  Large* large_ = nullptr;
+  Node* free_nodes_ = nullptr;
+  std::size_t next_chunk_ = 0;
+  std::size_t bytes_ = 0;       // of all blocks, those that wait for new use among them
+  std::size_t node_count_ = 0;  // in the tree now
+  mutable std::uint64_t copies_ = 0;
+  mutable const Node* seen_parent_ = nullptr;  // where the last Child() ended
+  mutable Node* seen_child_ = nullptr;
+  mutable std::uint32_t seen_index_ = 0;
+  std::uint32_t name_count_ = 0;
+  std::uint32_t name_slots_ = kFirstNames;
+  const Name** names_ = first_names_;
+  const Name* first_names_[kFirstNames] = {};
+  void* free_blocks_[kLargest / kStep + 1] = {};
+};
+
+}  // namespace rytesavc

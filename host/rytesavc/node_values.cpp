@@ -1,0 +1,213 @@
+// Attributes and values of a node.
+#include <string>
+#include <vector>
+
+#include "node_access.h"
+#include "numbers.h"
+
+using rytesavc::NumberText;
+using rytesavc::ReadNumber;
+using rytesavc::Tree;
+using rytesavc::Value;
+
+namespace {
+
+std::string_view View(const Value& text) { return {text.chars(), text.length()}; }
+
+bool ReadInt(const Value& from, int& to) {
+  if (from.kind() != Value::kInt) return ReadNumber(View(from), to);
+  to = from.number();
+  return true;
+}
+
+bool ReadDouble(const Value& from, double& to) {
+  if (from.kind() != Value::kInt) return ReadNumber(View(from), to);
+  to = from.number();
+  return true;
+}
+
+// A list of numbers with blanks between.
+bool ReadNumbers(std::string_view text, CArray<double, double>& to) {
+  constexpr std::string_view kBlanks = " \t\n\v\f\r";
+  CArray<double, double> numbers;
+  for (std::size_t at = text.find_first_not_of(kBlanks); at != text.npos;
+       at = text.find_first_not_of(kBlanks, at)) {
+    const std::size_t end = std::min(text.find_first_of(kBlanks, at), text.size());
+    double number = 0;
+    if (!ReadNumber(text.substr(at, end - at), number)) return false;
+    numbers.Add(number);
+    at = end;
+  }
+  to = std::move(numbers);
+  return true;
+}
+
+std::string WriteNumbers(const CArray<double, double>& numbers) {
+  std::string text;
+  for (const double number : numbers) {
+    if (!text.empty()) text += ' ';
+    text += NumberText(number).view();
+  }
+  return text;
+}
+
+}  // namespace
+
+// ---- Attributes.
+
+int RYXmlWrapperBase::ParseInt(const Value& from, int& to) { return ::ReadInt(from, to) ? 1 : 0; }
+int RYXmlWrapperBase::ParseDouble(const Value& from, double& to) { return ::ReadDouble(from, to) ? 1 : 0; }
+
+void RYXmlWrapperBase::AssignNumber(int from, CString& to) {
+  const NumberText text(from);
+  to.Assign(text.view().data(), text.view().size());
+}
+
+// Finds or makes the attribute and lets `write` fill it; an attribute made for a value that is refused goes
+// again.
+template <class PropertyName, class Write>
+int RYXmlWrapperBase::WriteAttribute(const PropertyName& name, const Write& write) {
+  if (IsNodeValid() == 0) return 0;
+  if (const rytesavc::Attribute* const found = FindAttribute(name)) {
+    return write(node_->attributes[found - node_->attributes].value) ? 1 : 0;
+  }
+  const rytesavc::Name* interned = nullptr;
+  if constexpr (std::is_same_v<PropertyName, RYPropertyName>) {
+    interned = name.In(tree_);
+    if (interned == nullptr) interned = tree_->Intern(name.view());
+  } else {
+    if (name != nullptr) interned = tree_->Intern(std::string_view(name));
+  }
+  if (interned == nullptr) return 0;
+  if (write(tree_->AddAttribute(node_, interned))) return 1;
+  tree_->RemoveAttribute(node_, interned);
+  return 0;
+}
+
+int RYXmlWrapperBase::SetPropertyValue(const char* name, int value) {
+  return WriteAttribute(name, [this, value](Value& to) { return tree_->SetInt(to, value), true; });
+}
+
+int RYXmlWrapperBase::SetPropertyValue(const RYPropertyName& name, int value) {
+  return WriteAttribute(name, [this, value](Value& to) { return tree_->SetInt(to, value), true; });
+}
+
+int RYXmlWrapperBase::SetPropertyValue(const char* name, double value) {
+  return WriteAttribute(name,
+                        [this, value](Value& to) { return tree_->SetText(to, NumberText(value).view()); });
+}
+
+int RYXmlWrapperBase::SetPropertyValue(const char* name, const CString& value) {
+  return WriteAttribute(name, [this, &value](Value& to) { return tree_->SetText(to, value.View()); });
+}
+
+int RYXmlWrapperBase::SetPropertyValue(const RYPropertyName& name, const CString& value) {
+  return WriteAttribute(name, [this, &value](Value& to) { return tree_->SetText(to, value.View()); });
+}
+
+int RYXmlWrapperBase::SetPropertyValue(const char* name, const char* value) {
+  if (value == nullptr) return 0;
+  return WriteAttribute(name, [this, value](Value& to) { return tree_->SetText(to, value); });
+}
+
+int RYXmlWrapperBase::SetPropertyValue(const char* name, const _variant_t* value) {
+  if (value != nullptr) {
+    if (const int* const number = std::get_if<int>(&value->value)) return SetPropertyValue(name, *number);
+    if (const double* const number = std::get_if<double>(&value->value))
+      return SetPropertyValue(name, *number);
+    if (const CString* const text = std::get_if<CString>(&value->value)) return SetPropertyValue(name, *text);
+  }
+  return SetPropertyValue(name, "");
+}
+
+int RYXmlWrapperBase::RemoveProperty(const char* name) {
+  const rytesavc::Attribute* const found = FindAttribute(name);
+  return found != nullptr && tree_->RemoveAttribute(node_, found->name) ? 1 : 0;
+}
+
+int RYXmlWrapperBase::RemoveProperty(const RYPropertyName& name) {
+  const rytesavc::Attribute* const found = FindAttribute(name);
+  return found != nullptr && tree_->RemoveAttribute(node_, found->name) ? 1 : 0;
+}
+
+int RYXmlWrapperBase::CopyAllAttributes(const RYXmlWrapperBase& src, int) {
+  if (IsNodeValid() == 0 || src.IsNodeValid() == 0) return 0;
+  tree_->CopyAttributes(node_, src.node_, *src.tree_);
+  return 1;
+}
+
+// ---- The value.
+
+int RYXmlWrapperBase::NodeValue(int& value, int get) {
+  if (IsNodeValid() == 0) return 0;
+  if (get != 0) return ::ReadInt(node_->text, value) ? 1 : 0;
+  tree_->SetInt(node_->text, value);
+  return 1;
+}
+
+int RYXmlWrapperBase::NodeValue(double& value, int get) {
+  if (IsNodeValid() == 0) return 0;
+  if (get != 0) return ::ReadDouble(node_->text, value) ? 1 : 0;
+  return tree_->SetText(node_->text, NumberText(value).view()) ? 1 : 0;
+}
+
+int RYXmlWrapperBase::NodeValue(bool& value, int get) {
+  int number = value ? 1 : 0;
+  if (NodeValue(number, get) == 0) return 0;
+  if (get != 0) value = number != 0;
+  return 1;
+}
+
+int RYXmlWrapperBase::NodeValue(CArray<double, double>& value, int get) {
+  if (IsNodeValid() == 0) return 0;
+  if (get == 0) return tree_->SetText(node_->text, WriteNumbers(value)) ? 1 : 0;
+  if (node_->text.kind() != Value::kInt) return ReadNumbers(View(node_->text), value) ? 1 : 0;
+  value.SetSize(1);
+  value.SetAt(0, node_->text.number());
+  return 1;
+}
+
+int RYXmlWrapperBase::NodeValue(CString& value, int get, int, const STNODETEXTOPTS*) {
+  if (IsNodeValid() == 0) return 0;
+  if (get == 0) return tree_->SetText(node_->text, value.View()) ? 1 : 0;
+  AssignText(node_->text, value);
+  return 1;
+}
+
+namespace {
+
+// How CheckSetValue stores a text of either kind.
+template <class Text>
+int StoreAs(RYXmlWrapperBase& node, const Text& value, std::string_view text, int f) {
+  if (f == 1) return node.SetPropertyValue("Use", value);
+  rytesavc::Node* const at = NodeAccess::node(node);
+  return f == 0 && at != nullptr && NodeAccess::tree(node)->SetText(at->text, text) ? 1 : 0;
+}
+
+}  // namespace
+
+int RYXmlWrapperBase::CheckSetValue(int, const char* value, int f) {
+  return value != nullptr ? StoreAs(*this, value, value, f) : 0;
+}
+
+int RYXmlWrapperBase::CheckSetValue(int, const CString& value, int f) {
+  return StoreAs(*this, value, value.View(), f);
+}
+
+int RYXmlWrapperBase::GetVector(tagRYSOBJVECT& vector) const {
+  RYXmlWrapperBase node(*this);
+  return node.NodeValue(vector.values, 1) != 0 ? 0 : -1;
+}
+
+int RYXmlWrapperBase::SetVector(const tagRYSOBJVECT& vector) {
+  if (IsNodeValid() == 0) return -1;
+  return tree_->SetText(node_->text, WriteNumbers(vector.values)) ? 0 : -1;
+}
+
+// ---- Identity.
+
+int RYXmlWrapperBase::SetID(int id, bool) {
+  if (IsNodeValid() == 0) return 0;
+  node_->id = id;
+  return 1;
+}

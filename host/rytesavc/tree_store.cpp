@@ -1,0 +1,431 @@
+#include "rytree_host/tree_store.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace rytesavc {
+
+namespace {
+
+constexpr std::size_t kFirstChunk = 1536;
+constexpr std::size_t kHugePage = std::size_t{1} << 21;
+constexpr std::size_t kMostExpected = std::size_t{1} << 30;
+
+constexpr std::size_t RoundUp(std::size_t bytes, std::size_t step) {
+  return (bytes + step - 1) / step * step;
+}
+
+void* AllocateOrThrow(std::size_t bytes) {
+  void* const block = std::malloc(bytes);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+
+// Big chunks are huge pages where the platform has them: a large tree would else spend a third of its time on
+// page faults.
+void* AllocateChunk(std::size_t bytes) {
+  if (bytes < kHugePage) return AllocateOrThrow(bytes);
+  void* const block = std::aligned_alloc(kHugePage, RoundUp(bytes, kHugePage));
+  if (block == nullptr) throw std::bad_alloc();
+  madvise(block, RoundUp(bytes, kHugePage), MADV_HUGEPAGE);
+  return block;
+}
+
+// A text block holds the text alone: its size follows from the length.
+std::size_t TextBytes(std::uint32_t length) { return length; }
+
+// Whether a text is the shortest form of an int, so that the int alone gives the text back.
+bool IsPlainInt(std::string_view text, int& number) {
+  const bool negative = !text.empty() && text[0] == '-';
+  const std::string_view digits = text.substr(negative ? 1 : 0);
+  if (digits.empty() || digits.size() > 10) return false;
+  if (digits[0] == '0' && (digits.size() > 1 || negative)) return false;
+  std::int64_t value = 0;
+  for (const char digit : digits) {
+    if (digit < '0' || digit > '9') return false;
+    value = value * 10 + (digit - '0');
+  }
+  if (negative) value = -value;
+  if (value < INT32_MIN || value > INT32_MAX) return false;
+  number = static_cast<int>(value);
+  return true;
+}
+
+}  // namespace
+
+struct Tree::Chunk {
+  Chunk* next;
+  std::size_t unused;  // keeps what follows on a 16-byte boundary
+};
+
+struct Tree::Large {
+  Large* next;
+  Large** link;  // what points here
+};
+
+// ---- The tree's own memory.
+
+Tree* Tree::Create(std::size_t expected_bytes) {
+  char* const block = static_cast<char*>(AllocateOrThrow(sizeof(Tree) + kFirstChunk));
+  Tree* const tree = new (block) Tree();
+  tree->bump_ = block + RoundUp(sizeof(Tree), kStep);
+  tree->bump_end_ = block + sizeof(Tree) + kFirstChunk;
+  tree->bytes_ = sizeof(Tree) + kFirstChunk;
+  tree->next_chunk_ = 2 * kFirstChunk;
+  if (expected_bytes > kFirstChunk) tree->AddChunk(std::min(expected_bytes, kMostExpected));
+  return tree;
+}
+
+void Tree::Destroy(Tree* tree) {
+  for (Chunk* chunk = tree->chunks_; chunk != nullptr;) {
+    Chunk* const next = chunk->next;
+    std::free(chunk);
+    chunk = next;
+  }
+  for (Large* large = tree->large_; large != nullptr;) {
+    Large* const next = large->next;
+    std::free(large);
+    large = next;
+  }
+  tree->~Tree();
+  std::free(tree);
+}
+
+void Tree::AddChunk(std::size_t bytes) {
+  if (bytes > kHugePage / 2) bytes = RoundUp(bytes, kHugePage);
+  char* const block = static_cast<char*>(AllocateChunk(bytes));
+  chunks_ = new (block) Chunk{chunks_, 0};
+  next_chunk_ = std::min(2 * bytes, kHugePage);
+  bytes_ += bytes;
+  bump_ = block + sizeof(Chunk);
+  bump_end_ = block + bytes;
+}
+
+void* Tree::BumpNewChunk(std::size_t bytes) {
+  AddChunk(std::max(next_chunk_, sizeof(Chunk) + bytes));
+  return Bump(bytes);
+}
+
+inline void* Tree::Bump(std::size_t bytes) {
+  if (static_cast<std::size_t>(bump_end_ - bump_) < bytes) return BumpNewChunk(bytes);
+  void* const block = bump_;
+  bump_ += bytes;
+  return block;
+}
+
+std::size_t Tree::expected_bytes() const {
+  constexpr std::size_t kLargeNode = 256;  // a tree that has lost most of its nodes still holds their memory
+  return std::min(bytes_, node_count_ * kLargeNode);
+}
+
+void* Tree::Allocate(std::size_t bytes) {
+  if (bytes > kLargest) {
+    Large* const large = static_cast<Large*>(AllocateOrThrow(sizeof(Large) + bytes));
+    large->next = large_;
+    large->link = &large_;
+    if (large_ != nullptr) large_->link = &large->next;
+    large_ = large;
+    bytes_ += bytes;
+    return large + 1;
+  }
+  const std::size_t index = (bytes + kStep - 1) / kStep;
+  if (void* const block = free_blocks_[index]) {
+    std::memcpy(&free_blocks_[index], block, sizeof(void*));
+    return block;
+  }
+  return Bump(index * kStep);
+}
+
+void Tree::Deallocate(void* block, std::size_t bytes) {
+  if (block == nullptr) return;
+  if (bytes > kLargest) {
+    Large* const large = static_cast<Large*>(block) - 1;
+    *large->link = large->next;
+    if (large->next != nullptr) large->next->link = large->link;
+    std::free(large);
+    bytes_ -= bytes;
+    return;
+  }
+  const std::size_t index = (bytes + kStep - 1) / kStep;
+  std::memcpy(block, &free_blocks_[index], sizeof(void*));
+  free_blocks_[index] = block;
+}
+
+// ---- Nodes.
+
+Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
+  Node* node = free_nodes_;
+  std::uint32_t generation = 1;
+  if (node != nullptr) {
+    free_nodes_ = node->next;
+    generation = node->generation;
+  } else {
+    node = static_cast<Node*>(Bump(sizeof(Node)));
+  }
+  *node = Node();
+  node->generation = generation;
+  node->tag = tag;
+  node->id = id;
+  node->depth = depth;
+  ++node_count_;
+  return node;
+}
+
+void Tree::Append(Node* parent, Node* child) {
+  child->parent = parent;
+  child->previous = parent->last;
+  (parent->last != nullptr ? parent->last->next : parent->first) = child;
+  parent->last = child;
+  ++parent->child_count;
+}
+
+void Tree::InsertBefore(Node* next, Node* child) {
+  Node* const parent = next->parent;
+  child->parent = parent;
+  child->next = next;
+  child->previous = next->previous;
+  (next->previous != nullptr ? next->previous->next : parent->first) = child;
+  next->previous = child;
+  ++parent->child_count;
+  seen_parent_ = nullptr;
+}
+
+void Tree::Unlink(Node* node) {
+  seen_parent_ = nullptr;
+  Node* const parent = node->parent;
+  if (parent == nullptr) {
+    if (root == node) root = nullptr;
+    return;
+  }
+  (node->previous != nullptr ? node->previous->next : parent->first) = node->next;
+  (node->next != nullptr ? node->next->previous : parent->last) = node->previous;
+  --parent->child_count;
+  node->parent = node->next = node->previous = nullptr;
+}
+
+void Tree::FreeNode(Node* node) {
+  if (node->text.kind() == Value::kLong) FreeText(node->text);
+  ClearAttributes(node);
+  --node_count_;
+  // Generations start at 1. A slot that has used them up is given up, so that no old handle can ever fit
+  // again.
+  if (++node->generation == 0) return;
+  node->next = free_nodes_;
+  free_nodes_ = node;
+}
+
+void Tree::Free(Node* branch) {
+  // Leaves first: down to the first leaf, then on to the next sibling or up.
+  Node* node = branch;
+  for (;;) {
+    while (node->first != nullptr) node = node->first;
+    Node* const parent = node->parent;
+    Node* const next = node->next;
+    const bool done = node == branch;
+    FreeNode(node);
+    if (done) return;
+    if (next != nullptr) {
+      node = next;
+    } else {
+      node = parent;
+      node->first = nullptr;
+    }
+  }
+}
+
+void Tree::FreeChildren(Node* node) {
+  seen_parent_ = nullptr;
+  for (Node* child = node->first; child != nullptr;) {
+    Node* const next = child->next;
+    child->parent = child->next = nullptr;
+    Free(child);
+    child = next;
+  }
+  node->first = node->last = nullptr;
+  node->child_count = 0;
+}
+
+void Tree::TakeContent(Node* target, Node* source, bool keep_tag) {
+  FreeChildren(target);
+  ClearAttributes(target);
+  if (target->text.kind() == Value::kLong) FreeText(target->text);
+  target->text = Value();
+  if (keep_tag) source->tag = target->tag;
+  ExchangeContent(target, source);
+  FreeNode(source);
+}
+
+void Tree::ExchangeContent(Node* a, Node* b) {
+  seen_parent_ = nullptr;
+  std::swap(a->child_count, b->child_count);
+  std::swap(a->tag, b->tag);
+  std::swap(a->first, b->first);
+  std::swap(a->last, b->last);
+  std::swap(a->attributes, b->attributes);
+  std::swap(a->attribute_count, b->attribute_count);
+  std::swap(a->attribute_capacity, b->attribute_capacity);
+  std::swap(a->text, b->text);
+  std::swap(a->id, b->id);
+  for (Node* child = a->first; child != nullptr; child = child->next) child->parent = a;
+  for (Node* child = b->first; child != nullptr; child = child->next) child->parent = b;
+}
+
+Node* Tree::CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth) {
+  Node* const copy = NewNode(Intern(source->tag, source_tree), source->id, depth);
+  ReserveAttributes(copy, source->attribute_count);
+  for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
+    const Attribute& from = source->attributes[i];
+    Attribute* const to = new (&copy->attributes[i]) Attribute{Intern(from.name, source_tree), {}};
+    CopyValue(to->value, from.value);
+  }
+  copy->attribute_count = source->attribute_count;
+  CopyValue(copy->text, source->text);
+  return copy;
+}
+
+Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t depth) {
+  ++source_tree.copies_;
+  Node* const copy = CopyNode(source, source_tree, depth);
+  const Node* from = source;
+  Node* to = copy;
+  for (;;) {
+    if (from->first != nullptr) {
+      from = from->first;
+    } else {
+      while (from != source && from->next == nullptr) {
+        from = from->parent;
+        to = to->parent;
+      }
+      if (from == source) return copy;
+      from = from->next;
+      to = to->parent;
+    }
+    Node* const child = CopyNode(from, source_tree, to->depth + 1);
+    Append(to, child);
+    to = child;
+  }
+}
+
+bool Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_tree) {
+  if (target == source) return true;
+  ++source_tree.copies_;
+  for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
+    const Attribute& from = source->attributes[i];
+    Value& to = AddAttribute(target, Intern(from.name, source_tree));
+    if (to.kind() == Value::kLong) FreeText(to);
+    CopyValue(to, from.value);
+  }
+  return true;
+}
+
+Node* Tree::Child(const Node* parent, std::uint32_t index) const {
+  const std::uint32_t count = parent->child_count;
+  if (index >= count) return nullptr;
+  Node* at = parent->first;
+  std::uint32_t place = 0;
+  if (seen_parent_ == parent && (index >= seen_index_ ? index - seen_index_ : seen_index_ - index) < index) {
+    at = seen_child_;
+    place = seen_index_;
+  }
+  if (count - 1 - index < (index >= place ? index - place : place - index)) {
+    at = parent->last;
+    place = count - 1;
+  }
+  for (; place < index; ++place) at = at->next;
+  for (; place > index; --place) at = at->previous;
+  seen_parent_ = parent;
+  seen_child_ = at;
+  seen_index_ = index;
+  return at;
+}
+
+// ---- Values.
+
+void Tree::FreeText(Value& value) {
+  Deallocate(value.body_.heap.chars, TextBytes(value.length()));
+  value.meta_ = 0;
+}
+
+bool Tree::SetText(Value& value, std::string_view text) {
+  if (text.size() > Value::kMaxLength) return false;
+  int number = 0;
+  if (IsPlainInt(text, number)) {
+    SetInt(value, number);
+    return true;
+  }
+  const auto length = static_cast<std::uint32_t>(text.size());
+  if (length <= Value::kInPlace) {
+    // The text may stand in the value's own block.
+    char copy[Value::kInPlace] = {};
+    if (length != 0) std::memcpy(copy, text.data(), length);
+    if (value.kind() == Value::kLong) FreeText(value);
+    value.meta_ = length << 2 | Value::kShort;
+    std::memcpy(value.body_.in_place, copy, sizeof copy);
+    return true;
+  }
+  if (value.kind() == Value::kLong && value.length() == length) {
+    std::memmove(value.body_.heap.chars, text.data(), length);
+    return true;
+  }
+  char* const chars = static_cast<char*>(Allocate(TextBytes(length)));
+  std::memcpy(chars, text.data(), length);
+  if (value.kind() == Value::kLong) FreeText(value);
+  value.meta_ = length << 2 | Value::kLong;
+  value.body_.heap.chars = chars;
+  return true;
+}
+
+inline void Tree::CopyValue(Value& target, const Value& source) {
+  target = source;
+  if (source.kind() != Value::kLong) return;
+  char* const chars = static_cast<char*>(Allocate(TextBytes(source.length())));
+  std::memcpy(chars, source.chars(), source.length());
+  target.body_.heap.chars = chars;
+}
+
+// ---- Attributes.
+
+void Tree::ReserveAttributes(Node* node, std::uint32_t capacity) {
+  if (capacity <= node->attribute_capacity) return;
+  auto* const block = static_cast<Attribute*>(Allocate(capacity * sizeof(Attribute)));
+  if (node->attributes != nullptr) {
+    std::memcpy(static_cast<void*>(block), node->attributes, node->attribute_count * sizeof(Attribute));
+    Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
+  }
+  node->attributes = block;
+  node->attribute_capacity = capacity;
+}
+
+Value& Tree::AddAttribute(Node* node, const Name* name) {
+  if (const Attribute* const found = node->Find(name))
+    return node->attributes[found - node->attributes].value;
+  if (node->attribute_count == node->attribute_capacity) {
+    ReserveAttributes(node,
+                      std::max(2U, node->attribute_capacity + std::max(2U, node->attribute_capacity / 2)));
+  }
+  return (new (&node->attributes[node->attribute_count++]) Attribute{name, {}})->value;
+}
+
+bool Tree::RemoveAttribute(Node* node, const Name* name) {
+  const Attribute* const found = node->Find(name);
+  if (found == nullptr) return false;
+  Attribute* const at = node->attributes + (found - node->attributes);
+  if (at->value.kind() == Value::kLong) FreeText(at->value);
+  std::copy(at + 1, node->attributes + node->attribute_count, at);
+  --node->attribute_count;
+  return true;
+}
+
+void Tree::ClearAttributes(Node* node) {
+  for (std::uint32_t i = 0; i < node->attribute_count; ++i) {
+    if (node->attributes[i].value.kind() == Value::kLong) FreeText(node->attributes[i].value);
+  }
+  Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
+  node->attributes = nullptr;
+  node->attribute_count = node->attribute_capacity = 0;
+}
+
+}  // namespace rytesavc

@@ -1,0 +1,326 @@
+#include "xml_reader.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "failure.h"
+#include "xml_writer.h"
+
+namespace rytesavc {
+
+namespace {
+
+// A piece fits in the processor's cache. A token that is longer is looked at anew with each piece: there the
+// pieces grow, so that the work stays linear. Expat's buffer ends at 1 GiB.
+constexpr std::size_t kFirstPiece = std::size_t{1} << 18;
+constexpr std::size_t kLastPiece = std::size_t{1} << 28;
+
+// How much a text may hold: entities and default attributes can make much of little. Text without them never
+// comes near.
+constexpr unsigned long long kFreeContent = 16ULL << 20;
+constexpr unsigned long long kContentPerByte = 8;
+constexpr std::size_t kCostOfMarkup = 16;  // of an element or an attribute, beside its text
+
+// Expat goes down the stack for each entity that another one names.
+constexpr int kMostNestedEntities = 100;
+
+int Digit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+}
+
+bool IsOwn(const char* name) {
+  return name[0] == '_' && name[1] == 'N' &&
+         (std::strcmp(name, kNodeId) == 0 || std::strcmp(name, kNodeEscape) == 0);
+}
+
+class Reader {
+ public:
+  Reader(Tree& tree, std::uint32_t depth, const CodePage* page, const char* encoding);
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+  ~Reader() {
+    if (top_ != nullptr) tree_.Free(top_);
+  }
+
+  Node* Read(std::string_view utf8);
+  Node* Read(InputFile& file);
+
+ private:
+  struct Open {
+    Node* node;
+    std::size_t start;  // of its text, in text_
+    bool marked;
+  };
+  struct KnownName {
+    const char* from;
+    const Name* name;
+  };
+
+  template <class Work>
+  static void Guard(void* reader, const Work& work);
+  static int OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding);
+
+  void Start(const char* tag, const char** attributes);
+  void TakeOwn(Open& element, const char* name, std::string_view value);
+  void StartAttributes(Open& element, const char** attributes);
+  void End();
+  void Data(const char* text, std::size_t length);
+  void DropLayout();
+  void Count(std::size_t bytes);
+  void Stop(const char* problem);
+  const Name* AttributeName(const char* name);
+  void SetText(Value& value, std::string_view text, bool marked);
+  void AppendInPage(std::string_view utf8);
+
+  bool Accepted(XML_Status status);
+  Node* Take() { return std::exchange(top_, nullptr); }
+
+  Tree& tree_;
+  const CodePage* page_;
+  std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser_;
+  Node* top_ = nullptr;
+  std::uint32_t depth_;     // of the next element
+  std::vector<Open> open_;  // from the top element down to the one at hand
+  std::string text_;        // of the open elements, one behind the other
+  std::size_t run_ = 0;     // where what came since the last tag starts in it
+  std::string converted_;
+  unsigned long long fed_ = 0;
+  unsigned long long content_ = 0;
+  int nested_entities_ = 0;
+  const char* problem_ = nullptr;  // why the reader itself gave up
+  KnownName known_[64] = {};
+};
+
+Reader::Reader(Tree& tree, std::uint32_t depth, const CodePage* page, const char* encoding)
+    : tree_(tree), page_(page), parser_(XML_ParserCreate(encoding), XML_ParserFree), depth_(depth) {
+  if (parser_ == nullptr) throw std::bad_alloc();
+  XML_Parser const parser = parser_.get();
+  XML_SetUserData(parser, this);
+  XML_SetElementHandler(
+      parser,
+      [](void* self, const XML_Char* tag, const XML_Char** attributes) {
+        Guard(self, [&](Reader& reader) { reader.Start(tag, attributes); });
+      },
+      [](void* self, const XML_Char*) { Guard(self, [](Reader& reader) { reader.End(); }); });
+  XML_SetCharacterDataHandler(parser, [](void* self, const XML_Char* text, int length) {
+    Guard(self, [&](Reader& reader) { reader.Data(text, static_cast<std::size_t>(length)); });
+  });
+  XML_SetEntityDeclHandler(parser, [](void* self, const XML_Char*, int, const XML_Char* value, int length,
+                                      const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
+    auto& reader = *static_cast<Reader*>(self);
+    if (value == nullptr || std::find(value, value + length, '&') == value + length) return;
+    if (++reader.nested_entities_ > kMostNestedEntities) reader.Stop("too many entities that name entities");
+  });
+  XML_SetExternalEntityRefHandler(parser, [](XML_Parser, const XML_Char*, const XML_Char*, const XML_Char*,
+                                             const XML_Char*) { return static_cast<int>(XML_STATUS_ERROR); });
+  XML_SetSkippedEntityHandler(
+      parser, [](void* self, const XML_Char*, int) { static_cast<Reader*>(self)->Stop("undefined entity"); });
+  XML_SetUnknownEncodingHandler(parser, OnUnknownEncoding, nullptr);
+}
+
+// Expat is C: nothing may be thrown through it. Some handlers still run after the reader has given up.
+template <class Work>
+void Reader::Guard(void* self, const Work& work) {
+  auto& reader = *static_cast<Reader*>(self);
+  if (reader.problem_ != nullptr) return;
+  try {
+    work(reader);
+  } catch (const std::bad_alloc&) {
+    reader.Stop("out of memory");
+  }
+}
+
+void Reader::Stop(const char* problem) {
+  if (problem_ != nullptr) return;
+  problem_ = problem;
+  XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+void Reader::Count(std::size_t bytes) {
+  content_ += bytes;
+  if (content_ > kFreeContent + kContentPerByte * fed_) Stop("the entities expand to too much");
+}
+
+int Reader::OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
+  std::string known;
+  for (const char* at = name; *at != '\0'; ++at)
+    known += static_cast<char>(*at >= 'A' && *at <= 'Z' ? *at + 32 : *at);
+  const auto is = [&known](std::string_view start) { return known.compare(0, start.size(), start) == 0; };
+  if (!is("windows-125") && !is("cp125") && !is("iso-8859-")) return XML_STATUS_ERROR;
+  encoding->data = nullptr;
+  encoding->convert = nullptr;
+  encoding->release = nullptr;
+  return SingleByteCodes(known.c_str(), encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
+}
+
+// ---- Elements.
+
+void Reader::Start(const char* tag, const char** attributes) {
+  if (depth_ > Tree::kMaxDepth) return Stop("nested deeper than 1,024 levels");
+  const Name* const name = tree_.Intern(tag);
+  if (name == nullptr) return Stop("an element has a reserved name");
+  DropLayout();
+  Node* const node = tree_.NewNode(name, -1, depth_);
+  if (open_.empty()) {
+    top_ = node;
+  } else {
+    tree_.Append(open_.back().node, node);
+  }
+  open_.push_back({node, run_, false});
+  ++depth_;
+  Count(kCostOfMarkup);
+  if (*attributes != nullptr) StartAttributes(open_.back(), attributes);
+}
+
+// The two attributes of the text form may stand anywhere among the others.
+void Reader::StartAttributes(Open& element, const char** attributes) {
+  std::uint32_t count = 0;
+  for (const char** at = attributes; *at != nullptr; at += 2) {
+    if (IsOwn(at[0])) {
+      TakeOwn(element, at[0], at[1]);
+    } else {
+      ++count;
+    }
+  }
+  Node* const node = element.node;
+  tree_.ReserveAttributes(node, count);
+  for (const char** at = attributes; *at != nullptr && problem_ == nullptr; at += 2) {
+    const std::string_view value(at[1]);
+    Count(kCostOfMarkup + value.size());
+    if (IsOwn(at[0])) continue;
+    // Expat has seen to it that no name comes twice.
+    Attribute* const attribute =
+        new (&node->attributes[node->attribute_count++]) Attribute{AttributeName(at[0]), {}};
+    SetText(attribute->value, value, element.marked);
+  }
+}
+
+void Reader::TakeOwn(Open& element, const char* name, std::string_view value) {
+  if (std::strcmp(name, kNodeEscape) == 0) {
+    element.marked = value == "1";
+    return;
+  }
+  int id = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), id);
+  if (error == std::errc() && end == value.data() + value.size()) element.node->id = id;
+}
+
+// Expat gives an attribute's name at the same address each time.
+const Name* Reader::AttributeName(const char* name) {
+  KnownName& known = known_[(reinterpret_cast<std::uintptr_t>(name) >> 3) % std::size(known_)];
+  if (known.from != name || std::strcmp(known.name->text(), name) != 0) {
+    known = {name, tree_.Intern(name)};
+  }
+  return known.name;
+}
+
+void Reader::End() {
+  const Open element = open_.back();
+  if (element.node->first != nullptr) DropLayout();
+  if (text_.size() != element.start) {
+    SetText(element.node->text, std::string_view(text_).substr(element.start), element.marked);
+    text_.resize(element.start);
+  }
+  run_ = element.start;
+  open_.pop_back();
+  --depth_;
+}
+
+// ---- Texts.
+
+void Reader::Data(const char* text, std::size_t length) {
+  Count(length);
+  text_.append(text, length);
+}
+
+// A branch's text between two tags that is nothing but white space.
+void Reader::DropLayout() {
+  const auto start = text_.begin() + static_cast<std::ptrdiff_t>(run_);
+  if (std::all_of(start, text_.end(), IsXmlBlank)) text_.erase(start, text_.end());
+  run_ = text_.size();
+}
+
+void Reader::SetText(Value& value, std::string_view text, bool marked) {
+  if (marked || page_ != nullptr) {
+    converted_.clear();
+    for (std::size_t at = text.find('\\'); marked && at != text.npos; at = text.find('\\')) {
+      AppendInPage(text.substr(0, at));
+      const int high = at + 2 < text.size() ? Digit(text[at + 1]) : -1;
+      const int low = high >= 0 ? Digit(text[at + 2]) : -1;
+      converted_ += low >= 0 ? static_cast<char>(high * 16 + low) : '\\';
+      text.remove_prefix(at + (low >= 0 ? 3 : 1));
+    }
+    AppendInPage(text);
+    text = converted_;
+  }
+  if (!tree_.SetText(value, text)) Stop("a text is too long");
+}
+
+void Reader::AppendInPage(std::string_view utf8) {
+  if (page_ == nullptr) {
+    converted_ += utf8;
+  } else {
+    page_->FromUtf8(utf8, converted_);
+  }
+}
+
+// ---- The whole.
+
+// Notes why a piece of text was refused.
+bool Reader::Accepted(XML_Status status) {
+  if (status == XML_STATUS_OK) return true;
+  XML_Parser const parser = parser_.get();
+  const char* const problem = problem_ != nullptr ? problem_ : XML_ErrorString(XML_GetErrorCode(parser));
+  NoteFailure(problem != nullptr ? problem : "unknown error",
+              {static_cast<int>(XML_GetCurrentLineNumber(parser)),
+               static_cast<int>(XML_GetCurrentColumnNumber(parser)) + 1, XML_GetCurrentByteIndex(parser)});
+  return false;
+}
+
+Node* Reader::Read(std::string_view utf8) {
+  for (std::size_t size = utf8.size();; size = utf8.size()) {
+    const std::size_t piece = std::min(size, kLastPiece);
+    fed_ += piece;
+    if (!Accepted(XML_Parse(parser_.get(), utf8.data(), static_cast<int>(piece), piece == size)))
+      return nullptr;
+    if (piece == size) return Take();
+    utf8.remove_prefix(piece);
+  }
+}
+
+Node* Reader::Read(InputFile& file) {
+  XML_Parser const parser = parser_.get();
+  std::size_t room = std::min(file.size() + 1, kFirstPiece);
+  for (std::size_t length = 1; length != 0;) {
+    void* const buffer = XML_GetBuffer(parser, static_cast<int>(room));
+    if (buffer == nullptr) throw std::bad_alloc();
+    if (!file.Read(static_cast<char*>(buffer), room, length)) return nullptr;
+    fed_ += length;
+    if (!Accepted(XML_ParseBuffer(parser, static_cast<int>(length), length == 0))) return nullptr;
+    const auto done = static_cast<unsigned long long>(XML_GetCurrentByteIndex(parser));
+    if (fed_ - done >= room) room = std::min(2 * room, kLastPiece);
+  }
+  return Take();
+}
+
+}  // namespace
+
+Node* ReadXml(std::string_view utf8, Tree& tree, std::uint32_t depth, const CodePage* page) {
+  return Reader(tree, depth, page, "UTF-8").Read(utf8);
+}
+
+Node* ReadXml(InputFile& file, Tree& tree, std::uint32_t depth, const CodePage* page) {
+  return Reader(tree, depth, page, nullptr).Read(file);
+}
+
+}  // namespace rytesavc

@@ -1,0 +1,22 @@
+// XML text as nodes: the way back of the writer, and the reading of other programs' XML.
+//
+// Comments, processing instructions and a DOCTYPE are passed over and CDATA is text. The text of a leaf is
+// kept as it is. In an element with children, what stands between two tags is text too, unless it is nothing
+// but white space. External and undeclared entities are errors; the expansion of others is bounded.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "code_page.h"
+#include "files.h"
+#include "rytree_host/tree_store.h"
+
+namespace rytesavc {
+
+// Both make the nodes in `tree`, the top at that depth and hanging nowhere, its strings in `page`. On a
+// failure, which they note, the result is null and no node is left.
+Node* ReadXml(std::string_view utf8, Tree& tree, std::uint32_t depth, const CodePage* page);
+Node* ReadXml(InputFile& file, Tree& tree, std::uint32_t depth, const CodePage* page);
+
+}  // namespace rytesavc

@@ -1,0 +1,274 @@
+#include "xml_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <new>
+
+#include "rytree_host/utf8.h"
+
+namespace rytesavc {
+
+namespace {
+
+enum Kind : unsigned char { kItself, kReference, kBackslash, kHigh, kNoCharacter };
+using Kinds = std::array<Kind, 256>;
+
+// How each byte is written in a text or in an attribute value.
+constexpr Kinds MakeKinds(bool attribute) {
+  Kinds kinds{};
+  for (std::size_t byte = 0; byte < 0x20; ++byte) kinds[byte] = kNoCharacter;
+  for (std::size_t byte = 0x80; byte < 0x100; ++byte) kinds[byte] = kHigh;
+  for (const char c : {'&', '<', '>', '\r'}) kinds[static_cast<unsigned char>(c)] = kReference;
+  for (const char c : {'"', '\t', '\n'})
+    kinds[static_cast<unsigned char>(c)] = attribute ? kReference : kItself;
+  kinds['\\'] = kBackslash;
+  return kinds;
+}
+constexpr Kinds kTextKinds = MakeKinds(false);
+constexpr Kinds kAttributeKinds = MakeKinds(true);
+
+constexpr std::string_view Reference(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\t':
+      return "&#9;";
+    case '\n':
+      return "&#10;";
+    default:
+      return "&#13;";
+  }
+}
+
+// The length of the character that starts with a byte from 0x80 up; 0 if it is not well formed or not of XML.
+std::size_t CharacterLength(std::string_view text) {
+  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned lead = byte(0);
+  const std::size_t length = lead < 0xC2 || lead > 0xF4 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  if (length == 0 || length > text.size()) return 0;
+  char32_t code = lead & (0xFFU >> (length + 1));
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0U) != 0x80) return 0;
+    code = code << 6U | (byte(i) & 0x3FU);
+  }
+  constexpr char32_t kLeast[] = {0x80, 0x800, 0x10000};
+  const bool surrogate = code >= 0xD800 && code < 0xE000;
+  if (code < kLeast[length - 2] || code > 0x10FFFF || surrogate || code == 0xFFFE || code == 0xFFFF) return 0;
+  return length;
+}
+
+char* Hexadecimal(char c, char* to) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  const auto byte = static_cast<unsigned char>(c);
+  *to++ = '\\';
+  *to++ = kDigits[byte >> 4U];
+  *to++ = kDigits[byte & 15U];
+  return to;
+}
+
+class Writer {
+ public:
+  Writer(bool layout, const CodePage* page) : layout_(layout), page_(page) {}
+
+  void Write(const Node* top);
+  Output out;
+
+ private:
+  // The longest text of one byte.
+  static constexpr std::size_t kLongest = 6;
+
+  bool Start(const Node* node);
+  bool Content(const Node* node);
+  void End(const Node* node);
+  void NewLine(std::size_t level);
+  bool PutValue(const Value& value, const Kinds& kinds);
+  std::size_t PutSpecial(std::string_view rest, Kind kind, char*& to) const;
+  std::size_t PutCharacter(std::string_view rest, char*& to) const;
+
+  bool layout_;
+  bool marked_ = false;  // whether the element at hand escapes
+  const CodePage* page_;
+};
+
+void Writer::Write(const Node* top) {
+  const Node* node = top;
+  for (std::size_t level = 0;;) {
+    // Few elements must be marked: that shows on the way, and then the element is written anew.
+    const std::size_t start = out.size();
+    marked_ = false;
+    if (!Start(node)) {
+      out.Truncate(start);
+      marked_ = true;
+      Start(node);
+    }
+    if (node->first != nullptr) {
+      ++level;
+      if (node->text.empty()) NewLine(level);
+      node = node->first;
+      continue;
+    }
+    while (node != top && node->next == nullptr) {
+      node = node->parent;
+      NewLine(--level);
+      End(node);
+    }
+    if (node == top) return;
+    NewLine(level);
+    node = node->next;
+  }
+}
+
+// Writes the start tag and the text, of a leaf the end too. False if the element must be marked.
+bool Writer::Start(const Node* node) {
+  out.Put("<");
+  out.Put(node->tag->view());
+  if (node->id != -1) {
+    char* const to = out.Open(sizeof kNodeId + 16);
+    char* const quoted = std::copy_n(
+        "\"", 1, std::copy_n("=", 1, std::copy_n(kNodeId, sizeof kNodeId - 1, std::copy_n(" ", 1, to))));
+    char* const end = std::to_chars(quoted, quoted + 11, node->id).ptr;
+    *end = '"';
+    out.Close(end + 1);
+  }
+  if (marked_) {
+    out.Put(" ");
+    out.Put(kNodeEscape);
+    out.Put("=\"1\"");
+  }
+  for (std::uint32_t i = 0; i < node->attribute_count; ++i) {
+    const Attribute& attribute = node->attributes[i];
+    out.Put(" ");
+    out.Put(attribute.name->view());
+    out.Put("=\"");
+    if (!PutValue(attribute.value, kAttributeKinds)) return false;
+    out.Put("\"");
+  }
+  if (node->first == nullptr && node->text.empty()) {
+    out.Put("/>");
+    return true;
+  }
+  out.Put(">");
+  if (!Content(node)) return false;
+  if (node->first == nullptr) End(node);
+  return true;
+}
+
+// A branch's text of nothing but white space would be taken for layout.
+bool Writer::Content(const Node* node) {
+  const Value& text = node->text;
+  const std::string_view view(text.chars(), text.kind() == Value::kInt ? 0 : text.length());
+  if (view.empty() || node->first == nullptr || !std::all_of(view.begin(), view.end(), IsXmlBlank)) {
+    return PutValue(text, kTextKinds);
+  }
+  if (!marked_) return false;
+  char* to = out.Open(3 * view.size());
+  for (const char c : view) to = Hexadecimal(c, to);
+  out.Close(to);
+  return true;
+}
+
+void Writer::End(const Node* node) {
+  out.Put("</");
+  out.Put(node->tag->view());
+  out.Put(">");
+}
+
+void Writer::NewLine(std::size_t level) {
+  constexpr std::size_t kDeepest =
+      32;  // past it lines keep their indent, or deep trees would be mostly blanks
+  if (!layout_) return;
+  char* const to = out.Open(1 + 2 * kDeepest);
+  *to = '\n';
+  out.Close(std::fill_n(to + 1, 2 * std::min(level, kDeepest), ' '));
+}
+
+// False if a byte needs the mark.
+bool Writer::PutValue(const Value& value, const Kinds& kinds) {
+  if (value.kind() == Value::kInt) {
+    char* const to = out.Open(11);
+    out.Close(std::to_chars(to, to + 11, value.number()).ptr);
+    return true;
+  }
+  constexpr std::size_t kStretch = 256;
+  const char* at = value.chars();
+  const char* const end = at + value.length();
+  while (at != end) {
+    const char* const stop = at + std::min(static_cast<std::size_t>(end - at), kStretch);
+    char* to = out.Open(kLongest * (kStretch + 4));  // a character of four bytes may start on the last one
+    while (at < stop) {
+      const Kind kind = kinds[static_cast<unsigned char>(*at)];
+      if (kind == kItself) {
+        *to++ = *at++;
+        continue;
+      }
+      const std::size_t taken = PutSpecial({at, static_cast<std::size_t>(end - at)}, kind, to);
+      if (taken == 0) return false;
+      at += taken;
+    }
+    out.Close(to);
+  }
+  return true;
+}
+
+// Writes what starts the text and gives its length, 0 if it needs the mark.
+std::size_t Writer::PutSpecial(std::string_view rest, Kind kind, char*& to) const {
+  if (kind == kReference) {
+    const std::string_view reference = Reference(rest[0]);
+    to = std::copy(reference.begin(), reference.end(), to);
+    return 1;
+  }
+  if (kind == kHigh) {
+    if (const std::size_t taken = PutCharacter(rest, to)) return taken;
+  }
+  if (kind == kBackslash && !marked_) {
+    *to++ = '\\';
+    return 1;
+  }
+  if (!marked_) return 0;
+  to = Hexadecimal(rest[0], to);
+  return 1;
+}
+
+std::size_t Writer::PutCharacter(std::string_view rest, char*& to) const {
+  if (page_ == nullptr) {
+    const std::size_t length = CharacterLength(rest);
+    to = std::copy_n(rest.data(), length, to);
+    return length;
+  }
+  char32_t code = 0;
+  const std::size_t taken = page_->Read(rest, code);
+  if (taken == 0) return 0;
+  std::string utf8;
+  utf8::append(utf8, code);
+  to = std::copy(utf8.begin(), utf8.end(), to);
+  return taken;
+}
+
+}  // namespace
+
+void Output::Grow(std::size_t bytes) {
+  const std::size_t room = std::max(2 * room_, size_ + bytes);
+  char* const block = static_cast<char*>(std::realloc(block_.get(), room));
+  if (block == nullptr) throw std::bad_alloc();
+  static_cast<void>(block_.release());
+  block_.reset(block);
+  room_ = room;
+}
+
+Output WriteXml(const Node* top, XmlForm form, const CodePage* page) {
+  const bool file = form == XmlForm::kFile;
+  Writer writer(file, page);
+  if (file) writer.out.Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+  writer.Write(top);
+  if (file) writer.out.Put("\n");
+  return std::move(writer.out);
+}
+
+}  // namespace rytesavc
