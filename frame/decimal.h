@@ -1,0 +1,12 @@
+// Numbers at the start of texts.
+#pragma once
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+
+/// The decimal number that `text` begins with, white space and a sign before it: 0 for none, the nearest int
+/// for one that is out of range.
+inline int leading_int(const char* text) {
+  return static_cast<int>(std::clamp<long long>(std::strtoll(text, nullptr, 10), INT_MIN, INT_MAX));
+}

@@ -1,0 +1,147 @@
+// Finding a node by ID, by the number in an attribute, by tag, or at the top of its tree.
+#include <rytree_Utils/lookup.h>
+
+#include "frame/children.h"
+#include "frame/repeat_id.h"
+
+namespace {
+
+// Each search holds what stays the same on every level of it.
+
+struct IdSearch {
+  RYXmlWrapperBase& out;
+  const int id;
+  const bool recursive;
+  const RYPropertyName data_id{"DataID"};
+
+  bool find(const RYXmlWrapperBase& node) const {
+    for (Children child(node); child; ++child) {
+      int read = 0;
+      if ((child->GetID(read) != 0 && read == id) ||
+          (child->GetPropertyValue(data_id, read) != 0 && read == id)) {
+        out = *child;
+        return true;
+      }
+      if (recursive && find(*child)) return true;
+    }
+    return false;
+  }
+};
+
+struct TagSearch {
+  RYXmlWrapperBase* const out;  // may be null
+  const RYPropertyName tag;
+  const bool recursive;
+  const bool case_sensitive;
+  const bool leaves_only;
+  CString read{};
+
+  bool find(const RYXmlWrapperBase& node) {
+    const bool branch = node.HasChildren(0) != 0;
+    if (!(leaves_only && branch) && matches(node)) {
+      if (out != nullptr) *out = node;
+      return true;
+    }
+    if (!recursive || !branch) return false;
+    for (Children child(node); child; ++child) {
+      if (find(*child)) return true;
+    }
+    return false;
+  }
+
+  bool matches(const RYXmlWrapperBase& node) {
+    if (case_sensitive) return node.HasTagName(tag) != 0;
+    return node.GetTagName(read) != 0 && _mbsicmp(read, tag.c_str()) == 0;
+  }
+};
+
+struct ValueSearch {
+  RYXmlWrapperBase& found;
+  const RYPropertyName attribute;
+  const int value;
+  const bool recursive;
+
+  bool find(const RYXmlWrapperBase& parent, int depth, int repeat) {
+    for (Children child(parent); child; ++child) {
+      int read = 0;
+      if (child->GetPropertyValue(attribute, read) != 0 && read == value && repeats(*child, repeat)) {
+        found = *child;
+        return true;
+      }
+      if ((recursive || depth >= 1) && find(*child, depth < 1 ? 0 : depth - 1, -1)) return true;
+    }
+    return false;
+  }
+
+  static bool repeats(RYXmlWrapperBase& node, int wanted) {
+    int repeat = -1;
+    return wanted < 1 || (VCTreeGetRepeatId(node, repeat) != 0 && repeat == wanted);
+  }
+};
+
+}  // namespace
+
+int rytree_get_node_by_id(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int id, bool recursive) {
+  if (node == nullptr || out == nullptr) return 0;
+  return IdSearch{*out, id, recursive}.find(*node) ? 1 : 0;
+}
+
+int rytree_get_root_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out) {
+  if (node == nullptr || out == nullptr) return 0;
+  for (RYXmlWrapperBase at(*node); at.IsNodeValid() != 0; at.GetParent(at)) *out = at;
+  return out->IsNodeValid();
+}
+
+bool rytree_get_node_by_tagname(RYXmlWrapperBase* node, RYXmlWrapperBase* out, const char* tag,
+                                bool recursive, bool caseSensitive, bool leavesOnly) {
+  if (node == nullptr || tag == nullptr) return false;
+  return TagSearch{out, RYPropertyName(tag), recursive, caseSensitive, leavesOnly}.find(*node);
+}
+
+int rytree_find_node(RYXmlWrapperBase* parent, RYXmlWrapperBase* found, const char* attribute, int value,
+                     bool recursive, int depth, int repeatId) {
+  if (parent == nullptr || found == nullptr || attribute == nullptr) return 0;
+  ValueSearch search{*found, RYPropertyName(attribute), value, recursive};
+  return search.find(*parent, depth, repeatId) ? 1 : 0;
+}
+
+int rytree_find_node_ex(RYXmlWrapperBase* parent, RYXmlWrapperBase* found, const char* attribute, int id,
+                        int parentId, int parentRepeatId, int grandparentId, int grandparentRepeatId) {
+  if (parent == nullptr || found == nullptr || attribute == nullptr) return -1;
+  if (id == 0 || (grandparentId != 0 && parentId == 0)) return -2;
+
+  struct Step {
+    int id;
+    int repeat_id;
+  };
+  RYXmlWrapperBase* start = parent;
+  bool anywhere = true;
+  for (const Step step :
+       {Step{grandparentId, grandparentRepeatId}, Step{parentId, parentRepeatId}, Step{id, -1}}) {
+    if (step.id == 0) continue;
+    if (rytree_find_node(start, found, attribute, step.id, anywhere, 0, step.repeat_id) == 0) return step.id;
+    start = found;
+    anywhere = false;
+  }
+  return 0;
+}
+
+bool rytree_find_node_by_dataID(RYXmlWrapperBase* out, RYXmlWrapperBase* node, int dataId, int parentId,
+                                int parentRepeatId, int grandparentId, int grandparentRepeatId) {
+  if (rytree_find_node_ex(node, out, "DataID", dataId, parentId, parentRepeatId, grandparentId,
+                          grandparentRepeatId) == 0) {
+    return true;
+  }
+  if (out != nullptr) *out = RYXmlWrapperBase();
+  return false;
+}
+
+int VCTreeSetRepeatId(RYXmlWrapperBase& node, int id) {
+  if (id >= 1) return node.SetPropertyValue(kRepeatIdName, id);
+  node.RemoveProperty(kRepeatIdName);
+  return 1;
+}
+
+int VCTreeGetRepeatId(RYXmlWrapperBase& node, int& id) {
+  return read_repeat_id(node, RYPropertyName(kRepeatIdName), id) ? 1 : 0;
+}

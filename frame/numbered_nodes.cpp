@@ -1,0 +1,53 @@
+// Finding a node by its number.
+#include "frame/numbered_nodes.h"
+
+#include "frame/children.h"
+
+namespace {
+
+// One search: what stays the same on every level of it.
+struct NumberSearch {
+  RYXmlWrapperBase& out;
+  const int index;
+  int& counter;
+  const NumberFilters filters;
+  const RYPropertyName attribute;  // empty: no test
+
+  bool find(const RYXmlWrapperBase& node, long long level) {
+    if (filters.max_level >= 0 && level > filters.max_level) return false;
+    for (Children child(node); child; ++child) {
+      const bool leaf = child->GetNodeCount() < 1;
+      const bool marked = !attribute.empty() && child->HasProperty(attribute) != 0;
+      if (!filters.attribute_ends_descent && !attribute.empty() && !marked) continue;
+      if (leaf && filters.branches_only) continue;
+      if (counter == index) {
+        out = *child;
+        return true;
+      }
+      counter = static_cast<int>(static_cast<unsigned>(counter) + 1U);
+      if (leaf || (filters.attribute_ends_descent && marked)) continue;
+      if (find(*child, level + 1)) return true;
+    }
+    return false;
+  }
+};
+
+}  // namespace
+
+int rytree_get_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int index, int* counter, int maxLevel,
+                    const char* attribute, bool attributeEndsDescent, bool branchesOnly, int level) {
+  if (node == nullptr || out == nullptr || counter == nullptr || index < 0) return 0;
+  const NumberFilters filters{maxLevel, attributeEndsDescent, branchesOnly};
+  NumberSearch search{*out, index, *counter, filters, RYPropertyName(attribute)};
+  return search.find(*node, level) ? 1 : 0;
+}
+
+int rytree_get_node_ex(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int index, DWORD flags,
+                       const char* attribute) {
+  if (out == nullptr) return 0;
+  int counter = 0;
+  const NumberFilters filters = number_filters(flags);
+  rytree_get_node(node, out, index, &counter, filters.max_level, attribute, filters.attribute_ends_descent,
+                  filters.branches_only, 0);
+  return 1;
+}

@@ -1,0 +1,82 @@
+// Following tag paths, and the values at their ends.
+#include "frame/tag_path.h"
+
+#include <rytree_Utils/lookup.h>
+
+namespace {
+
+// Leads `node` to the end of the path; what is missing is made when a value is to be written.
+bool reach(RYXmlWrapperBase& node, RYXmlWrapperBase& start, int get, const char* first_tag, va_list tags) {
+  return tmxfu_tree_check_get_node_ex(node, start, get == 0 ? 1 : 0, first_tag, tags) != 0;
+}
+
+}  // namespace
+
+int tmxfu_tree_check_get_node_ex(RYXmlWrapperBase& out, RYXmlWrapperBase& start, int create,
+                                 const char* firstTag, va_list tags) {
+  RYXmlWrapperBase current(start);
+  for (const char* tag = firstTag; tag != nullptr; tag = va_arg(tags, const char*)) {
+    RYXmlWrapperBase next;
+    const int there = create != 0 ? rytree_tree_check_get_node(&next, &current, tag, 0, nullptr, nullptr, 1)
+                                  : current.FindChild(tag, next, 1);
+    if (there == 0) return 0;
+    current = std::move(next);
+  }
+  out = current;
+  return out.IsNodeValid();
+}
+
+int tmxfu_tree_check_get_node(RYXmlWrapperBase& out, RYXmlWrapperBase& start, const char* firstTag, ...) {
+  va_list tags;
+  va_start(tags, firstTag);
+  const int reached = tmxfu_tree_check_get_node_ex(out, start, 1, firstTag, tags);
+  va_end(tags);
+  return reached;
+}
+
+int tmxfu_tree_get_node(RYXmlWrapperBase& out, const RYXmlWrapperBase& start, const char* firstTag, ...) {
+  RYXmlWrapperBase from(start);
+  va_list tags;
+  va_start(tags, firstTag);
+  const int reached = tmxfu_tree_check_get_node_ex(out, from, 0, firstTag, tags);
+  va_end(tags);
+  return reached;
+}
+
+int tmxfu_tree_node_vector_value(RYXmlWrapperBase& start, tagRYSOBJVECT& vector, int get,
+                                 const char* firstTag, ...) {
+  RYXmlWrapperBase node;
+  va_list tags;
+  va_start(tags, firstTag);
+  const bool reached = reach(node, start, get, firstTag, tags);
+  va_end(tags);
+  return reached && (get != 0 ? node.GetVector(vector) : node.SetVector(vector)) == 0 ? 1 : 0;
+}
+
+int tmxfu_tree_node_string_value(RYXmlWrapperBase& start, CString& value, int get, const char* firstTag,
+                                 ...) {
+  RYXmlWrapperBase node;
+  va_list tags;
+  va_start(tags, firstTag);
+  const bool reached = reach(node, start, get, firstTag, tags);
+  va_end(tags);
+  return reached ? node.NodeValue(value, get, 1, nullptr) : 0;
+}
+
+int tmxfu_tree_node_int_value(RYXmlWrapperBase& start, int& value, int get, const char* firstTag, ...) {
+  RYXmlWrapperBase node;
+  va_list tags;
+  va_start(tags, firstTag);
+  const bool reached = reach(node, start, get, firstTag, tags);
+  va_end(tags);
+  return reached ? node.NodeValue(value, get) : 0;
+}
+
+int tmxfu_tree_node_double_value(RYXmlWrapperBase& start, double& value, int get, const char* firstTag, ...) {
+  RYXmlWrapperBase node;
+  va_list tags;
+  va_start(tags, firstTag);
+  const bool reached = reach(node, start, get, firstTag, tags);
+  va_end(tags);
+  return reached ? node.NodeValue(value, get) : 0;
+}

@@ -1,0 +1,42 @@
+// The values of a branch as a flat list, and the code page they are in.
+#include <rytree_Utils/frame.h>
+
+#include <utility>
+
+#include "frame/children.h"
+#include "frame/host_arrays.h"
+#include "frame/node_text.h"
+
+namespace {
+
+void append_text(RYXmlWrapperBase& node, CStringArray& values) {
+  CString text;
+  read_text(node, text);
+  values.Add(std::move(text));
+}
+
+void append_branch(RYXmlWrapperBase& node, CStringArray& values) {
+  if (node.HasChildren(0) == 0) return append_text(node, values);
+  values.Add(CString());
+  for (Children child(node); child; ++child) append_branch(*child, values);
+}
+
+}  // namespace
+
+int rytree_set_default_code_page(int page) { return RYXmlWrapperBase::SetDefaultCodePage(page); }
+
+int rytree_get_values(RYXmlWrapperBase* tree, HostArrayObject* values, int childrenOnly) {
+  CStringArray* const strings = open_strings(values);
+  return strings != nullptr ? VCTreeGetValues(tree, strings, childrenOnly != 0) : -1;
+}
+
+int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenOnly) {
+  if (tree == nullptr || values == nullptr) return -1;
+  if (!childrenOnly || tree->HasChildren(0) == 0) {
+    append_branch(*tree, *values);
+    return 0;
+  }
+  values->Add(CString());
+  for (Children child(*tree); child; ++child) append_text(*child, *values);
+  return 0;
+}

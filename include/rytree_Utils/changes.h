@@ -1,0 +1,47 @@
+// Change marks on nodes, and lists of values against which a tree, or one another, are compared.
+#pragma once
+
+#include <rytree_host/framework.h>
+#include <rytree_host/node.h>
+
+// A node that carries the attribute "OldValue" is marked as changed; the attribute holds the value before. A
+// saved list has one string for each node below a start node, in pre-order: the text of a leaf, an empty
+// string for a branch.
+
+extern "C" {
+
+/// Reads or writes the change mark of a node.
+/// - `set` 0: nonzero if the node is marked, else 0. Nothing changes.
+/// - `set` nonzero, `oldValue` given: marks the node with it. 1.
+/// - `set` nonzero, `oldValue` null: removes "OldValue" and "OldName". 1.
+/// On an invalid node nothing is written and the result is the same. 0 if `node` is null.
+RYTREE_API int rytree_node_changed(RYXmlWrapperBase* node, int set, const char* oldValue);
+
+/// VCTreeUpdateChanges with a host array of strings. Its result, or -1 if `node` or `saved` is null or
+/// `saved` holds no string array.
+RYTREE_API int rytree_update_changes(RYXmlWrapperBase* node, HostArrayObject* saved);
+
+/// VCTreeIsSame with two host arrays of ints; 0 too if either is null or holds no int array.
+RYTREE_API int ry_is_same(HostArrayObject* first, HostArrayObject* second);
+
+/// VCTreeGetChanged with two host arrays of strings; -1 too if either is null or holds no string array, which
+/// cannot be told from no difference.
+RYTREE_API int ryget_changed(HostArrayObject* first, HostArrayObject* second, int caseSensitive);
+}
+
+/// Sets `value` to the value of a node as a saved list holds it: the text of a leaf, empty for a branch and
+/// for an invalid node.
+RYTREE_API void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value);
+
+/// Compares every node below `node` with its string in the saved list, byte for byte, and marks it with that
+/// string where they differ. Everywhere else the mark is removed, also from the nodes beyond the end of the
+/// list. Earlier marks do not survive. The result is the number of nodes marked, -1 if a pointer is null.
+RYTREE_API int VCTreeUpdateChanges(RYXmlWrapperBase* node, CStringArray* saved);
+
+/// 1 if both arrays have the same numbers in the same order, two empty ones too; else 0, also for a null
+/// pointer.
+RYTREE_API int VCTreeIsSame(CArray<int, int>* first, CArray<int, int>* second);
+
+/// The index of the first pair of strings that differ, compared byte for byte with `caseSensitive`, else
+/// without regard to case. -1 if there is none, -2 if the arrays differ in size, -1 for a null pointer.
+RYTREE_API int VCTreeGetChanged(CStringArray* first, CStringArray* second, bool caseSensitive);

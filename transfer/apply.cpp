@@ -1,0 +1,222 @@
+// The apply: parallel arrays written into the nodes of a tree that have their IDs.
+#include <rytree_Utils/autosupport.h>
+#include <rytree_Utils/transfer.h>
+
+#include <optional>
+#include <string_view>
+
+#include "frame/children.h"
+#include "frame/host_arrays.h"
+#include "transfer/composite_id.h"
+#include "transfer/decoration.h"
+#include "transfer/id_index.h"
+#include "transfer/records.h"
+
+namespace {
+
+constexpr unsigned kStoredAsBranch = 0x200000;  // bit of a composed ID
+
+/// Whether the text holds a tag other than "<autoX>".
+bool holds_a_tag(std::string_view text) {
+  for (;;) {
+    const std::size_t open = text.find('<');
+    if (open == std::string_view::npos) return false;
+    const std::size_t close = text.find('>', open);
+    if (close == std::string_view::npos || close == open + 1) return false;
+    if (text.substr(open, close + 1 - open) != "<autoX>") return true;
+    text.remove_prefix(close + 1);
+  }
+}
+
+/// Keeps the hook active for as long as the walk is at a node that activates it and below.
+class HookActivation {
+ public:
+  HookActivation(_SETVALUESBYIDS* hook, int id)
+      : hook_(hook != nullptr && hook->active == 0 && hook->dataId == id ? hook : nullptr) {
+    if (hook_ != nullptr) hook_->active = 1;
+  }
+  HookActivation(const HookActivation&) = delete;
+  HookActivation& operator=(const HookActivation&) = delete;
+  ~HookActivation() {
+    if (hook_ != nullptr) hook_->active = 0;
+  }
+
+ private:
+  _SETVALUESBYIDS* const hook_;
+};
+
+/// Shows a value to the hook, which may change it.
+void call(_SETVALUESBYIDS& hook, CString& value) {
+  struct Showing {
+    Showing(_SETVALUESBYIDS& shown_to, CString& shown) : hook(shown_to) { hook.value = &shown; }
+    Showing(const Showing&) = delete;
+    Showing& operator=(const Showing&) = delete;
+    ~Showing() { hook.value = nullptr; }
+    _SETVALUESBYIDS& hook;
+  } const showing(hook, value);
+  if (hook.callback != nullptr) hook.callback(&hook);
+}
+
+class Apply {
+ public:
+  Apply(const IdIndex& index, const _VALUESWITHIDS& record, const _IDWALKSTATE& state, int store_argument,
+        const char* id_attribute, CString* error, bool keep_bit_18_off)
+      : index_(index),
+        values_(record.values),
+        columns_(record),
+        state_(state),
+        store_argument_(store_argument),
+        error_(error),
+        asks_for_tag_(keep_bit_18_off ? 0 : kThemeNeedsTag),
+        node_ids_(id_attribute) {}
+
+  /// Writes what is below the node; the number of nodes matched or a code.
+  int walk(const RYXmlWrapperBase& node, int theme, int repeat) {
+    int count = 0;
+    for (Children child(node); child; ++child) {
+      int id = node_ids_.plain(*child);
+      const HookActivation activation(state_.hook, id);
+      int child_repeat = repeat;
+      const int code = node_ids_.combine(*child, repeat, id, child_repeat);
+      if (code < 0) {
+        report_conflict(code, *child, id, repeat, error_);
+        return kIdConflict;
+      }
+      int child_theme = theme;
+      child->GetPropertyValue(theme_, child_theme);
+      const bool branch = child->GetNodeCount() > 0;
+      if (id >= 0 && write(*child, id, branch, static_cast<unsigned>(child_theme))) ++count;
+      if (!branch) continue;
+      const int below = walk(*child, child_theme, child_repeat);
+      if (below < 0) return below;
+      count += below;
+    }
+    return count;
+  }
+
+ private:
+  bool write(RYXmlWrapperBase& node, int id, bool branch, unsigned theme) {
+    const int place = index_.find(id);
+    if (place < 0) return false;
+    if (values_ != nullptr) {
+      const bool as_branch = branch || (static_cast<unsigned>(id) & kStoredAsBranch) != 0;
+      store(node, values_->GetAt(place), as_branch ? 1 : 0, theme);
+    }
+    for (const Column& column : columns_.both) {
+      if (column.values == nullptr) continue;
+      const CString& text = column.values->GetAt(place);
+      if (text.IsEmpty()) {
+        node.RemoveProperty(column.name);
+      } else {
+        node.SetPropertyValue(column.name, text);
+      }
+    }
+    return true;
+  }
+
+  void store(RYXmlWrapperBase& node, const CString& value, int form, unsigned theme) {
+    std::optional<CString> own;  // made only where the value is not stored as it came
+    Noted noted;
+    if (may_be_decorated(value)) {
+      own = take_decorations(value, [&](const CString& name, const CString& text) {
+        if ((theme & kThemeKeepsAttributes) != 0) return;
+        node.SetPropertyValue(name, text);
+        noted.automatic = noted.automatic || lstrcmpiA(name, "Auto") == 0;
+        noted.dynamic = noted.dynamic || lstrcmpiA(name, "DynaUseChck") == 0;
+      });
+    }
+    reset_undecorated(node, noted);
+    if ((theme & kThemeKeepsValue) != 0) return;
+    if ((theme & asks_for_tag_) != 0 && !holds_a_tag((own ? *own : value).View())) return;
+    if (state_.hook != nullptr && state_.hook->active != 0) {
+      if (!own) own = value;
+      call(*state_.hook, *own);
+    }
+    const CString& stored = own ? *own : value;
+    if ((theme & kThemeUsesData) == 0 || form != 1) {
+      node.CheckSetValue(store_argument_, stored, form);
+    } else if (!stored.IsEmpty()) {
+      node.SetPropertyValue(data_, stored);
+    }
+  }
+
+  struct Noted {
+    bool automatic = false;
+    bool dynamic = false;
+  };
+  /// What the options ask of a node whose value had no such decoration.
+  void reset_undecorated(RYXmlWrapperBase& node, Noted noted) const {
+    if ((state_.options & kResetAutoSupport) != 0 && !noted.automatic) vctree_check_reset_auto_support(node);
+    if ((state_.options & kSetDynamicCheck) == 0 || noted.dynamic) return;
+    int check = 0;
+    if (node.GetPropertyValue(dynamic_check_, check) != 0) node.SetPropertyValue(dynamic_check_, 1);
+  }
+
+  const IdIndex& index_;
+  const CStringArray* const values_;
+  const Columns columns_;
+  const _IDWALKSTATE& state_;
+  const int store_argument_;
+  CString* const error_;
+  const unsigned asks_for_tag_;
+  const NodeIds node_ids_;
+  const RYPropertyName theme_{kThemeName};
+  const RYPropertyName data_{"Data"};
+  const RYPropertyName dynamic_check_{"DynaUseChck"};
+};
+
+/// 0, or the code of arrays that are empty or not of one size.
+int test_arrays(const CArray<int, int>& ids, const _VALUESWITHIDS& record) {
+  const int size = ids.GetSize();
+  if (size == 0 || (record.values != nullptr && record.values->IsEmpty())) return kNoEntries;
+  for (const CStringArray* strings : {record.values, record.attributeValues1, record.attributeValues2}) {
+    if (strings != nullptr && strings->GetSize() != size) return kSizesDiffer;
+  }
+  return 0;
+}
+
+void report_duplicate(int id, int repeat, CString* error) {
+  if (error == nullptr) return;
+  error->Format("\n******  _tree_set_values_by_ids found dup id = %d, %X. RepeatID = %d\n", id,
+                static_cast<unsigned>(id), repeat);
+}
+
+}  // namespace
+
+int _tree_set_values_by_ids(RYXmlWrapperBase& node, const CArray<int, int>& ids, const _VALUESWITHIDS& record,
+                            const int* theme, int repeat, int* duplicate, int storeArgument,
+                            const char* idAttribute, CString* error, _IDWALKSTATE* state, int keepBit18Off) {
+  if (const int code = test_arrays(ids, record)) return code;
+  _IDWALKSTATE fresh;
+  if (state == nullptr) state = &fresh;
+  const IdIndex index(ids);
+  if (duplicate != nullptr && state->duplicatesTested == 0) {
+    state->duplicatesTested = 1;
+    if (index.first_duplicate() >= 0) {
+      *duplicate = ids[index.first_duplicate()];
+      report_duplicate(*duplicate, repeat, error);
+      return kDuplicateId;
+    }
+  }
+  return Apply(index, record, *state, storeArgument, idAttribute, error, keepBit18Off != 0)
+      .walk(node, theme != nullptr ? *theme : 0, repeat);
+}
+
+int vctree_set_values_by_ids(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values, int repeat,
+                             int* duplicate, int storeArgument, const char* idAttribute, CString* error) {
+  if (node == nullptr || node->IsValid() == 0 || ids == nullptr || values == nullptr) return kBadArgument;
+  return _tree_set_values_by_ids(*node, *ids, {.values = values}, nullptr, repeat, duplicate, storeArgument,
+                                 idAttribute, error, nullptr, 0);
+}
+
+int rytree_set_values_by_ids(RYXmlWrapperBase* node, HostArrayObject* ids, HostArrayObject* values,
+                             int repeat, int* duplicate, int storeArgument, const char* idAttribute,
+                             CString* error, DWORD options) {
+  if (node == nullptr || node->IsValid() == 0) return kBadArgument;
+  const CArray<int, int>* const id_array = open_ints(ids);
+  const _VALUESWITHIDS record = {.values = open_strings(values)};
+  if (id_array == nullptr || record.values == nullptr) return kBadArgument;
+  _IDWALKSTATE state = {.options = options};
+  return _tree_set_values_by_ids(*node, *id_array, record, nullptr, repeat, duplicate, storeArgument,
+                                 idAttribute, error, &state, 0);
+}

@@ -1,0 +1,106 @@
+// Change marks, and the comparison of saved lists.
+#include <rytree_Utils/changes.h>
+
+#include <algorithm>
+
+#include "frame/children.h"
+#include "frame/host_arrays.h"
+#include "frame/node_text.h"
+
+namespace {
+
+// The attributes of the mark, prepared for all the nodes of one call.
+struct ChangeMark {
+  RYPropertyName old_value{"OldValue"};
+  RYPropertyName old_name{"OldName"};
+
+  void set(RYXmlWrapperBase& node, const CString& value) const { node.SetPropertyValue(old_value, value); }
+  void clear(RYXmlWrapperBase& node) const {
+    node.RemoveProperty(old_value);
+    node.RemoveProperty(old_name);
+  }
+};
+
+void read_value(RYXmlWrapperBase& node, CString& value) {
+  if (node.HasChildren(0) != 0) {
+    value.Empty();
+  } else {
+    read_text(node, value);
+  }
+}
+
+// Goes through a tree and a saved list side by side.
+struct Comparison {
+  const CStringArray& saved;
+  const ChangeMark mark{};
+  CString value{};
+  int index = 0;
+  int changed = 0;
+
+  void walk(const RYXmlWrapperBase& node) {
+    for (Children child(node); child; ++child) {
+      compare(*child);
+      if (child->GetNodeCount() > 0) walk(*child);
+    }
+  }
+
+  void compare(RYXmlWrapperBase& node) {
+    if (index == saved.GetSize()) return mark.clear(node);
+    const CString& before = saved[index++];
+    read_value(node, value);
+    if (_mbscmp(value, before) == 0) return mark.clear(node);
+    mark.set(node, before);
+    ++changed;
+  }
+};
+
+}  // namespace
+
+int rytree_node_changed(RYXmlWrapperBase* node, int set, const char* oldValue) {
+  if (node == nullptr) return 0;
+  const ChangeMark mark;
+  if (set == 0) return node->HasProperty(mark.old_value);
+  if (oldValue != nullptr) {
+    mark.set(*node, CString(oldValue));
+  } else {
+    mark.clear(*node);
+  }
+  return 1;
+}
+
+int rytree_update_changes(RYXmlWrapperBase* node, HostArrayObject* saved) {
+  return VCTreeUpdateChanges(node, open_strings(saved));
+}
+
+int ry_is_same(HostArrayObject* first, HostArrayObject* second) {
+  return VCTreeIsSame(open_ints(first), open_ints(second));
+}
+
+int ryget_changed(HostArrayObject* first, HostArrayObject* second, int caseSensitive) {
+  return VCTreeGetChanged(open_strings(first), open_strings(second), caseSensitive != 0);
+}
+
+void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value) { read_value(node, value); }
+
+int VCTreeUpdateChanges(RYXmlWrapperBase* node, CStringArray* saved) {
+  if (node == nullptr || saved == nullptr) return -1;
+  Comparison comparison{*saved};
+  comparison.walk(*node);
+  return comparison.changed;
+}
+
+int VCTreeIsSame(CArray<int, int>* first, CArray<int, int>* second) {
+  if (first == nullptr || second == nullptr) return 0;
+  return std::equal(first->begin(), first->end(), second->begin(), second->end()) ? 1 : 0;
+}
+
+int VCTreeGetChanged(CStringArray* first, CStringArray* second, bool caseSensitive) {
+  if (first == nullptr || second == nullptr) return -1;
+  const int size = first->GetSize();
+  if (second->GetSize() != size) return -2;
+  const auto compare = caseSensitive ? _mbscmp : _mbsicmp;
+  for (int i = 0; i < size; ++i) {
+    if (compare((*first)[i], (*second)[i]) != 0) return i;
+  }
+  return -1;
+}

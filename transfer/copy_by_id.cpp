@@ -1,0 +1,129 @@
+// Copying values and attributes between trees by ID: harvest of the one, apply to the other.
+#include <rytree_Utils/transfer.h>
+
+#include "frame/children.h"
+#include "transfer/id_index.h"
+#include "transfer/records.h"
+
+namespace {
+
+void drop_empty_values(CArray<int, int>& ids, CStringArray& values) {
+  int kept = 0;
+  for (int at = 0; at < values.GetSize(); ++at) {
+    if (values[at].IsEmpty()) continue;
+    if (kept != at) {
+      ids[kept] = ids[at];
+      values[kept] = std::move(values[at]);
+    }
+    ++kept;
+  }
+  ids.SetSize(kept);
+  values.SetSize(kept);
+}
+
+/// The result of a copy: a duplicate, negated, goes before what the apply gave.
+int copy_result(int duplicate, int result) { return duplicate > 0 ? -duplicate : result; }
+
+/// The node IDs and DataIDs of the nodes below one, in any order.
+struct KnownIds {
+  CArray<int, int> ids{};
+  const RYPropertyName data_id{"DataID"};
+
+  explicit KnownIds(const RYXmlWrapperBase& node) { collect(node); }
+
+  void collect(const RYXmlWrapperBase& node) {
+    for (Children child(node); child; ++child) {
+      int id = 0;
+      if (child->GetID(id) != 0) ids.Add(id);
+      if (child->GetPropertyValue(data_id, id) != 0) ids.Add(id);
+      collect(*child);
+    }
+  }
+};
+
+/// Makes the nodes that the destination lacks.
+class MissingNodes {
+ public:
+  explicit MissingNodes(RYXmlWrapperBase& destination)
+      : destination_(destination), known_(KnownIds(destination).ids) {}
+
+  void make_for(const RYXmlWrapperBase& source) {
+    int id = 0;
+    if (source.GetPropertyValue(data_id_, id) != 0 && known_.find(id) < 0 && made_.find(id) < 0) {
+      make_one(source, id);
+    }
+    for (Children child(source); child; ++child) make_for(*child);
+  }
+
+ private:
+  void make_one(const RYXmlWrapperBase& source, int id) {
+    CString tag;
+    CString label;
+    source.GetTagName(tag);
+    source.GetPropertyValue(label_, label);
+    RYXmlWrapperBase made;
+    if (destination_.AddNode(made, tag, -1) == 0) return;
+    made.SetLabel(label);
+    made.SetDataID(id);
+    made_.add(id, 0);
+  }
+
+  RYXmlWrapperBase& destination_;
+  const RYPropertyName data_id_{"DataID"};
+  const RYPropertyName label_{"Label"};
+  const IdIndex known_;
+  IdIndex made_;
+};
+
+}  // namespace
+
+int vctree_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination, int storeArgument,
+                             const char* sourceIdAttribute, const char* destinationIdAttribute,
+                             int allBranches, _SETVALUESBYIDS* hook, int keepBit18Off, int dropEmpty) {
+  if (source == nullptr || destination == nullptr) return kBadArgument;
+  CArray<int, int> ids;
+  CStringArray values;
+  const _VALUESWITHIDS record = {.values = &values};
+  if (_tree_get_values_with_ids(*source, ids, record, 1, 0, 0, sourceIdAttribute, allBranches, nullptr) < 1)
+    return 0;
+  if (hook != nullptr) hook->active = 0;
+  if (dropEmpty != 0) drop_empty_values(ids, values);
+  _IDWALKSTATE state = {.hook = hook};
+  int duplicate = 0;
+  const int result = _tree_set_values_by_ids(*destination, ids, record, nullptr, 0, &duplicate, storeArgument,
+                                             destinationIdAttribute, nullptr, &state, keepBit18Off);
+  return copy_result(duplicate, result);
+}
+
+int rytree_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination, int storeArgument,
+                             const char* sourceIdAttribute, const char* destinationIdAttribute,
+                             int allBranches, int keepBit18Off, int dropEmpty) {
+  return vctree_copy_values_by_id(source, destination, storeArgument, sourceIdAttribute,
+                                  destinationIdAttribute, allBranches, nullptr, keepBit18Off, dropEmpty);
+}
+
+int rytree_whole_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination) {
+  if (source == nullptr || destination == nullptr) return kBadArgument;
+  MissingNodes(*destination).make_for(*source);
+  return rytree_copy_values_by_id(source, destination, 0, nullptr, nullptr, 1, 0, 0);
+}
+
+int rytree_copy_atts_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination, const char* attribute1,
+                           const char* sourceIdAttribute, const char* destinationIdAttribute,
+                           const char* attribute2, int rename) {
+  if (source == nullptr || destination == nullptr) return 0;
+  CArray<int, int> ids;
+  CStringArray first;
+  CStringArray second;
+  _VALUESWITHIDS record = {.attributeName1 = attribute1, .attributeValues1 = &first};
+  if (rename == 0) {
+    record.attributeName2 = attribute2;
+    record.attributeValues2 = &second;
+  }
+  if (_tree_get_values_with_ids(*source, ids, record, 1, 0, 0, sourceIdAttribute, 1, nullptr) < 1) return 0;
+  if (rename != 0) record.attributeName1 = attribute2;
+  int duplicate = 0;
+  _tree_set_values_by_ids(*destination, ids, record, nullptr, 0, &duplicate, 0, destinationIdAttribute,
+                          nullptr, nullptr, 0);
+  return copy_result(duplicate, 0);
+}

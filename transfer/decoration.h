@@ -1,0 +1,33 @@
+// Decorations: attributes that travel in front of a value. A decorated value is
+//     { "::{" name "=" text "}" } value
+#pragma once
+
+#include <rytree_host/node.h>
+
+#include <functional>
+
+/// Reads the decorated values of the nodes of one walk.
+class DecoratedValues {
+ public:
+  /// The text of a leaf with its decorations.
+  void read_leaf(const RYXmlWrapperBase& leaf, CString& value);
+  /// The value attribute of a branch, "Data" or "Use", with its decorations; "-1" stands in for a missing
+  /// attribute. Tells whether the attribute or a decoration was there.
+  bool read_branch(const RYXmlWrapperBase& branch, bool from_data, CString& value);
+
+ private:
+  bool decorate(const RYXmlWrapperBase& node, CString& value);
+
+  RYPropertyName use_{"Use"};
+  RYPropertyName data_{"Data"};
+  RYPropertyName decorations_[2] = {RYPropertyName("DynaUseChck"), RYPropertyName("Auto")};
+  CString text_;
+};
+
+/// Whether the value is long enough for a decoration and holds the start of one.
+bool may_be_decorated(const CString& value);
+
+/// Takes the decorations off: hands over each that has a name and a text, first to last, one inside the text
+/// of another too, and gives what stands behind the last.
+CString take_decorations(const CString& value,
+                         const std::function<void(const CString& name, const CString& text)>& take);
