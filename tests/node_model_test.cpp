@@ -51,16 +51,15 @@ class Duel {
   void step() {
     Handle& a = any();
     Handle& b = any();
-    a.real.GetChild(scratch_, below(5));  // leaves a remembered place behind, which the edit may spoil
     if (big(a) || big(b)) {
       remove(big(a) ? a : b, any());
     } else {
       using Edit = void (Duel::*)(Handle&, Handle&);
-      static constexpr Edit kEdits[] = {&Duel::add,    &Duel::add,       &Duel::add,        &Duel::add,
-                                        &Duel::insert, &Duel::insert,    &Duel::copy,       &Duel::copy,
-                                        &Duel::remove, &Duel::remove,    &Duel::replace,    &Duel::exchange,
-                                        &Duel::clone,  &Duel::attribute, &Duel::attributes, &Duel::value,
-                                        &Duel::walk,   &Duel::walk,      &Duel::take,       &Duel::take};
+      static constexpr Edit kEdits[] = {&Duel::add,      &Duel::add,   &Duel::add,       &Duel::insert,
+                                        &Duel::insert,   &Duel::copy,  &Duel::remove,    &Duel::replace,
+                                        &Duel::exchange, &Duel::clone, &Duel::attribute, &Duel::attributes,
+                                        &Duel::value,    &Duel::walk,  &Duel::walk,      &Duel::take,
+                                        &Duel::take,     &Duel::take,  &Duel::take};
       (this->*kEdits[below(std::size(kEdits))])(a, b);
     }
   }
@@ -78,7 +77,7 @@ class Duel {
       if (!model::valid(handle.twin) || !seen.insert(model::root_of(handle.twin)).second) continue;
       RYXmlWrapperBase top = handle.real;
       for (RYXmlWrapperBase up; top.GetParent(up) != 0;) top = up;
-      check_branch(top, model::root_of(handle.twin));
+      if (below(4) == 0) check_branch(top, model::root_of(handle.twin));
       CString xml;
       ASSERT_EQ(top.GetXmlText(&xml), 1);
       ASSERT_EQ(without_ids(xml.GetString()), model::xml_of(model::root_of(handle.twin)));
@@ -206,14 +205,16 @@ class Duel {
     if (way < 3) a.twin->text = way == 0 ? std::to_string(number) : way == 1 ? written : text.GetString();
   }
 
-  void take(Handle& a, Handle& b) {
+  // Keeps the pool alive: most of the time another handle, often a dead one, comes to know the node too.
+  void take(Handle& a, Handle&) {
+    Handle& other = pool_[random_() % pool_.size()];
     if (below(20) == 0) {
-      b.real.ReleaseNode();
-      b.twin = nullptr;
-    } else if (!model::valid(a.twin) && below(3) == 0) {
-      made(b, b.real.CreateNew(0, nullptr), forest_.create("Root"));
+      a.real.ReleaseNode();
+      a.twin = nullptr;
     } else if (model::valid(a.twin)) {
-      b = a;
+      other = a;
+    } else {
+      made(a, a.real.CreateNew(0, nullptr), forest_.create("Root"));
     }
   }
   static model::Node* sibling(const model::Node* node, std::ptrdiff_t by) {
@@ -223,7 +224,7 @@ class Duel {
     return at >= 0 && at < std::ssize(row) ? row[static_cast<std::size_t>(at)] : nullptr;
   }
   void walk(Handle& a, Handle& out) {
-    const int way = below(4);
+    const int way = std::max(below(7) - 3, 0);
     model::Node* const from = a.twin;
     const int real = way == 0   ? a.real.FirstChild(out.real)
                      : way == 1 ? a.real.NextSibling(out.real)
@@ -293,7 +294,6 @@ class Duel {
   std::vector<RYPropertyName> properties_;
   model::Forest forest_;
   std::array<Handle, 24> pool_;
-  RYXmlWrapperBase scratch_;
   std::map<const model::Node*, const RYXmlWrapperBase*> known_;
 };
 
@@ -301,13 +301,13 @@ class NodeModel : public testing::TestWithParam<unsigned> {};
 
 TEST_P(NodeModel, AgreesAfterEveryEdit) {
   Duel duel(GetParam());
-  for (int step = 0; step < 4000 && !HasFailure(); ++step) {
+  for (int step = 0; step < 3000 && !HasFailure(); ++step) {
     SCOPED_TRACE("seed " + std::to_string(GetParam()) + " step " + std::to_string(step));
     duel.step();
     duel.check();
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, NodeModel, testing::Values(1U, 2U, 3U, 4U, 5U, 6U));
+INSTANTIATE_TEST_SUITE_P(Seeds, NodeModel, testing::Values(1U, 2U, 3U, 4U));
 
 }  // namespace

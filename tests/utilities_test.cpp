@@ -169,13 +169,13 @@ TEST(Match, IsQuickOnManyStars) {
 
 using Localize = void (*)(char*, int, const char*, int);
 
-/// Writes a message catalogue whose one entry is "host".
+/// Writes a message catalogue whose one entry behind its head is "host".
 void write_catalogue(const std::filesystem::path& folder) {
-  const unsigned head[] = {0x950412de, 0, 1,  28, 36, 0,
-                           44,         4, 44, 5,  49};  // tables of lengths and places from 28 on
+  // Tables of the lengths and places of keys and texts stand from 28 and 44 on, the bytes from 60 on.
+  const unsigned head[] = {0x950412de, 0, 2, 28, 44, 0, 60, 0, 60, 4, 61, 4, 66, 5, 71};
   std::filesystem::create_directories(folder);
   std::ofstream file(folder / "rytree.mo", std::ios::binary);
-  file.write(reinterpret_cast<const char*>(head), sizeof head) << "host\0hôte\0"sv;
+  file.write(reinterpret_cast<const char*>(head), sizeof head) << "\0host\0head\0hôte\0"sv;
 }
 
 TEST(Localization, ComesFromTheModule) {

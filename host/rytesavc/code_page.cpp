@@ -4,6 +4,7 @@
 
 #include <array>
 #include <atomic>
+#include <cstdint>
 #include <iterator>
 #include <mutex>
 
@@ -17,15 +18,15 @@ namespace {
 constexpr int kUtf8 = 65001;
 
 struct Listed {
-  int page;
   const char* charset;
-  bool pairs;
+  int page;
+  bool pairs;  // it has characters of two bytes
 };
-constexpr Listed kPages[] = {{1250, "CP1250", false}, {1251, "CP1251", false},     {1252, "CP1252", false},
-                             {1253, "CP1253", false}, {1254, "CP1254", false},     {1255, "CP1255", false},
-                             {1256, "CP1256", false}, {1257, "CP1257", false},     {1258, "CP1258", false},
-                             {932, "CP932", true},    {936, "CP936", true},        {949, "CP949", true},
-                             {950, "CP950", true},    {28591, "ISO-8859-1", false}};
+constexpr Listed kPages[] = {{"CP1250", 1250, false}, {"CP1251", 1251, false},     {"CP1252", 1252, false},
+                             {"CP1253", 1253, false}, {"CP1254", 1254, false},     {"CP1255", 1255, false},
+                             {"CP1256", 1256, false}, {"CP1257", 1257, false},     {"CP1258", 1258, false},
+                             {"CP932", 932, true},    {"CP936", 936, true},        {"CP949", 949, true},
+                             {"CP950", 950, true},    {"ISO-8859-1", 28591, false}};
 
 // Pages are built when they are first set and stay, for other threads may be at work with them.
 std::mutex building;
@@ -41,8 +42,7 @@ class Converter {
     if (known()) iconv_close(handle_);
   }
 
-  // iconv_open has this value for a failure.
-  bool known() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+  bool known() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
   // Gives the number of bytes written, 0 if the text does not convert as a whole.
   std::size_t Convert(std::string_view text, void* to, std::size_t room) {

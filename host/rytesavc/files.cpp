@@ -64,6 +64,7 @@ class NewFile {
 };
 
 int NewFile::Create() {
+  if (target_.empty()) return ENOENT;
   struct stat old {};
   if (stat(target_.c_str(), &old) != 0) return errno == ENOENT ? CreateUnique(0666) : errno;
   if (!S_ISREG(old.st_mode)) return NotAFile(old.st_mode);

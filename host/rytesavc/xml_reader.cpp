@@ -32,6 +32,8 @@ constexpr std::size_t kCostOfMarkup = 16;  // of an element or an attribute, bes
 // Expat goes down the stack for each entity that another one names.
 constexpr int kMostNestedEntities = 100;
 
+constexpr char kNoName[] = "a reserved or endless name";
+
 int Digit(char c) {
   if (c >= '0' && c <= '9') return c - '0';
   if (c >= 'A' && c <= 'F') return c - 'A' + 10;
@@ -78,6 +80,7 @@ class Reader {
   void DropLayout();
   void Count(std::size_t bytes);
   void Stop(const char* problem);
+  TextPosition Place() const;
   const Name* AttributeName(const char* name);
   void SetText(Value& value, std::string_view text, bool marked);
   void AppendInPage(std::string_view utf8);
@@ -97,14 +100,15 @@ class Reader {
   unsigned long long fed_ = 0;
   unsigned long long content_ = 0;
   int nested_entities_ = 0;
-  const char* problem_ = nullptr;  // why the reader itself gave up
+  const char* problem_ = nullptr;  // why the text is refused
+  TextPosition place_;             // and where
   KnownName known_[64] = {};
 };
 
 Reader::Reader(Tree& tree, std::uint32_t depth, const CodePage* page, const char* encoding)
     : tree_(tree), page_(page), parser_(XML_ParserCreate(encoding), XML_ParserFree), depth_(depth) {
   if (parser_ == nullptr) throw std::bad_alloc();
-  XML_Parser const parser = parser_.get();
+  auto* const parser = parser_.get();
   XML_SetUserData(parser, this);
   XML_SetElementHandler(
       parser,
@@ -140,9 +144,17 @@ void Reader::Guard(void* self, const Work& work) {
   }
 }
 
+TextPosition Reader::Place() const {
+  auto* const parser = parser_.get();
+  return {static_cast<int>(XML_GetCurrentLineNumber(parser)),
+          static_cast<int>(XML_GetCurrentColumnNumber(parser)) + 1,
+          std::max<long long>(XML_GetCurrentByteIndex(parser), 0)};
+}
+
 void Reader::Stop(const char* problem) {
   if (problem_ != nullptr) return;
   problem_ = problem;
+  place_ = Place();
   XML_StopParser(parser_.get(), XML_FALSE);
 }
 
@@ -168,7 +180,7 @@ int Reader::OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encodin
 void Reader::Start(const char* tag, const char** attributes) {
   if (depth_ > Tree::kMaxDepth) return Stop("nested deeper than 1,024 levels");
   const Name* const name = tree_.Intern(tag);
-  if (name == nullptr) return Stop("an element has a reserved name");
+  if (name == nullptr) return Stop(kNoName);
   DropLayout();
   Node* const node = tree_.NewNode(name, -1, depth_);
   if (open_.empty()) {
@@ -198,9 +210,10 @@ void Reader::StartAttributes(Open& element, const char** attributes) {
     const std::string_view value(at[1]);
     Count(kCostOfMarkup + value.size());
     if (IsOwn(at[0])) continue;
+    const Name* const name = AttributeName(at[0]);
+    if (name == nullptr) return Stop(kNoName);
     // Expat has seen to it that no name comes twice.
-    Attribute* const attribute =
-        new (&node->attributes[node->attribute_count++]) Attribute{AttributeName(at[0]), {}};
+    Attribute* const attribute = new (&node->attributes[node->attribute_count++]) Attribute{name, {}};
     SetText(attribute->value, value, element.marked);
   }
 }
@@ -219,7 +232,9 @@ void Reader::TakeOwn(Open& element, const char* name, std::string_view value) {
 const Name* Reader::AttributeName(const char* name) {
   KnownName& known = known_[(reinterpret_cast<std::uintptr_t>(name) >> 3) % std::size(known_)];
   if (known.from != name || std::strcmp(known.name->text(), name) != 0) {
-    known = {name, tree_.Intern(name)};
+    const Name* const found = tree_.Intern(name);
+    if (found == nullptr) return nullptr;
+    known = {name, found};
   }
   return known.name;
 }
@@ -278,12 +293,13 @@ void Reader::AppendInPage(std::string_view utf8) {
 
 // Notes why a piece of text was refused.
 bool Reader::Accepted(XML_Status status) {
-  if (status == XML_STATUS_OK) return true;
-  XML_Parser const parser = parser_.get();
-  const char* const problem = problem_ != nullptr ? problem_ : XML_ErrorString(XML_GetErrorCode(parser));
-  NoteFailure(problem != nullptr ? problem : "unknown error",
-              {static_cast<int>(XML_GetCurrentLineNumber(parser)),
-               static_cast<int>(XML_GetCurrentColumnNumber(parser)) + 1, XML_GetCurrentByteIndex(parser)});
+  // Expat does not say that it was stopped at the very end.
+  if (status == XML_STATUS_OK && problem_ == nullptr) return true;
+  if (problem_ == nullptr) {
+    problem_ = XML_ErrorString(XML_GetErrorCode(parser_.get()));
+    place_ = Place();
+  }
+  NoteFailure(problem_ != nullptr ? problem_ : "unknown error", place_);
   return false;
 }
 
@@ -299,7 +315,7 @@ Node* Reader::Read(std::string_view utf8) {
 }
 
 Node* Reader::Read(InputFile& file) {
-  XML_Parser const parser = parser_.get();
+  auto* const parser = parser_.get();
   std::size_t room = std::min(file.size() + 1, kFirstPiece);
   for (std::size_t length = 1; length != 0;) {
     void* const buffer = XML_GetBuffer(parser, static_cast<int>(room));

@@ -88,6 +88,8 @@ class Writer {
   bool Content(const Node* node);
   void End(const Node* node);
   void NewLine(std::size_t level);
+  void StartAttribute(std::string_view name);
+  void PutNumber(int number);
   bool PutValue(const Value& value, const Kinds& kinds);
   std::size_t PutSpecial(std::string_view rest, Kind kind, char*& to) const;
   std::size_t PutCharacter(std::string_view rest, char*& to) const;
@@ -130,23 +132,17 @@ bool Writer::Start(const Node* node) {
   out.Put("<");
   out.Put(node->tag->view());
   if (node->id != -1) {
-    char* const to = out.Open(sizeof kNodeId + 16);
-    char* const quoted = std::copy_n(
-        "\"", 1, std::copy_n("=", 1, std::copy_n(kNodeId, sizeof kNodeId - 1, std::copy_n(" ", 1, to))));
-    char* const end = std::to_chars(quoted, quoted + 11, node->id).ptr;
-    *end = '"';
-    out.Close(end + 1);
+    StartAttribute(kNodeId);
+    PutNumber(node->id);
+    out.Put("\"");
   }
   if (marked_) {
-    out.Put(" ");
-    out.Put(kNodeEscape);
-    out.Put("=\"1\"");
+    StartAttribute(kNodeEscape);
+    out.Put("1\"");
   }
   for (std::uint32_t i = 0; i < node->attribute_count; ++i) {
     const Attribute& attribute = node->attributes[i];
-    out.Put(" ");
-    out.Put(attribute.name->view());
-    out.Put("=\"");
+    StartAttribute(attribute.name->view());
     if (!PutValue(attribute.value, kAttributeKinds)) return false;
     out.Put("\"");
   }
@@ -189,11 +185,23 @@ void Writer::NewLine(std::size_t level) {
   out.Close(std::fill_n(to + 1, 2 * std::min(level, kDeepest), ' '));
 }
 
+void Writer::StartAttribute(std::string_view name) {
+  char* const to = out.Open(name.size() + 3);
+  *to = ' ';
+  char* const end = std::copy(name.begin(), name.end(), to + 1);
+  out.Close(std::copy_n("=\"", 2, end));
+}
+
+void Writer::PutNumber(int number) {
+  constexpr std::size_t kLongestNumber = 11;
+  char* const to = out.Open(kLongestNumber);
+  out.Close(std::to_chars(to, to + kLongestNumber, number).ptr);
+}
+
 // False if a byte needs the mark.
 bool Writer::PutValue(const Value& value, const Kinds& kinds) {
   if (value.kind() == Value::kInt) {
-    char* const to = out.Open(11);
-    out.Close(std::to_chars(to, to + 11, value.number()).ptr);
+    PutNumber(value.number());
     return true;
   }
   constexpr std::size_t kStretch = 256;
@@ -254,7 +262,8 @@ std::size_t Writer::PutCharacter(std::string_view rest, char*& to) const {
 }  // namespace
 
 void Output::Grow(std::size_t bytes) {
-  const std::size_t room = std::max(2 * room_, size_ + bytes);
+  constexpr std::size_t kFirst = 512;
+  const std::size_t room = std::max({2 * room_, size_ + bytes, kFirst});
   char* const block = static_cast<char*>(std::realloc(block_.get(), room));
   if (block == nullptr) throw std::bad_alloc();
   static_cast<void>(block_.release());

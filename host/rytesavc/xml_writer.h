@@ -6,6 +6,7 @@
 // element that says so by the attribute _NodeEscape="1".
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
