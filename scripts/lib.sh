@@ -1,0 +1,37 @@
+# Shared by the scripts beside it: source this first. It stops a script at the first failure and puts it in the
+# repository's root.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+jobs=$(nproc)
+
+build_packages=(cmake g++ ninja-build libexpat1-dev)
+test_packages=(libgtest-dev)
+check_packages=(clang clang-format clang-tidy make)
+
+say() { printf '\n== %s\n' "$*"; }
+
+# Installs those of the named Debian packages that are missing.
+need_packages() {
+  local package missing=() root=()
+  if ! command -v apt-get dpkg-query >/dev/null; then
+    say "No Debian here: taking it that these are installed: $*"
+    return
+  fi
+  for package in "$@"; do
+    dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  [ "$(id -u)" -eq 0 ] || root=(sudo)
+  say "Installing missing Debian packages: ${missing[*]}"
+  "${root[@]}" env apt-get -qq update
+  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y --no-install-recommends \
+    -o DPkg::Lock::Timeout=300 install "${missing[@]}" </dev/null
+}
+
+# build PRESET [TARGET...]: configures the preset and builds it, or some targets of it.
+build() {
+  local preset=$1
+  shift
+  cmake --preset "$preset"
+  cmake --build --preset "$preset" --parallel "$jobs" ${1:+--target "$@"}
+}

@@ -1,0 +1,31 @@
+# Installs a build, then configures, builds and runs the consumer beside this file against what was installed; its output
+# is held against the README's.
+#   cmake -DBUILD=folder -DWORK=folder [-DGENERATOR=… -DCOMPILER=… -DFLAGS=…] -P run.cmake
+foreach(name IN ITEMS GENERATOR COMPILER FLAGS)
+  if(NOT DEFINED ${name})
+    file(STRINGS "${BUILD}/CMakeCache.txt" line REGEX "^CMAKE_(CXX_)?${name}:")
+    string(REGEX REPLACE "^[^=]*=" "" ${name} "${line}")
+  endif()
+endforeach()
+
+function(run)
+  execute_process(COMMAND ${ARGV} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE status)
+  set(output "${output}" PARENT_SCOPE)
+  if(NOT status EQUAL 0)
+    list(JOIN ARGV " " command)
+    message(FATAL_ERROR "${command}: ${status}\n${output}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE "${WORK}")
+run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/first")
+file(RENAME "${WORK}/first" "${WORK}/prefix")  # the package can be moved
+run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}" -B "${WORK}/build" -G "${GENERATOR}"
+  "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_PREFIX_PATH=${WORK}/prefix")
+run("${CMAKE_COMMAND}" --build "${WORK}/build")
+run("${WORK}/build/consumer")
+file(READ "${WORK}/build/expected.txt" expected)
+if(NOT output STREQUAL expected)
+  message(FATAL_ERROR "The example printed:\n${output}The README says:\n${expected}")
+endif()
+message(STATUS "installed, moved, found, built, run")

@@ -1,0 +1,20 @@
+// A caller of the library as a module of its own, for the test that loads and unloads it.
+#include <rytree_Utils.h>
+
+/// Does some work that leaves state behind in the libraries, and gives what the block-localization flag was
+/// before.
+extern "C" RYTREE_API int use_library() {
+  bool blocked = false;
+  VCTreeAccessBlockLocalization(&blocked, true);
+  bool block = true;
+  VCTreeAccessBlockLocalization(&block, false);
+
+  RYXmlWrapperBase tree;
+  tree.CreateNew(0, nullptr);
+  tree.SetXmlText(R"(<Root><A DataID="1">one</A><B DataID="2"/></Root>)");
+  HostStringArray values;
+  rytree_get_values(&tree, &values, 0);
+  auto* const module = LoadLibraryA("ZANmsg.dll");
+  if (module == nullptr || FreeLibrary(module) == 0 || values.array().GetSize() != 3) return -1;
+  return blocked ? 1 : 0;
+}
