@@ -1,0 +1,21 @@
+// The command line.
+#pragma once
+
+#include <string>
+
+struct Arguments {
+  std::string source;
+  std::string target;
+  std::string result;
+  std::string theme;
+  std::string id_attribute;  // empty: not given
+  bool help = false;
+
+  /// As the library takes it: null for its own default.
+  const char* id_attribute_or_null() const { return id_attribute.empty() ? nullptr : id_attribute.c_str(); }
+};
+
+/// Reads the command line. Throws a Failure if it makes no sense.
+Arguments read_arguments(int count, char** words);
+
+extern const char* const kHelp;

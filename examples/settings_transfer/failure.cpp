@@ -1,0 +1,16 @@
+#include "failure.h"
+
+#include <rytree_Utils.h>
+
+Failure file_failure(const std::string& file) {
+  const RYXmlFailure failure = RYXmlWrapperBase::LastFailure();
+  std::string reason = failure.text;
+  if (failure.line > 0) {
+    return Failure(file + ':' + std::to_string(failure.line) + ':' + std::to_string(failure.column) + ": " +
+                   reason);
+  }
+  // The file stands in quotes in the reason: it is named once, and as the user knows it.
+  const std::size_t quote = reason.find(" '");
+  if (quote != std::string::npos) reason.erase(quote, reason.rfind('\'') + 1 - quote);
+  return Failure(file + ": " + reason);
+}

@@ -1,0 +1,14 @@
+// What ends the program early.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+/// Carries the one line that the program prints on standard error before it ends with status 2.
+struct Failure : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The failure of the last load or save, as "FILE:LINE:COLUMN: reason" where it has a place, else "FILE:
+/// reason".
+Failure file_failure(const std::string& file);

@@ -1,0 +1,18 @@
+// What the program tells on standard output.
+#pragma once
+
+#include <ostream>
+
+#include "transfer.h"
+
+/// The room that the report has.
+struct Screen {
+  int columns = 100;
+  int change_limit = 20;
+
+  /// That of the terminal behind standard output, if there is one.
+  static Screen of_standard_output();
+};
+
+void print_report(std::ostream& out, const Arguments& arguments, const Outcome& outcome,
+                  const Screen& screen);
