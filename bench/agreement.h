@@ -1,0 +1,34 @@
+// All libraries must come to the same result.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Compares what the libraries made of one job, each asked for its result once, in the first round.
+class Agreement {
+ public:
+  /// Whether that library's result of that job is still to be told.
+  static bool wants(std::string_view library, std::string_view job, int nodes);
+  /// The first result told is the one to agree with; another fails the benchmark and the program.
+  static void tell(benchmark::State& state, std::string_view job, int nodes, std::uint64_t result);
+  static bool broken();
+};
+
+/// A running hash over texts and numbers.
+class Digest {
+ public:
+  void add(std::string_view text) {
+    for (const char c : text) add_byte(static_cast<unsigned char>(c));
+    add_byte(0xFF);  // in no UTF-8 text
+  }
+  void add(std::int64_t number) { add(std::to_string(number)); }
+  std::uint64_t value() const { return value_; }
+
+ private:
+  void add_byte(unsigned char byte) { value_ = (value_ ^ byte) * 1099511628211U; }
+
+  std::uint64_t value_ = 14695981039346656037U;
+};

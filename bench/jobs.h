@@ -1,0 +1,226 @@
+// The jobs in which the libraries are compared.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "allocations.h"
+#include "library.h"
+#include "measure.h"
+
+/// The jobs over `Peer`, an adapter with the operations of DomLoops and below it.
+template <class Peer>
+class Jobs {
+  using Tree = typename Peer::Tree;
+  using Node = typename Peer::Node;
+
+ public:
+  /// A library of that name with those of the jobs below that it is asked for; none: all.
+  static Library library(const std::string& name, const std::vector<std::string_view>& wanted = {}) {
+    Library made{name, {}};
+    const auto add = [&](const char* job, auto run) {
+      if (!wanted.empty() && std::find(wanted.begin(), wanted.end(), job) == wanted.end()) return;
+      made.jobs.push_back(
+          {job, false, [name, job, run](benchmark::State& state) { run(Run(state, name, job)); }});
+    };
+    const auto add_call = [&](const char* job, auto run) {
+      if (wanted.empty()) made.jobs.push_back({job, true, run});
+    };
+    add("load", load);
+    add("save", save);
+    add("walk", walk);
+    add("harvest", harvest);
+    add("apply", apply);
+    add("clone", clone);
+    add("find", find);
+    add("set existing", set_existing);
+    add("set new", set_new);
+    add("remove", remove);
+    add("sort", sort);
+    add("destroy", destroy);
+    add_call("lookup", call_lookup);
+    add_call("attribute read", call_attribute);
+    add_call("value read", call_read);
+    add_call("value write", call_write);
+    add_call("scratch tree", call_scratch);
+    return made;
+  }
+
+ private:
+  // ---- All nodes.
+
+  static void load(Run run) {
+    if (run.first_round()) {
+      const AllocationCount held;
+      const Tree tree = open(run);
+      run.count("bytes_per_node", static_cast<double>(held.bytes()) / run.in().nodes);
+    }
+    run.measure([] { return 0; }, [&](int) { return open(run); },
+                [](int, const Tree& tree) { return digest(tree); });
+  }
+
+  static void save(Run run) {
+    const Tree tree = open(run);
+    const std::string path = scratch_path();
+    run.measure([] { return 0; }, [&](int) { return Peer::save(tree, path.c_str()); },
+                [&](int, bool saved) { return saved ? digest(Peer::load(path.c_str())) : 0; });
+  }
+
+  static void walk(Run run) {
+    const Tree tree = open(run);
+    run.measure([] { return 0; }, [&](int) { return Peer::walk(tree); },
+                [](int, std::size_t nodes) { return nodes; });
+  }
+
+  static void harvest(Run run) {
+    using Arrays = std::pair<typename Peer::Ids, typename Peer::Values>;
+    Tree tree = open(run);
+    run.measure([] { return Arrays(); },
+                [&](Arrays& arrays) {
+                  Peer::harvest(tree, arrays.first, arrays.second);
+                  return 0;
+                },
+                [](const Arrays& arrays, int) {
+                  Digest sum;
+                  for (const int id : arrays.first) sum.add(id);
+                  for (const auto& value : arrays.second) sum.add(std::string_view(value));
+                  return sum.value();
+                });
+  }
+
+  static void apply(Run run) {
+    auto&& ids = Peer::make_ids(run.in().ids);
+    auto&& values = Peer::make_values(run.in().values);
+    run.measure([&] { return open(run); }, [&](Tree& tree) { return Peer::apply(tree, ids, values); },
+                [](const Tree& tree, std::size_t applied) { return digest(tree) + applied; });
+  }
+
+  static void clone(Run run) {
+    const Tree tree = open(run);
+    run.measure([] { return 0; }, [&](int) { return Peer::clone(tree); },
+                [](int, const Tree& copy) { return digest(copy); });
+  }
+
+  // The last node: all others are visited before it.
+  static void find(Run run) {
+    Tree tree = open(run);
+    run.measure([] { return 0; }, [&](int) { return Peer::find(tree, run.in().last_id); },
+                [](int, bool found) { return found; });
+  }
+
+  static void set_existing(Run run) { number_all(run, "DataID"); }
+  static void set_new(Run run) { number_all(run, "Mark"); }
+  static void number_all(Run& run, const char* name) {
+    run.measure([&] { return open(run); }, [&](Tree& tree) { return Peer::number_all(tree, name); },
+                [](const Tree& tree, int) { return digest(tree); });
+  }
+
+  static void remove(Run run) {
+    run.measure([&] { return open(run); }, [](Tree& tree) { return Peer::remove_every_second_leaf(tree); },
+                [](const Tree& tree, std::size_t removed) { return digest(tree) + removed; });
+  }
+
+  static void sort(Run run) {
+    run.measure([&] { return Peer::load(run.in().flat_path.c_str()); },
+                [](Tree& tree) {
+                  Peer::sort_children(tree);
+                  return 0;
+                },
+                [](const Tree& tree, int) { return digest(tree); });
+  }
+
+  static void destroy(Run run) {
+    run.measure([&] { return open(run); },
+                [](Tree& tree) {
+                  tree = Tree();
+                  return 0;
+                },
+                [](const Tree&, int) { return 0; });
+  }
+
+  // ---- One call.
+
+  /// Measures `call` on the middle child of the middle child of the middle child of the root of a small tree.
+  template <class Call>
+  static void measure_call(benchmark::State& state, Call call) {
+    Tree tree = Peer::load(input(5000).tree_path.c_str());
+    std::string tags[3];
+    Node node = Peer::root(tree);
+    for (std::string& tag : tags) {
+      node = middle_child(node);
+      tag = Peer::tag(node);
+    }
+    call(tree, node, tags);
+    constexpr int kCounted = 64;
+    {
+      const AllocationCount made;
+      for (int i = 0; i < kCounted; ++i) call(tree, node, tags);
+      state.counters["allocations"] = static_cast<double>(made.calls()) / kCounted;
+    }
+    for (auto _ : state) call(tree, node, tags);
+  }
+
+  static void call_lookup(benchmark::State& state) {
+    measure_call(state, [](Tree& tree, Node&, const std::string(&tags)[3]) {
+      benchmark::DoNotOptimize(Peer::check_get(tree, tags));
+    });
+  }
+
+  static void call_attribute(benchmark::State& state) {
+    measure_call(state, [](Tree&, Node& node, const auto&) {
+      benchmark::DoNotOptimize(Peer::int_attribute(node, "DataID", -1));
+    });
+  }
+
+  static void call_read(benchmark::State& state) {
+    measure_call(state, [](Tree&, Node& node, const auto&) { benchmark::DoNotOptimize(Peer::text(node)); });
+  }
+
+  static void call_write(benchmark::State& state) {
+    const std::string values[2] = {"12.75", "-300"};
+    measure_call(state, [&, turn = 0U](Tree& tree, Node& node, const auto&) mutable {
+      Peer::set_text(tree, node, values[++turn % 2]);
+    });
+  }
+
+  static void call_scratch(benchmark::State& state) {
+    measure_call(state, [](Tree&, Node&, const auto&) {
+      Tree scratch = Peer::make("Root");
+      Node child = Peer::add(scratch, Peer::root(scratch), "Color");
+      Peer::set_text(scratch, child, "12.75");
+      Peer::set_int(scratch, child, "DataID", 7);
+      benchmark::DoNotOptimize(scratch);
+    });
+  }
+
+  // ---- Helpers.
+
+  static Tree open(const Run& run) { return Peer::load(run.in().tree_path.c_str()); }
+
+  static Node middle_child(const Node& parent) {
+    int children = 0;
+    for (Node child = Peer::first(parent); child; child = Peer::next(child)) ++children;
+    Node at = Peer::first(parent);
+    for (int i = 0; i < children / 2; ++i) at = Peer::next(at);
+    return at;
+  }
+
+  static std::uint64_t digest(const Tree& tree) {
+    Digest sum;
+    add(sum, Peer::root(tree));
+    return sum.value();
+  }
+
+  // Everything that any job reads or writes.
+  static void add(Digest& sum, const Node& node) {
+    sum.add(Peer::tag(node));
+    for (const char* const name : {"DataID", "Label", "Show", "Mark", "Order"})
+      sum.add(Peer::attribute(node, name));
+    if (!Peer::first(node)) sum.add(Peer::text(node));
+    for (Node child = Peer::first(node); child; child = Peer::next(child)) add(sum, child);
+    sum.add("end");
+  }
+};

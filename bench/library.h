@@ -1,0 +1,32 @@
+// A library that takes part, and what it is measured in.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+struct Job {
+  std::string name;
+  bool per_call;  // one call on a small tree, and not a pass over all nodes
+  std::function<void(benchmark::State&)> run;
+};
+
+struct Library {
+  std::string name;
+  std::vector<Job> jobs;
+};
+
+/// All libraries of the program, by their column in the tables.
+inline std::map<int, Library>& libraries() {
+  static std::map<int, Library> all;
+  return all;
+}
+
+/// `const Enrol enrolled(COLUMN, LIBRARY);` in the file of each library.
+struct Enrol {
+  Enrol(int column, Library library) { libraries().emplace(column, std::move(library)); }
+};

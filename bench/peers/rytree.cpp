@@ -1,0 +1,175 @@
+// The library that is measured: its exports, and its node class where a caller would write the loop himself.
+#include <rytree_Utils.h>
+#include <rytree_Utils/arrange.h>
+
+#include "jobs.h"
+
+namespace {
+
+struct Rytree {
+  using Tree = RYXmlWrapperBase;
+  using Ids = CArray<int, int>;
+  using Values = CStringArray;
+  struct Node : RYXmlWrapperBase {
+    Node() = default;
+    explicit Node(const RYXmlWrapperBase& other) : RYXmlWrapperBase(other) {}
+    explicit operator bool() const { return IsNodeValid() != 0; }
+  };
+
+  static Ids make_ids(const std::vector<int>& ids) {
+    Ids made;
+    for (const int id : ids) made.Add(id);
+    return made;
+  }
+  static Values make_values(const std::vector<std::string>& values) {
+    Values made;
+    for (const std::string& value : values) made.Add(CString(std::string_view(value)));
+    return made;
+  }
+
+  // ---- Whole trees.
+
+  static Tree load(const char* path) {
+    Tree tree;
+    tree.load(path, 0);
+    return tree;
+  }
+  static bool save(const Tree& tree, const char* path) { return tree.Save(path) != 0; }
+  static Tree clone(const Tree& tree) {
+    Tree copy;
+    tree.Clone(copy, 1);
+    return copy;
+  }
+  static Tree make(const char* tag) {
+    Tree tree;
+    tree.CreateNew(0, tag);
+    return tree;
+  }
+
+  // ---- Jobs.
+
+  static std::size_t walk(const RYXmlWrapperBase& node) {
+    std::size_t nodes = 1;
+    RYXmlWrapperBase child;
+    for (node.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) nodes += walk(child);
+    return nodes;
+  }
+
+  static void harvest(Tree& tree, Ids& ids, Values& values) {
+    vctree_get_values_with_ids(&tree, &ids, &values, 1, 0, 0, nullptr, 0, nullptr);
+  }
+
+  static std::size_t apply(Tree& tree, Ids& ids, Values& values) {
+    return static_cast<std::size_t>(
+        vctree_set_values_by_ids(&tree, &ids, &values, 0, nullptr, 0, nullptr, nullptr));
+  }
+
+  static bool find(Tree& tree, int id) {
+    RYXmlWrapperBase found;
+    return rytree_find_node(&tree, &found, "DataID", id, true, 0, 0) != 0;
+  }
+
+  static int number_all(Tree& tree, const char* name) { return number_below(tree, RYPropertyName(name), 0); }
+
+  static std::size_t remove_every_second_leaf(Tree& tree) {
+    std::size_t leaves = 0;
+    remove_below(tree, leaves);
+    return leaves / 2;
+  }
+
+  static void sort_children(Tree& tree) { rytree_sort_children_by_int_attribute(&tree, "Order", 1); }
+
+  static Node check_get(Tree& tree, const std::string (&tags)[3]) {
+    Node found;
+    tmxfu_tree_check_get_node(found, tree, tags[0].c_str(), tags[1].c_str(), tags[2].c_str(), nullptr);
+    return found;
+  }
+
+  // ---- Single nodes.
+
+  static Node root(const Tree& tree) { return Node(tree); }
+  static Node first(const Node& node) {
+    Node child;
+    node.FirstChild(child);
+    return child;
+  }
+  static Node next(const Node& node) {
+    Node sibling;
+    node.NextSibling(sibling);
+    return sibling;
+  }
+  static std::string tag(const Node& node) {
+    CString tag;
+    node.GetTagName(tag);
+    return std::string(tag);
+  }
+  static std::string attribute(const Node& node, const char* name) {
+    CString value;
+    node.GetPropertyValue(name, value);
+    return std::string(value);
+  }
+  static int int_attribute(const Node& node, const char* name, int missing) {
+    node.GetPropertyValue(name, missing);
+    return missing;
+  }
+  static void set_int(Tree&, Node& node, const char* name, int value) { node.SetPropertyValue(name, value); }
+  // Good until the next call: whoever reads many texts reads them into one string.
+  static const char* text(const Node& node) {
+    static CString text;
+    node.GetNodeStringWithBlobInfo(text, 0);
+    return text;
+  }
+  static void set_text(Tree&, Node& node, const std::string& text) { node.CheckSetValue(0, text.c_str(), 0); }
+  static Node add(Tree&, Node parent, const char* tag) {
+    Node child;
+    parent.AddNode(child, tag, -1);
+    return child;
+  }
+
+ private:
+  static int number_below(RYXmlWrapperBase& parent, const RYPropertyName& name, int number) {
+    RYXmlWrapperBase node;
+    for (parent.FirstChild(node); node.IsNodeValid() != 0; node.NextSibling(node)) {
+      node.SetPropertyValue(name, ++number);
+      number = number_below(node, name, number);
+    }
+    return number;
+  }
+
+  static void remove_below(RYXmlWrapperBase& parent, std::size_t& leaves) {
+    RYXmlWrapperBase next;
+    RYXmlWrapperBase node;
+    for (parent.FirstChild(next); next.IsNodeValid() != 0;) {
+      node = next;
+      next.NextSibling(next);
+      if (node.GetNodeCount() > 0) {
+        remove_below(node, leaves);
+      } else if (++leaves % 2 == 0) {
+        node.RemoveNode();
+      }
+    }
+  }
+};
+
+// The same with the node class's own search, and attribute names as plain text.
+struct RytreePlainNames : Rytree {
+  static bool find(Tree& tree, int id) {
+    RYXmlWrapperBase found;
+    return tree.FindNodeByAttribute(found, "DataID", id, 1) != 0;
+  }
+
+  static int number_all(RYXmlWrapperBase& parent, const char* name, int number = 0) {
+    RYXmlWrapperBase node;
+    for (parent.FirstChild(node); node.IsNodeValid() != 0; node.NextSibling(node)) {
+      node.SetPropertyValue(name, ++number);
+      number = number_all(node, name, number);
+    }
+    return number;
+  }
+};
+
+const Enrol enrolled(0, Jobs<Rytree>::library("rytree_Utils"));
+const Enrol plain_enrolled(1, Jobs<RytreePlainNames>::library("plain names",
+                                                              {"find", "set existing", "set new"}));
+
+}  // namespace

@@ -1,0 +1,240 @@
+#!/usr/bin/env python3
+"""Turns the results of rytree_bench into the tables of docs/performance.md.
+
+usage: report.py RESULTS.json [FOLDER]
+
+Prints the tables, and with FOLDER writes them there as performance.md and performance.json. The exit status is 1 if the
+libraries did not come to the same results.
+"""
+import collections
+import json
+import pathlib
+import platform
+import sys
+
+OURS, PUGIXML, EMBEDDED, RAPIDXML = 'rytree_Utils', 'pugixml', 'pugixml embedded', 'RapidXML'
+EXPAT, PLAIN = 'Expat alone', 'plain names'
+COMPARED = ['walk', 'harvest', 'apply', 'clone', 'find', 'set existing', 'set new', 'remove', 'sort']
+GROWTH_LIMIT = 4
+JOBS = {
+    'load': 'load: a file to a tree',
+    'save': 'save: a tree to a file',
+    'walk': 'walk: all nodes, counted',
+    'harvest': 'harvest: IDs and texts of the leaves into two arrays',
+    'apply': 'apply: shuffled values by ID, the index built in the call',
+    'clone': 'clone',
+    'find': 'find by int attribute: the last node',
+    'set existing': 'set an existing int attribute on every node',
+    'set new': 'set a new int attribute on every node',
+    'remove': 'remove every second leaf while walking',
+    'sort': 'sort n children by an int attribute',
+    'destroy': 'destroy',
+    'memory': 'memory, bytes per node',
+    'lookup': 'look up an existing path of three tags',
+    'attribute read': 'read an int attribute',
+    'value read': 'read a value as text',
+    'value write': 'write a value',
+    'scratch tree': 'make and drop a tree of two nodes',
+}
+
+
+class Results:
+    """Nanoseconds by job, library and number of nodes (0: one call): the fastest round each."""
+
+    def __init__(self, raw):
+        self.time = collections.defaultdict(dict)  # job -> {(library, nodes): ns per node or per call}
+        self.allocations = {}                      # (job, library) -> per call
+        self.libraries, self.errors = [], []
+        for run in raw['benchmarks']:
+            job, library, size = run['name'].split('/')[:3]
+            if run.get('error_occurred'):
+                self.errors.append(f'{job}, {library}, {size} nodes: {run["error_message"]}')
+                continue
+            nodes = 0 if size == 'call' else int(size)
+            time = run['real_time'] / nodes if nodes else run['cpu_time']
+            self.keep(job, library, nodes, time)
+            if 'bytes_per_node' in run:
+                self.keep('memory', library, nodes, run['bytes_per_node'])
+            if 'allocations' in run:
+                self.allocations[job, library] = run['allocations']
+            if job != 'export' and library not in self.libraries:
+                self.libraries.append(library)
+
+    def keep(self, job, library, nodes, value):
+        row = self.time[job]
+        row[library, nodes] = min(value, row.get((library, nodes), value))
+
+    def sizes(self, least=0):
+        return sorted({nodes for row in self.time.values() for _, nodes in row if nodes > least})
+
+    def get(self, job, library, nodes):
+        return self.time.get(job, {}).get((library, nodes))
+
+    def ratio(self, job, above, below, nodes=None, below_nodes=None):
+        """Of two libraries at one size, or of one library at two sizes; None if one is missing."""
+        over, under = self.get(job, above, nodes), self.get(job, below, below_nodes or nodes)
+        return over / under if over is not None and under else None
+
+
+def number(value):
+    return '' if value is None else f'{value:,.0f}' if value >= 10 else f'{value:.1f}'
+
+
+def factor(value):
+    return '' if value is None else f'{value:.2f}'
+
+
+def table(head, rows):
+    rows = [row for row in rows if any(row[1:])]
+    if not rows:
+        return ''
+    lines = [head, ['---'] + ['---:'] * (len(head) - 1)] + rows
+    return '\n'.join('| ' + ' | '.join(line) + ' |' for line in lines) + '\n'
+
+
+def each(values, form):
+    return ' / '.join(form(value) or '–' for value in values) if any(value is not None for value in values) else ''
+
+
+def peers_table(results):
+    sizes = results.sizes(9_999) or results.sizes()
+    libraries = [name for name in results.libraries if name not in (EXPAT, PLAIN)]
+    rows = [[text] + [each([results.get(job, library, n) for n in sizes], number) for library in libraries]
+            for job, text in JOBS.items()]
+    text = table(['job'] + libraries, rows)
+    if not text:
+        return ''
+    text = f'At {each(sizes, number)} nodes:\n\n' + text
+    expat = each([results.get('load', EXPAT, n) for n in sizes], number)
+    if expat:
+        text += f'\nExpat alone, reading the file and building nothing: {expat}.\n'
+    plain = [f'{job} {each([results.get(job, PLAIN, n) for n in sizes], number)}' for job in JOBS
+             if any(results.get(job, PLAIN, n) for n in sizes)]
+    if plain:
+        text += ('\nThe node class with attribute names as plain text, and its own search in place of the export: '
+                 + '; '.join(plain) + '.\n')
+    return text
+
+
+def goals(results):
+    """Rows of (goal, {nodes: value}, bound, whether the value may be no greater)."""
+    sizes = [n for n in (10_000, 100_000) if n in results.sizes()]
+
+    def row(name, value, bound, at_most=False):
+        return name, {n: value(n) for n in sizes if value(n) is not None}, bound, at_most
+
+    rows = []
+    for job in COMPARED:
+        rows.append(row(f'{job}: times as fast as {EMBEDDED}', lambda n: results.ratio(job, EMBEDDED, OURS, n), 1.25))
+        rows.append(row(f'{job}: times as fast as {RAPIDXML}', lambda n: results.ratio(job, RAPIDXML, OURS, n), 1))
+    for name in (PUGIXML, EMBEDDED):
+        rows.append(row(f'save: times as fast as {name}', lambda n: results.ratio('save', name, OURS, n), 1))
+    rows.append(row('load: times of Expat alone', lambda n: results.ratio('load', OURS, EXPAT, n), 1.35, True))
+    rows.append(row('destroy: ns', lambda n: results.get('destroy', OURS, n), 25, True))
+    rows.append(row('memory: bytes', lambda n: results.get('memory', OURS, n), 200, True))
+    return [row for row in rows if row[1]]
+
+
+def met(values, bound, at_most):
+    return all(value <= bound if at_most else value >= bound for value in values)
+
+
+def goals_table(results):
+    sizes = [n for n in (10_000, 100_000) if n in results.sizes()]
+    return table(['goal'] + [number(n) for n in sizes] + ['bound', 'met'],
+                 [[name] + [factor(values.get(n)) for n in sizes] +
+                  [('≤ ' if at_most else '≥ ') + f'{bound:g}', 'yes' if met(values.values(), bound, at_most) else '**no**']
+                  for name, values, bound, at_most in goals(results)])
+
+
+def growth_table(results, small=10_000, large=1_000_000):
+    rows = []
+    for job in JOBS:
+        factors = [results.ratio(job, name, name, large, small) for name in (OURS, PUGIXML, EMBEDDED)]
+        if all(factors) and job != 'memory':
+            rows.append([job] + [factor(value) for value in factors] + ['yes' if factors[0] <= 1.05 * max(factors[1:]) else '**no**'])
+    return table(['job', OURS, PUGIXML, EMBEDDED, 'no worse'], rows)
+
+
+def calls_table(results):
+    libraries = [name for name in results.libraries if any((job, name) in results.allocations for job in JOBS)]
+
+    def cell(job, name):
+        time = results.get(job, name, 0)
+        return '' if time is None else f'{time:.1f} ({results.allocations[job, name]:g})'
+
+    rows = [[text] + [cell(job, name) for name in libraries] for job, text in JOBS.items()]
+    return table(['call'] + libraries, rows)
+
+
+def exports_table(results, small=1_000, large=100_000):
+    rows = []
+    for export in dict.fromkeys(library for library, _ in results.time.get('export', {})):
+        times = [results.get('export', export, n) for n in (small, 10_000, large)]
+        growth = results.ratio('export', export, export, large, small)
+        mark = f' **above {GROWTH_LIMIT}**' if growth and growth > GROWTH_LIMIT else ''
+        rows.append([f'`{export}`'] + [number(time) for time in times] + [factor(growth) + mark])
+    return table(['export', '1,000', '10,000', '100,000', 'growth'], rows)
+
+
+def machine(raw):
+    def line_of(path, key, separator):
+        try:
+            lines = pathlib.Path(path).read_text().splitlines()
+        except OSError:
+            return 'unknown'
+        return next((line.split(separator, 1)[1].strip(' "') for line in lines if line.startswith(key)), 'unknown')
+
+    context = raw['context']
+    return {'processor': line_of('/proc/cpuinfo', 'model name', ':'), 'cores': context['num_cpus'],
+            'system': line_of('/etc/os-release', 'PRETTY_NAME', '=') + ', ' + platform.machine(),
+            'compiler': context.get('compiler', 'unknown') + ', -O2', 'date': context['date'][:10]}
+
+
+def document(results, where):
+    parts = ['# Performance', '`scripts/bench` measures and writes this page. ' +
+             ', '.join(f'{key}: {value}' for key, value in where.items()) + '.',
+             'Processor time in nanoseconds per node, of each job the fastest round. The libraries take turns within '
+             'each job, every one does the same work on the same tree, and their results are compared. The tree: 10 to '
+             '20 children a branch, up to 6 levels, 120 tags, "DataID" and "Label" on every node, "Show" on a third, '
+             'texts of 1 to 24 bytes on the leaves. Jobs that change the tree each start on one that was just loaded. '
+             '"Embedded" is pugixml with texts kept in the element. Our harvest, apply, find and sort are exports; the '
+             'rest are loops over the node class. Files stand in memory.']
+    for title, text in [
+            ('Beside other libraries', peers_table(results)), ('Goals', goals_table(results)),
+            ('Growth from 10,000 to 1,000,000 nodes', growth_table(results)),
+            ('Single calls on a tree of 5,000 nodes: nanoseconds (allocations)', calls_table(results)),
+            ('Exports that walk a tree or an array: nanoseconds per node', exports_table(results))]:
+        if text:
+            parts += [f'## {title}', text.rstrip()]
+    return '\n\n'.join(parts) + '\n'
+
+
+def as_data(results, where):
+    return {'machine': where,
+            'results': [{'job': job, 'library': library, 'nodes': nodes or None, 'value': round(value, 3),
+                         'unit': 'bytes per node' if job == 'memory' else 'ns per node' if nodes else 'ns per call'}
+                        for job, row in results.time.items() for (library, nodes), value in row.items()],
+            'allocations': [{'job': job, 'library': library, 'per_call': count}
+                            for (job, library), count in results.allocations.items()],
+            'goals': [{'goal': name, 'values': {str(n): round(value, 3) for n, value in values.items()}, 'bound': bound,
+                       'at_most': at_most, 'met': met(values.values(), bound, at_most)}
+                      for name, values, bound, at_most in goals(results)]}
+
+
+def main():
+    if len(sys.argv) not in (2, 3):
+        sys.exit(__doc__.strip())
+    raw = json.loads(pathlib.Path(sys.argv[1]).read_text())
+    results, where = Results(raw), machine(raw)
+    text = document(results, where)
+    print(text)
+    if results.errors:
+        sys.exit('\n'.join(results.errors))
+    if len(sys.argv) == 3:
+        folder = pathlib.Path(sys.argv[2])
+        (folder / 'performance.md').write_text(text)
+        (folder / 'performance.json').write_text(json.dumps(as_data(results, where), indent=1) + '\n')
+
+
+main()
