@@ -1,0 +1,158 @@
+// The weighting of a fit in its two forms, and the way between them.
+#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/lookup.h>
+#include <rytree_Utils/ranges.h>
+#include <rytree_host/ryUtils.h>
+
+#include "frame/node_text.h"
+
+namespace {
+
+constexpr const char* kMethodTag =
+    "WeightMethod";  // of the child, and the name of the compact form's attribute
+constexpr const char* kDisable = "DisableWeightMethod";
+constexpr const char* kCombo = "Combo";
+constexpr int kMethodNodeId = 11;
+constexpr int kExpandedMessage = 1631;
+constexpr int kDataAction = 1010;
+
+// The children of the expanded form that are shown as the method needs them.
+struct Setting {
+  const char* tag;
+  int node_id;
+  int message;            // of its label
+  const char* attribute;  // of a parameter in the compact form, whose text is the data
+};
+constexpr Setting kSettings[] = {
+    {"WeightData", 13, 1627, nullptr},
+    {"WeightA", 14, 1628, "Weight_A"},
+    {"WeightB", 14, 1629, "Weight_B"},
+    {"WeightC", 14, 1630, "Weight_C"},
+};
+
+CString message(int number) {
+  CString text;
+  ryu_load_err_msg_str(number, &text, -1);
+  return text;
+}
+
+void move_combo(RYXmlWrapperBase& parent, CString& combo) {
+  parent.GetPropertyValue(kCombo, combo);
+  parent.RemoveProperty(kCombo);
+}
+
+bool is_shown(const RYXmlWrapperBase& node) {
+  int show = 0;
+  return node.GetShow(show) == 0 || show != 0;
+}
+
+void mark_as_data(RYXmlWrapperBase& node, const CString& combo) {
+  node.SetPropertyValue(kCombo, combo);
+  int action = kDataAction;
+  vctree_get_set_node_action_id(node, action, 0);
+}
+
+void write_value(RYXmlWrapperBase& node, const char* data, double* parameter) {
+  if (data != nullptr) {
+    CString text(data);
+    node.NodeValue(text, 0, 1, nullptr);
+  }
+  if (parameter != nullptr) node.NodeValue(*parameter, 0);
+}
+
+}  // namespace
+
+int vctree_update_fitter_data_weight_node(RYXmlWrapperBase& parent, int method, unsigned long& change,
+                                          const char* data, double* a, double* b, double* c, int checkSame,
+                                          int disable) {
+  RYXmlWrapperBase method_node;
+  if (rytree_tree_check_get_node(&method_node, &parent, kMethodTag, kMethodNodeId, nullptr, nullptr, 1) == 0)
+    return 0;
+  parent.SetPropertyValue(kDisable, disable);
+  int stored = 0;
+  if (checkSame != 0 && method_node.NodeValue(stored, 1) != 0 && stored == method) return 0;
+  method_node.SetShow(0);
+  int needs[4] = {};
+  if (rytree_fitter_get_weight_mth_info(method, nullptr, &needs[0], &needs[1], &needs[2], &needs[3]) == 0)
+    return 0;
+  method_node.NodeValue(method, 0);
+
+  CString combo;
+  move_combo(parent, combo);
+  double* const parameters[4] = {nullptr, a, b, c};
+  int before = 0;
+  int after = 0;
+  for (int i = 0; i < 4; ++i) {
+    const Setting& setting = kSettings[i];
+    RYXmlWrapperBase child;
+    if (rytree_tree_check_get_node(&child, &parent, setting.tag, setting.node_id, "Label",
+                                   message(setting.message), 1) == 0) {
+      continue;
+    }
+    if (i == 0) mark_as_data(child, combo);
+    before += is_shown(child) ? 1 : 0;
+    after += needs[i];
+    child.SetShow(needs[i]);
+    write_value(child, i == 0 ? data : nullptr, parameters[i]);
+  }
+  change = after < before ? 1 : after > before ? 2 : 0;
+  return 1;
+}
+
+int vctree_fitter_data_weight_node_compact_to_expanded(RYXmlWrapperBase& expanded,
+                                                       RYXmlWrapperBase& compact) {
+  if (expanded.IsNodeValid() == 0 || compact.IsNodeValid() == 0) return 0;
+  expanded.SetPropertyValue("Label", message(kExpandedMessage));
+  CString data;
+  read_text(compact, data);
+  int method = 0;
+  compact.GetPropertyValue(kMethodTag, method);
+  double parameters[4] = {};
+  for (int i = 1; i < 4; ++i) compact.GetPropertyValue(kSettings[i].attribute, parameters[i]);
+  CString combo;
+  if (compact.GetPropertyValue(kCombo, combo) != 0) expanded.SetPropertyValue(kCombo, combo);
+  int disable = 0;
+  compact.GetPropertyValue(kDisable, disable);
+  unsigned long change = 0;
+  vctree_update_fitter_data_weight_node(expanded, method, change, data, &parameters[1], &parameters[2],
+                                        &parameters[3], 0, disable);
+  return 1;
+}
+
+int vctree_fitter_data_weight_node_expanded_to_compact(RYXmlWrapperBase& compact,
+                                                       RYXmlWrapperBase& expanded) {
+  RYXmlWrapperBase method_node;
+  if (rytree_tree_check_get_node(&method_node, &expanded, kMethodTag, 0, nullptr, nullptr, 1) == 0) return 0;
+  RYXmlWrapperBase settings[4];
+  for (int i = 0; i < 4; ++i) {
+    if (rytree_tree_check_get_node(&settings[i], &expanded, kSettings[i].tag, 0, nullptr, nullptr, 1) == 0)
+      return 0;
+  }
+  int method = 0;
+  if (method_node.NodeValue(method, 1) != 0) compact.SetPropertyValue(kMethodTag, method);
+  CString data;
+  if (settings[0].NodeValue(data, 1, 1, nullptr) != 0) compact.NodeValue(data, 0, 1, nullptr);
+  for (int i = 1; i < 4; ++i) {
+    double parameter = 0;
+    if (settings[i].NodeValue(parameter, 1) != 0) compact.SetPropertyValue(kSettings[i].attribute, parameter);
+  }
+  return 1;
+}
+
+int vctree_extract_weight_info(RYXmlWrapperBase& node, const char* tag, int* method, double* a, double* b,
+                               double* c) {
+  CString name(tag);
+  if (name.IsEmpty()) node.GetTagName(name);
+  if (_mbscmp(name, "W") != 0) return 0;
+  if (method != nullptr) {
+    *method = 0;
+    node.GetPropertyValue(kMethodTag, *method);
+  }
+  double* const parameters[4] = {nullptr, a, b, c};
+  for (int i = 1; i < 4; ++i) {
+    if (parameters[i] == nullptr) continue;
+    *parameters[i] = 0;
+    node.GetPropertyValue(kSettings[i].attribute, *parameters[i]);
+  }
+  return 1;
+}

@@ -1,0 +1,74 @@
+// The results of descriptive statistics in their branch of a tree. Every operation moves one group of results
+// between the caller's variables and nodes with fixed tags below `tree`: `get` nonzero reads, 0 writes.
+// Writing makes missing nodes. A variable whose node is missing or cannot be read keeps its value, unless
+// told otherwise. Nothing reports an error. The plain forms do nothing (and give 0) if a pointer is null or
+// an object holds no double array.
+//
+//     Results   N, Missing (int), Mean … WeightSum, Min, Max (double)
+//     Counts, Percentiles (double arrays)
+//     Bin       Min, Max, Size (double), Auto (int)
+//     BoxChart  Box (Center, Top, TopX, Bottom, BottomX), Whisker (Top, Bottom)
+#pragma once
+
+#include <rytree_Utils/missing_value.h>
+#include <rytree_host/framework.h>
+#include <rytree_host/node.h>
+
+/// The results, named by the tags of their nodes. Minimum and maximum stand apart.
+struct tagDescStatResults {
+  int N;
+  int Missing;
+  double Mean, SD, SEM, LCL, UCL, Variance, Sum, Skewness, Kurtosis, UncorSumSq, CorSumSq, COV, MAD, SDx2,
+      SDx3, GeoMean, GeoSD, Mode, WeightSum;
+};
+
+/// "BoxChart" with its child "Box", and with its child "Whisker", into `out`; both nodes are made if missing.
+/// 1 if `out` ends valid, else 0.
+RYTREE_API int vctree_stats_get_boxchart_box_node(RYXmlWrapperBase& tree, RYXmlWrapperBase& out);
+RYTREE_API int vctree_stats_get_boxchart_whisker_node(RYXmlWrapperBase& tree, RYXmlWrapperBase& out);
+
+/// "Results", which is made in both directions. A read of a field whose node is missing gives 0 for N and
+/// Missing and kMissingValue for a double; a missing "Min" or "Max" leaves its variable alone. On an invalid
+/// tree nothing changes.
+RYTREE_API void vctree_stats_get_set_stats_results(RYXmlWrapperBase& tree, tagDescStatResults& results,
+                                                   double& minimum, double& maximum, int get);
+
+/// "Counts" and "Percentiles", which are made in both directions. A read replaces what the array held; an
+/// empty node is an empty array.
+RYTREE_API void vctree_stats_get_set_counts(RYXmlWrapperBase& tree, CArray<double, double>& values, int get);
+RYTREE_API void vctree_stats_get_set_percentiles(RYXmlWrapperBase& tree, CArray<double, double>& values,
+                                                 int get);
+
+/// "Bin"; reading makes nothing.
+RYTREE_API void vctree_stats_get_set_bin_info(RYXmlWrapperBase& tree, double& minimum, double& maximum,
+                                              double& size, int get);
+
+/// "Box" and "Whisker", which are made in both directions; their values only by writing.
+RYTREE_API void vctree_stats_get_set_box_info(RYXmlWrapperBase& tree, double& top, double& topX,
+                                              double& bottom, double& bottomX, double& center, int get);
+RYTREE_API void vctree_stats_get_set_whisker_info(RYXmlWrapperBase& tree, double& top, double& bottom,
+                                                  int get);
+
+/// "Auto" of "Bin": its value, 1 where it is missing or no int. Makes nothing.
+RYTREE_API int vctree_stats_is_bin_auto(RYXmlWrapperBase& tree);
+RYTREE_API void vctree_stats_set_bin_auto(RYXmlWrapperBase& tree, int automatic);
+
+extern "C" {
+
+RYTREE_API int rytree_stats_get_boxchart_box_node(RYXmlWrapperBase* tree, RYXmlWrapperBase* out);
+RYTREE_API int rytree_stats_get_boxchart_whisker_node(RYXmlWrapperBase* tree, RYXmlWrapperBase* out);
+RYTREE_API void rytree_stats_get_set_stats_results(RYXmlWrapperBase* tree, tagDescStatResults* results,
+                                                   double* minimum, double* maximum, int get);
+RYTREE_API void rytree_stats_get_set_counts(RYXmlWrapperBase* tree, HostArrayObject* values, int get);
+RYTREE_API void rytree_stats_get_set_percentiles(RYXmlWrapperBase* tree, HostArrayObject* values, int get);
+RYTREE_API void rytree_stats_get_set_bin_info(RYXmlWrapperBase* tree, double* minimum, double* maximum,
+                                              double* size, int get);
+RYTREE_API void rytree_stats_get_set_box_info(RYXmlWrapperBase* tree, double* top, double* topX,
+                                              double* bottom, double* bottomX, double* center, int get);
+RYTREE_API void rytree_stats_get_set_whisker_info(RYXmlWrapperBase* tree, double* top, double* bottom,
+                                                  int get);
+/// 0 for a null pointer.
+RYTREE_API int rytree_stats_is_bin_auto(RYXmlWrapperBase* tree);
+RYTREE_API void rytree_stats_set_bin_auto(RYXmlWrapperBase* tree, int automatic);
+
+}  // extern "C"

@@ -1,0 +1,69 @@
+#include <rytree_Utils/range_iterators.h>
+
+#include "tree_text.h"
+
+namespace {
+
+std::string value(RYXmlWrapperBase& node) {
+  CString read;
+  node.NodeValue(read, 1, 1, nullptr);
+  return std::string(read.View());
+}
+
+// The texts of the sub-nodes, each range in brackets. "-": Get gave 0 and an invalid node, "0": it gave 0 and
+// left the node alone, which ends the walk when it comes twice. Copies walk, their originals went ahead.
+std::string walked(RYXmlWrapperBase tree) {
+  std::string result;
+  RYXmlWrapperBase elsewhere = parse("<T><A><B/></A></T>");
+  VCRangeTreeIterator ahead(tree);
+  VCRangeTreeIterator ranges(elsewhere);
+  ranges = VCRangeTreeIterator(ahead);
+  ahead.Get(elsewhere);
+  for (int ends = 0; ends < 2;) {
+    RYXmlWrapperBase first(tree);
+    if (ranges.Get(first) == 0) {
+      ends += first == tree ? 1 : 0;
+      result += first == tree ? "0" : "-";
+      continue;
+    }
+    VCSubRangeTreeIterator sub_nodes(first);
+    result += "[";
+    RYXmlWrapperBase node(tree);
+    while (sub_nodes.Get(node) != 0) result += value(node);
+    const RYXmlWrapperBase last(node);
+    result += sub_nodes.Get(node) == 0 && node == last ? "]" : "?";
+  }
+  return result;
+}
+
+std::string looped(const RYXmlWrapperBase& tree) {
+  std::string result;
+  for (SubRangeNodes& range : RangeTreeRanges(tree)) {
+    result += "[";
+    for (RYXmlWrapperBase& node : range) result += value(node);
+    result += "]";
+  }
+  return result;
+}
+
+TEST(RangeIterators, both_forms) {
+  const Rows<const char*, const char*, const char*> rows = {
+      {"<T/>", "00", ""},
+      {"<T><S/></T>", "00", ""},
+      {"<T><X>1</X><Y>2</Y><S>9</S><X>3</X><Y>4</Y></T>", "[12][34]00", "[12][34]"},
+      {"<T><S/><S/><X>1</X><S/><S/><s>2</s><SS>3</SS><S/></T>", "[1][23]00", "[1][23]"},
+      {"<T><X>1</X><R>2<X>9</X></R></T>", "[12]00", "[12]"},
+      {"<T><R><X>1</X></R><R/><S><X>2</X><Y>3</Y><S/><Y>9</Y></S></T>", "[1]-[23]00", "[1][][23]"},
+      {"<T><R><S/><X>9</X></R><R/></T>", "[]-00", "[][]"}};
+  for (const auto& [xml, walk, loop] : rows) {
+    EXPECT_EQ(walked(parse(xml)), walk) << xml;
+    EXPECT_EQ(looped(parse(xml)), loop) << xml;
+  }
+  for (RYXmlWrapperBase none : {RYXmlWrapperBase(), dead_node()}) {
+    RYXmlWrapperBase out;
+    EXPECT_EQ(VCRangeTreeIterator(none).Get(out) + VCSubRangeTreeIterator(none).Get(out), 0);
+    EXPECT_EQ(looped(none), "");
+  }
+}
+
+}  // namespace
