@@ -1,0 +1,47 @@
+// Sorting, moving and appending nodes, and what identifies a node.
+#pragma once
+
+#include <rytree_host/framework.h>
+#include <rytree_host/node.h>
+
+extern "C" {
+
+/// Sorts the children by an int attribute, `ascending` or descending. A child whose attribute is missing or
+/// no int stays at its place, and the others are ordered around it. The order is that of an exchange sort of
+/// the contents (each place against each later one, exchanged if out of order), which is not stable: children
+/// of equal values come in the order in which those exchanges leave them. Contents move, places stay: a
+/// handle on a child stands on the same place afterwards, one on a node below goes with it. True if the sort
+/// ran; false for a null or invalid node, fewer than two children, or a null or empty attribute name. O(n log
+/// n); no content moves more than twice.
+RYTREE_API bool rytree_sort_children_by_int_attribute(RYXmlWrapperBase* node, const char* attribute,
+                                                      int ascending);
+
+/// Appends copies of the children of `source` whose tags start with `prefix` (case aside; empty: all) to
+/// `target`, which may be the same node. If the children of `target` with that prefix have node IDs, the
+/// copies get the IDs from one above the highest on; otherwise they keep their own. The next free node ID, or
+/// 0 if `target` has none with an ID; 0 for a null pointer.
+RYTREE_API int rytree_append_children(RYXmlWrapperBase* target, RYXmlWrapperBase* source, const char* prefix);
+
+/// Moves the node number `from` to the place of the node number `to`, in the numbering of rytree_get_node
+/// with `flags` and `attribute` as rytree_get_node_ex takes them; both are counted before the move. Up
+/// (`from` > `to`) it comes to stand just before the target, down just behind it, always at the target's
+/// level. A negative `to` makes it the last child of `tree`. The node is made anew: handles on it and below
+/// it are dead afterwards. 1 moved; 0 with nothing changed if a number has no node, `tree` is null or
+/// invalid, the target lies inside the branch to be moved, or the branch would reach too deep.
+RYTREE_API int rytree_move_node(RYXmlWrapperBase* tree, int from, int to, int flags, const char* attribute);
+
+/// 1 if the node ID (0 for a node without) is at least `first` and at most `last` + `extra`. 0 otherwise, and
+/// for a null or invalid node, `first` above `last`, or one of these two negative.
+RYTREE_API int rytree_is_in_ids_range(RYXmlWrapperBase* node, int first, int last, int extra);
+
+}  // extern "C"
+
+/// Changes the tag, by way of the node's XML text; handles below the node are dead afterwards. True if the
+/// tag changed. False with the node unchanged if it has neither text nor children (its text is one
+/// self-closed element), if `name` is no valid tag, or for a null or invalid node.
+RYTREE_API bool VCTreeSetTagName(RYXmlWrapperBase* node, const char* name);
+
+/// Stamps a branch for a menu: every node with children gets the node ID 0x10000000; every leaf without a
+/// positive DataID gets the node ID 11 and the next DataID, in pre-order. `nextDataId` ends one above the
+/// last. The number of leaves that got one, 0 for a null or invalid node.
+RYTREE_API int VCTreePrepareForMenu(RYXmlWrapperBase* node, DWORD& nextDataId);

@@ -1,0 +1,59 @@
+// Editing many nodes of a branch in one call: pruning, attributes, values. Except where told otherwise a call
+// works on what lies below the node that it is given. An invalid node has nothing below it and gives 0, as do
+// null pointers.
+#pragma once
+
+#include <rytree_host/framework.h>
+#include <rytree_host/node.h>
+
+extern "C" {
+
+/// Removes the children that lack an attribute. A child with children is left alone with `recursive` 0;
+/// otherwise the same is done below it, and if nothing is left there and `keepBranches` is 0 it is judged
+/// like a leaf. With `removeAttribute` a judged child that has the attribute stays and loses the attribute.
+/// The number of nodes removed by their own lack, at all levels.
+RYTREE_API int rytree_delete_nodes_by_missing_attribute(RYXmlWrapperBase* parent, const char* attribute,
+                                                        int recursive, int removeAttribute, int keepBranches);
+
+/// Removes the children whose int attribute is `value`, each with its branch; with `recursive` also below
+/// those that stay. A direct child of `parent` that has the attribute `exemptAttribute` (may be null) stays,
+/// but is searched below, where there is no exemption. The number of nodes removed, or the first negative
+/// status that a removal gave; the others are removed all the same.
+RYTREE_API int rytree_delete_nodes_by_attribute(RYXmlWrapperBase* parent, const char* attribute, int value,
+                                                int recursive, const char* exemptAttribute);
+
+/// Removes the leaves without text, and with `recursive` the branches that hold nothing else. The number of
+/// what survives: flat, the direct children; recursive, the leaves of the whole branch. 0: `parent` is bare.
+RYTREE_API int rytree_remove_empty_child_nodes(RYXmlWrapperBase* parent, bool recursive);
+
+/// Removes every node below whose int attribute is `value`. A hit inside a removed branch goes with it,
+/// uncounted. The number of removals, -1 for a null or invalid node. One walk.
+RYTREE_API int rytree_remove_nodes_by_attribute(RYXmlWrapperBase* node, const char* attribute, int value);
+
+/// Sets a text attribute (null: the empty text) on the node and all below it, or with `childrenOnly` on its
+/// direct children and not on the node. With `branchesOnly` only on nodes that have children.
+RYTREE_API void rytree_set_attribute_to_all_nodes(RYXmlWrapperBase* node, const char* attribute,
+                                                  const char* value, bool childrenOnly, bool branchesOnly);
+
+/// Hides the leaves without text ("Show" 0) among the children, with `recursive` in the whole branch. With
+/// `removeShow` the other leaves lose "Show". Branches are never touched. The number of leaves hidden.
+RYTREE_API int rytree_hide_empty_nodes(RYXmlWrapperBase* node, bool recursive, bool removeShow);
+
+/// Adds bits to an int attribute of `node`, if the attribute is there and a child, with `recursive` any node
+/// below, is a leaf with text. 1 if the bits were added, else 0.
+RYTREE_API int rytree_set_attribute_bit_if_not_empty(RYXmlWrapperBase* node, const char* attribute, int bits,
+                                                     bool recursive);
+
+/// Removes an attribute from all nodes below and, with `includeSelf`, from `node`. The number of nodes that
+/// lost it.
+RYTREE_API int rytree_remove_attribute(RYXmlWrapperBase* node, const char* attribute, int includeSelf);
+
+/// Empties the text of every leaf below. Texts of branches and of `node`, and all attributes, stay.
+RYTREE_API void rytree_clear_all_value(RYXmlWrapperBase* node);
+
+}  // extern "C"
+
+/// Changes bits of an int attribute, taken as a 32-bit word: sets `setBits`, then clears `clearBits`, so that
+/// a bit in both ends clear. A missing attribute counts as 0 and is made only if `setBits` is not 0.
+RYTREE_API void vctree_modify_DWORD_attribute(RYXmlWrapperBase& node, const char* attribute, DWORD clearBits,
+                                              DWORD setBits);
