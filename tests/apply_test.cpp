@@ -1,6 +1,6 @@
 #include <rytree_Utils/transfer.h>
 
-#include "transfer/id_index.h"
+#include "frame/id_index.h"
 #include "transfer_model.h"
 
 namespace {
@@ -55,11 +55,12 @@ const Apply kApplies[] = {
      2,
      "<R ~16><a #1 ~16 a='1'>x</a><a #2 ~17>v</a></R>"},
     // Bit 18 asks for a tag. The nearest attribute that is an int counts whole.
-    {"<R><B ~18><a #1/><a #2/><a #3/><a #4/><B ~0><a #1/></B><a #5 ThemeApplicability='x'/></B><a #1/></R>",
-     {{1, "v"}, {2, "<autoX>"}, {3, "a<autoX>b<c>"}, {4, "<><c>"}, {5, "<autoX"}},
-     7,
+    {"<R><B ~18><a #1/><a #2/><a #3/><a #4/><B ~0><a #1/></B><a #5 ThemeApplicability='x'/><a #6/></B><a "
+     "#1/></R>",
+     {{1, "v"}, {2, "<autoX>"}, {3, "a<autoX>b<c>"}, {4, "<><c>"}, {5, "<autoX"}, {6, "::{a=<b>}v"}},
+     8,
      "<R><B ~18><a #1/><a #2/><a #3>a&lt;autoX>b&lt;c></a><a #4/><B ~0><a #1>v</a></B>"
-     "<a #5 ThemeApplicability='x'/></B><a #1>v</a></R>"},
+     "<a #5 ThemeApplicability='x'/><a #6 a='&lt;b>'/></B><a #1>v</a></R>"},
     // Bit 20 sends the value of a branch to "Data", but no empty one, and lets its subtree be walked.
     {"<R><B #1 ~20><a #2/><B #3 Data='d'><a/></B></B></R>",
      {{1, "v"}, {2, "w"}, {3, ""}},
@@ -129,6 +130,9 @@ TEST(Apply, refuses_bad_arguments) {
   const auto plain = [](RYXmlWrapperBase* node, HostArrayObject* id_object, HostArrayObject* value_object) {
     return rytree_set_values_by_ids(node, id_object, value_object, 0, nullptr, 0, nullptr, nullptr, 0);
   };
+  values.array().Add("v");
+  EXPECT_EQ(plain(&tree, &ids, &values), -2);
+  values.array().RemoveAll();
   ids.array().Add(1);
   EXPECT_EQ(plain(&tree, &ids, &values), -2);
   fill({{2, "v"}}, ids.array(), values.array());

@@ -95,6 +95,8 @@ TEST(EntireWorksheet, three_states) {
     EXPECT_EQ(text(node), xml);
     EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), read);
   }
+  node.SetPropertyValue("_EntireWorksheet", 9);
+  EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), -1);
   rytree_composite_range_set_entire_worksheet_support(nullptr, 1);
   EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(nullptr), 0);
 }

@@ -55,7 +55,7 @@ const Row kRows[] = {
     {copy_all, kTwins, kThree, -5},
     {copy_two, kTwins, kThree, -5},
     {prune, kTwins, kThree, -5},
-    {copy_all, "<R><a #0/><a #0/></R>", kThree, -4},
+    {copy_all, "<R><B #-7><a/></B><B #-7><a/></B></R>", kThree, -4},
     {prune, "<R><a #0/><a #0/></R>", kThree, -4},
     {prune, kThree, "<R><a #1>x</a><B ^32767/></R>", -5, "<R><B ^32767/></R>"},
     // Made directly below the destination, in the order of the source and its root first; a node ID counts as
@@ -73,6 +73,7 @@ const Row kRows[] = {
      "<R><a #1 q='1'/><a #2/></R>"},
     {copy_unnamed, "<R><a #1 p='1' q='5'/></R>", "<R><a #1/></R>", 0},
     {prune, "<R><a/></R>", kThree, 0},
+    {prune, "<R><B #-2 Use='x'><a/></B></R>", "<R><a #-2>x</a></R>", 0},
     {prune, kThree, kBranch, 3, "<R><a #3>z</a></R>"},
     {prune, kThree, "<R><B #2 Use='u'><a #1>x</a><a #3>n</a><a>x</a></B></R>", 1,
      "<R><B #2 Use='u'><a #3>n</a><a>x</a></B></R>"},
@@ -111,15 +112,15 @@ TEST(CopyById, a_hook_rewrites_values_at_and_below_its_node) {
     int result;  // 99: throws
     const char* after;
   } rows[] = {
-      {2, kThree, 3, "<R><B #2 Use='u!'><a #3>y!</a></B><a #1>x</a></R>"},
-      {3, kThree, 3, "<R><B #2 Use='u'><a #3>y!</a></B><a #1>x</a></R>"},
-      {2, "<R><a #1>x</a><a #3>throw</a></R>", 99, "<R><B #2><a #3/></B><a #1/></R>"},
+      {2, kThree, 4, "<R><B #2 Use='u!'><a #2>u!</a><a #3>y!</a></B><a #1>x</a></R>"},
+      {3, kThree, 4, "<R><B #2 Use='u'><a #2>u</a><a #3>y!</a></B><a #1>x</a></R>"},
+      {2, "<R><a #1>x</a><a #3>throw</a></R>", 99, "<R><B #2><a #2/><a #3/></B><a #1/></R>"},
       {2, "<R><a #1>::{p=1}x</a><a #3>::{p=1}</a></R>", 2,
-       "<R><B #2><a #3 p='1'>!</a></B><a #1 p='1'>x</a></R>"},
+       "<R><B #2><a #2/><a #3 p='1'>!</a></B><a #1 p='1'>x</a></R>"},
   };
   for (const auto& row : rows) {
     RYXmlWrapperBase source = parse_ids(row.source);
-    RYXmlWrapperBase destination = parse_ids("<R><B #2><a #3/></B><a #1/></R>");
+    RYXmlWrapperBase destination = parse_ids("<R><B #2><a #2/><a #3/></B><a #1/></R>");
     _SETVALUESBYIDS hook = {mark, row.id, 1, nullptr};
     int result = 99;
     try {

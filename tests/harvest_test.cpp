@@ -37,7 +37,9 @@ const Harvest kHarvests[] = {
     {"<R><a #0 Auto='x' DynaUseChck=''>v</a></R>", "0=::{Auto=x}::{DynaUseChck=}v;"},
     // A bare branch has no entry, a decorated one has.
     {"<R><S #4>x<T #5>7</T></S></R>", "5=7;", {.all_branches = 0}},
-    {"<R><S #4 Auto=''><T/></S></R>", "4=::{Auto=}-1;", {.all_branches = 0}, kMissing},
+    {"<R><S #4 Auto=''/><S #5 Auto='x' Use='u'><T #6/></S><S #7 Auto=''><T #8/></S></R>",
+     "4=::{Auto=};5=::{Auto=x}u;6=;7=::{Auto=}-1;8=;",
+     {.all_branches = 0}},
     {"<R><P #1>a</P><Q #2 Use=''><S #3>b</S></Q></R>", "1=a;2=;", {.recursive = 0}},
     {"<R><a #-1>x</a><a #-2>x</a><B #-2><a #1>y</a></B><B><a #2>z</a></B></R>",
      "-2=-1;1=y;2=z;",

@@ -142,14 +142,14 @@ TEST(CheckGet, by_data_id) {
 TEST(Find, value_depth_and_repeat) {
   const RYXmlWrapperBase tree = parse(
       "<R DataID=\"7\"><P DataID=\"7\" RepeatID=\"6\"><Q DataID=\"7\"/></P><S DataID=\"7\" RepeatID=\"5\"/>"
-      "<T DataID=\"x\"><U><V DataID=\"8\"/></U><W DataID=\"9\" RepeatID=\"40000\"/></T><X "
-      "DataID=\"1\"/></R>");
+      "<T DataID=\"x\"><U><V DataID=\"8\"/></U><W DataID=\"9\" RepeatID=\"40000\"/></T>"
+      "<X RepeatID=\"40000\" DataID=\"1\"/></R>");
   const Rows<int, bool, int, int, Text> rows = {
-      {7, false, 0, -1, "P"}, {7, false, 0, 0, "P"},       {7, false, 0, 5, "S"},
-      {7, false, 0, 6, "P"},  {7, true, 0, 5, "Q"},        {7, false, 1, 5, "Q"},
-      {9, false, 0, -1, "R"}, {9, false, 1, 40000, "W"},   {9, true, -9, 4, "W"},
-      {8, false, 1, -1, "R"}, {8, false, 2, -1, "V"},      {8, true, INT_MIN, -1, "V"},
-      {1, false, 0, 3, "R"},  {8, true, INT_MAX, -1, "V"}, {0, true, 0, -1, "R"}};
+      {7, false, 0, -1, "P"},    {7, false, 0, 0, "P"},       {7, false, 0, 5, "S"},
+      {7, false, 0, 6, "P"},     {7, true, 0, 5, "Q"},        {7, false, 1, 5, "Q"},
+      {9, false, 0, -1, "R"},    {9, false, 1, 40000, "W"},   {9, true, -9, 4, "W"},
+      {8, false, 1, -1, "R"},    {8, false, 2, -1, "V"},      {8, true, INT_MIN, -1, "V"},
+      {1, false, 0, 40000, "R"}, {8, true, INT_MAX, -1, "V"}, {0, true, 0, -1, "R"}};
   for (const auto& [value, recursive, depth, repeat, found] : rows) {
     RYXmlWrapperBase node(tree);
     EXPECT_EQ(rytree_find_node(&node, &node, "DataID", value, recursive, depth, repeat), *found != 'R');
@@ -195,6 +195,9 @@ TEST(RepeatId, written_without_bound_read_with_one) {
     EXPECT_EQ(VCTreeSetRepeatId(node, 0), 1);
     EXPECT_EQ(text(node), "<R/>");
   }
+  RYXmlWrapperBase zero = parse("<R RepeatID=\"0\"/>");
+  int id = 77;
+  EXPECT_EQ(VCTreeGetRepeatId(zero, id) + id, 0);
 }
 
 TEST(TagPath, reading_makes_nothing_writing_makes_the_path) {

@@ -211,18 +211,18 @@ TEST(NodeValues, LongTextsAreGivenBack) {
   Node source = at(top, {0});
   Node target = at(top, {1});
   source.SetPropertyValue("a", long_text.c_str()), source.CheckSetValue(0, long_text.c_str(), 0);
-  using Edit = void (*)(Node & from, Node & to);
-  const Edit kEdits[] = {
+  const std::vector<void (*)(Node&, Node&)> edits = {
+
       [](Node& from, Node& to) { to.Replace(from, 1, 0, 0); },
       [](Node& from, Node& to) { to.CopyAllAttributes(from, 1); },
       [](Node& from, Node& to) { to.CopyAllAttributes(from, 1), to.RemoveProperty("a"); },
       [](Node& from, Node& to) { to.CopyAllAttributes(from, 1), to.SetPropertyValue("a", 1); },
       [](Node& from, Node& to) { to.CopyAllAttributes(from, 1), to.SetPropertyValue("a", "x"); },
       [](Node& from, Node& to) { to.AddNodeCopy(from, 1), to.RemoveAllChildren(); }};
-  for (const auto& edit : kEdits) {
+  for (const auto& edit : edits) {
     const long before = most_memory_in_kib();
     for (int round = 0; round < 6000; ++round) edit(source, target);
-    EXPECT_LT(most_memory_in_kib() - before, 400000) << &edit - kEdits;
+    EXPECT_LT(most_memory_in_kib() - before, 400000) << &edit - edits.data();
   }
 }
 

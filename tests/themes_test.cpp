@@ -167,6 +167,7 @@ TEST(SavedValues, stops_of_the_plain_layer) {
   }
   const Rows<bool, bool> results = {
       {rytree_save_values_with_ids(&dead, ints, strings, "c", strings), false},
+      {vctree_save_values_with_ids(&dead, &good.ids.array(), &good.values.array(), "c", nullptr), false},
       {rytree_set_theme(nullptr, nullptr, ints, "c"), true},
       {rytree_set_theme(&dead, strings, strings, "c"), false},
       {rytree_set_theme(nullptr, ints, strings, "c"), false},

@@ -1,13 +1,11 @@
 // Reading and writing the branch that holds a theme.
 #include <rytree_Utils/themes.h>
 
-#include <algorithm>
-#include <climits>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
 #include "frame/children.h"
+#include "frame/decimal.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
 #include "themes/values_tree.h"
@@ -17,8 +15,7 @@ namespace {
 constexpr std::string_view kTagPrefix = "node";
 
 int id_of_tag(const CString& tag) {
-  const char* const number = tag.GetString() + (tag.View().starts_with(kTagPrefix) ? kTagPrefix.size() : 0);
-  return static_cast<int>(std::clamp<long>(std::strtol(number, nullptr, 10), INT_MIN, INT_MAX));
+  return leading_int(tag.GetString() + (tag.View().starts_with(kTagPrefix) ? kTagPrefix.size() : 0));
 }
 
 /// Makes `target` an empty "Settings" branch.

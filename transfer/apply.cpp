@@ -9,7 +9,7 @@
 #include "frame/host_arrays.h"
 #include "transfer/composite_id.h"
 #include "transfer/decoration.h"
-#include "transfer/id_index.h"
+#include "frame/id_index.h"
 #include "transfer/records.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include <rytree_Utils/transfer.h>
 
 #include "frame/children.h"
-#include "transfer/id_index.h"
+#include "frame/id_index.h"
 #include "transfer/records.h"
 
 namespace {

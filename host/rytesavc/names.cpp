@@ -36,7 +36,7 @@ bool ParsesAsName(std::string_view name) {
                                auto* const at = static_cast<Seen*>(data);
                                at->same = element == at->wanted && *attributes == nullptr;
                              });
-  const std::string text = "<" + std::string(name) + "/>";
+  const std::string text = std::string("<").append(name).append("/>");
   return XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), XML_TRUE) == XML_STATUS_OK &&
          seen.same;
 }

@@ -32,7 +32,7 @@ constexpr std::size_t kCostOfMarkup = 16;  // of an element or an attribute, bes
 // Expat goes down the stack for each entity that another one names.
 constexpr int kMostNestedEntities = 100;
 
-constexpr char kNoName[] = "a reserved or endless name";
+constexpr char kNoName[] = "a reserved or overlong name";
 
 int Digit(char c) {
   if (c >= '0' && c <= '9') return c - '0';
@@ -152,7 +152,6 @@ TextPosition Reader::Place() const {
 }
 
 void Reader::Stop(const char* problem) {
-  if (problem_ != nullptr) return;
   problem_ = problem;
   place_ = Place();
   XML_StopParser(parser_.get(), XML_FALSE);
@@ -164,15 +163,16 @@ void Reader::Count(std::size_t bytes) {
 }
 
 int Reader::OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
-  std::string known;
-  for (const char* at = name; *at != '\0'; ++at)
-    known += static_cast<char>(*at >= 'A' && *at <= 'Z' ? *at + 32 : *at);
-  const auto is = [&known](std::string_view start) { return known.compare(0, start.size(), start) == 0; };
+  const std::string_view all(name);
+  const auto is = [all](std::string_view start) {
+    return all.size() > start.size() && std::equal(start.begin(), start.end(), all.begin(),
+                                                   [](char a, char b) { return a == (b | 0x20); });
+  };
   if (!is("windows-125") && !is("cp125") && !is("iso-8859-")) return XML_STATUS_ERROR;
   encoding->data = nullptr;
   encoding->convert = nullptr;
   encoding->release = nullptr;
-  return SingleByteCodes(known.c_str(), encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
+  return SingleByteCodes(name, encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
 }
 
 // ---- Elements.

@@ -177,8 +177,8 @@ void Writer::End(const Node* node) {
 }
 
 void Writer::NewLine(std::size_t level) {
-  constexpr std::size_t kDeepest =
-      32;  // past it lines keep their indent, or deep trees would be mostly blanks
+  // Past this level the indent stays, or deep trees would be mostly blanks.
+  constexpr std::size_t kDeepest = 32;
   if (!layout_) return;
   char* const to = out.Open(1 + 2 * kDeepest);
   *to = '\n';

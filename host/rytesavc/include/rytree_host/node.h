@@ -12,7 +12,7 @@
 struct RYXmlFailure {
   const char* text;  ///< one line of English; "" after a success; good until the thread's next such call
   int line;          ///< of the XML text, from 1; 0 where the failure has no place in a text
-  int column;        ///< from 1, in bytes; 0 as above
+  int column;        ///< from 1, in characters; 0 as above
   long long offset;  ///< from the start of the text, in bytes; -1 as above
 };
 

@@ -1,0 +1,96 @@
+// An index of IDs: which place an ID has in an array.
+#pragma once
+
+#include <rytree_host/framework.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// Maps IDs to the first place they were added with. An array whose IDs lie close together has a plain table
+/// from the lowest to the highest. Any other is hashed, at a load of at most one half, into blocks of eight
+/// slots: eight IDs in a row share a block, so that IDs handed out in sequence stay together in memory.
+class IdIndex {
+ public:
+  IdIndex() : slots_(kFewest) {}
+  explicit IdIndex(const CArray<int, int>& ids) {
+    make_room(ids);
+    for (int place = 0; place < ids.GetSize(); ++place) {
+      const int first = add(ids[place], place);
+      if (first != place && (duplicate_ < 0 || first < duplicate_)) duplicate_ = first;
+    }
+  }
+
+  /// The place that counts for the ID: this one, or that of an equal ID added before.
+  int add(int id, int place) {
+    int& at = slots_.empty() ? plain_[offset(id)] : claim(id);
+    if (at < 0) at = place;
+    return at;
+  }
+  /// The place of the ID, -1 for none.
+  int find(int id) const {
+    if (!slots_.empty()) return slots_[seek(id)].place;
+    return offset(id) < plain_.size() ? plain_[offset(id)] : -1;
+  }
+  /// Of the entries of the array that have an equal one behind them the first, -1 for none.
+  int first_duplicate() const { return duplicate_; }
+
+ private:
+  struct Slot {
+    int id = 0;
+    int place = -1;
+  };
+  static constexpr std::size_t kBlock = 8;
+  static constexpr std::size_t kFewest = 2 * kBlock;
+
+  void make_room(const CArray<int, int>& ids) {
+    const auto [lowest, highest] = std::minmax_element(ids.begin(), ids.end());
+    const std::size_t wanted = 2 * static_cast<std::size_t>(ids.end() - ids.begin());
+    if (wanted == 0) return;
+    lowest_ = *lowest;
+    if (offset(*highest) < wanted) {
+      plain_.resize(offset(*highest) + 1, -1);
+    } else {
+      slots_.resize(std::bit_ceil(std::max(wanted, kFewest)));
+    }
+  }
+
+  std::uint32_t offset(int id) const {
+    return static_cast<std::uint32_t>(id) - static_cast<std::uint32_t>(lowest_);
+  }
+
+  // The slot of the ID, or the empty one where it belongs.
+  std::size_t seek(int id) const {
+    const auto word = static_cast<std::uint32_t>(id);
+    std::uint64_t mixed = (word / kBlock) * 0x9E3779B97F4A7C15u;
+    mixed = (mixed ^ mixed >> 32) * 0xD6E8FEB86659FD93u;
+    const std::size_t last = slots_.size() - 1;
+    std::size_t at = ((mixed >> 32) * kBlock + word % kBlock) & last;
+    while (slots_[at].place >= 0 && slots_[at].id != id) at = (at + 1) & last;
+    return at;
+  }
+
+  // The place in the slot of the ID, which is made if need be.
+  int& claim(int id) {
+    if (2 * count_ >= slots_.size()) grow();
+    Slot& slot = slots_[seek(id)];
+    if (slot.place < 0) ++count_;
+    slot.id = id;
+    return slot.place;
+  }
+  void grow() {
+    std::vector<Slot> former(2 * slots_.size());
+    former.swap(slots_);
+    for (const Slot& slot : former) {
+      if (slot.place >= 0) slots_[seek(slot.id)] = slot;
+    }
+  }
+
+  std::vector<int> plain_;   // places by ID, from the lowest on
+  std::vector<Slot> slots_;  // empty where the IDs have a plain table
+  std::size_t count_ = 0;
+  int lowest_ = 0;
+  int duplicate_ = -1;
+};
