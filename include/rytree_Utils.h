@@ -13,9 +13,25 @@
 // - A tree and an array belong to one thread at a time; different trees on different threads need no lock.
 #pragma once
 
+#include <rytree_Utils/arrange.h>
 #include <rytree_Utils/autosupport.h>
+#include <rytree_Utils/bulk.h>
 #include <rytree_Utils/changes.h>
+#include <rytree_Utils/edit.h>
+#include <rytree_Utils/enumerate.h>
+#include <rytree_Utils/filter.h>
+#include <rytree_Utils/fitting.h>
 #include <rytree_Utils/frame.h>
+#include <rytree_Utils/homologous.h>
+#include <rytree_Utils/keyvalue.h>
 #include <rytree_Utils/lookup.h>
+#include <rytree_Utils/paths.h>
+#include <rytree_Utils/plot.h>
+#include <rytree_Utils/range_iterators.h>
+#include <rytree_Utils/ranges.h>
+#include <rytree_Utils/reports.h>
+#include <rytree_Utils/search.h>
+#include <rytree_Utils/stats.h>
+#include <rytree_Utils/theme_lookup.h>
 #include <rytree_Utils/themes.h>
 #include <rytree_Utils/transfer.h>

@@ -100,9 +100,20 @@ class Forest {
     swap_content(target, content);
     return true;
   }
-  bool exchange(Node* a, Node* b) {
-    if (!valid(a) || !valid(b) || root_of(a) != root_of(b) || depth_of(a) != depth_of(b)) return false;
-    swap_content(a, b);
+  static bool arrange(Node* node, std::vector<int> order) {
+    if (!valid(node) || order.size() != node->children.size()) return false;
+    std::vector<int> sorted(order);
+    std::sort(sorted.begin(), sorted.end());
+    for (std::size_t i = 0; i < sorted.size(); ++i) {
+      if (sorted[i] != static_cast<int>(i)) return false;
+    }
+    for (std::size_t i = 0; i < order.size(); ++i) {
+      const auto from = static_cast<std::size_t>(order[i]);
+      if (from == i) continue;
+      swap_content(node->children[i], node->children[from]);
+      const auto waiting = order.begin() + static_cast<std::ptrdiff_t>(i) + 1;
+      *std::find(waiting, order.end(), static_cast<int>(i)) = order[i];
+    }
     return true;
   }
 

@@ -55,11 +55,11 @@ class Duel {
       remove(big(a) ? a : b, any());
     } else {
       using Edit = void (Duel::*)(Handle&, Handle&);
-      static constexpr Edit kEdits[] = {&Duel::add,      &Duel::add,   &Duel::add,       &Duel::insert,
-                                        &Duel::insert,   &Duel::copy,  &Duel::remove,    &Duel::replace,
-                                        &Duel::exchange, &Duel::clone, &Duel::attribute, &Duel::attributes,
-                                        &Duel::value,    &Duel::walk,  &Duel::walk,      &Duel::take,
-                                        &Duel::take,     &Duel::take,  &Duel::take};
+      static constexpr Edit kEdits[] = {&Duel::add,     &Duel::add,   &Duel::add,       &Duel::insert,
+                                        &Duel::insert,  &Duel::copy,  &Duel::remove,    &Duel::replace,
+                                        &Duel::arrange, &Duel::clone, &Duel::attribute, &Duel::attributes,
+                                        &Duel::value,   &Duel::walk,  &Duel::walk,      &Duel::take,
+                                        &Duel::take,    &Duel::take,  &Duel::take};
       (this->*kEdits[below(std::size(kEdits))])(a, b);
     }
   }
@@ -160,11 +160,14 @@ class Duel {
     const int real = way == 2 ? a.real.ReplaceByNodeCopy(b.real, 1, 0) : a.real.Replace(b.real, 1, way, 0);
     same(real, forest_.replace(a.twin, b.twin, way == 1));
   }
-  void exchange(Handle& a, Handle& b) {
-    a.real.NextSibling(b.real);
-    if (model::valid(a.twin)) b.twin = sibling(a.twin, 1);
-    if (below(4) == 0) b = any();
-    if (a.twin != b.twin) same(a.real.ExchangeContent(b.real), forest_.exchange(a.twin, b.twin));
+  void arrange(Handle& a, Handle&) {
+    std::vector<int> order(static_cast<std::size_t>(a.real.GetNodeCount()));
+    std::iota(order.begin(), order.end(), 0);
+    std::shuffle(order.begin(), order.end(), random_);
+    if (!order.empty() && below(4) == 0) order.back() = below(6) - 1;
+    CArray<int, int> places;
+    for (const int place : order) places.Add(place);
+    same(a.real.ArrangeChildren(places), model::Forest::arrange(a.twin, order));
   }
   void attribute(Handle& a, Handle&) {
     const std::size_t at = random_() % std::size(kNames);

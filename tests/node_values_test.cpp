@@ -104,6 +104,7 @@ TEST(NodeValues, DoublesAreShortAndComeBackInAnyLocale) {
         << text;
   }
   std::locale::global(former);
+  std::setlocale(LC_NUMERIC, "C");
 }
 
 TEST(NodeValues, ValuesOfOtherKinds) {

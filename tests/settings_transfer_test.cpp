@@ -1,70 +1,16 @@
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <sstream>
 #include <string>
 
-#include "tree_text.h"
-
-namespace fs = std::filesystem;
+#include "run_program.h"
 
 namespace {
 
-std::string content(const fs::path& file) {
-  std::ostringstream text;
-  text << std::ifstream(file).rdbuf();
-  return text.str();
-}
-
-/// A folder to run the program in.
-class SettingsTransfer : public testing::Test {
- protected:
-  SettingsTransfer() { fs::create_directories(folder_ / "folder"); }
-  ~SettingsTransfer() override { fs::remove_all(base_); }
-
-  void write(const char* name, const std::string& xml) const { std::ofstream(folder_ / name) << xml; }
-  std::string tree(const char* name) const {
-    RYXmlWrapperBase root;
-    EXPECT_NE(root.load((folder_ / name).c_str(), 0), 0) << name;
-    return text(root);
-  }
-
-  /// Runs the program with a line of arguments and gives its status; `out` and `err` get what it prints.
-  int run(const std::string& arguments) {
-    const std::string command =
-        "cd '" + folder_.string() + "' && '" PROGRAM_PATH "' " + arguments + " >../out 2>../err";
-    const int status = std::system(command.c_str());
-    out = content(base_ / "out");
-    err = content(base_ / "err");
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-
-  /// Every file in the folder, with its text.
-  std::map<std::string, std::string> files() const {
-    std::map<std::string, std::string> all;
-    for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
-      all[entry.path().string()] = entry.is_regular_file() ? content(entry) : "";
-    }
-    return all;
-  }
-
-  std::string out;
-  std::string err;
-
- private:
-  fs::path base_ = fs::path(testing::TempDir()) / ("settings_transfer_" + std::to_string(getpid()));
-  fs::path folder_ = base_ / "work";
-};
+using SettingsTransfer = ProgramTest;
 
 TEST_F(SettingsTransfer, values_theme_marks_and_report) {
-  write("source.xml",
-        R"(<S><A DataID="1">für 日本</A><B DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1">7</C></B>
+  write(
+      "source.xml",
+      R"(<S><A DataID="1">für 日本</A><B DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1" DynaUseChck="0">7</C></B>
 <D DataID="1">no</D><E RepeatID="128"><F DataID="4">abcdefghijklmnopqrstuvwxyz</F><G DataID="5"/></E><H Name="n" Label="l"/>
 <I DataID="9">9</I></S>)");
   write("target.xml", R"(<T><A1 DataID="1" OldValue="o">alt</A1><X DataID="2"><C DataID="3" Auto="0">6</C></X>
@@ -76,26 +22,27 @@ target    target.xml: 7 nodes, 5 matched
 warning   Missing DataID for Node with Name = , Label = 
 warning   1 value left out: the ID stood before in the source, and the first one is used
 no node   1 ID: 9
-changed   4 nodes (marked with OldValue), 2 attributes
-  node        old value  new value
-  T.A1        alt        für 日本
-  T.X@Use     (none)     1
-  T.X.C       6          7
-  T.X.C@Auto  0          1|Auto|1
-  T.Z.F       空         abcdefghijklmnopqrstuvwx…
-  T.Z.F       a\nb       (empty)
+changed   4 nodes (marked with OldValue), 3 attributes
+  node               old value  new value
+  T.A1               alt        für 日本
+  T.X@Use            (none)     1
+  T.X.C              6          7
+  T.X.C@Auto         0          1|Auto|1
+  T.X.C@DynaUseChck  (none)     0
+  T.Z.F              空         abcdefghijklmnopqrstuvwx…
+  T.Z.F              a\nb       (empty)
 theme     result.theme.xml: 7 values, read back and equal
 result    result.xml
 )");
   EXPECT_EQ(
       tree("result.xml"),
       R"(<T><A1 DataID="1" OldValue="alt">für 日本</A1><X DataID="2" Use="1">)"
-      R"(<C DataID="3" Auto="1|Auto|1" OldValue="6">7</C></X><Y DataID="6">y</Y><Z RepeatID="128">)"
+      R"(<C DataID="3" Auto="1|Auto|1" DynaUseChck="0" OldValue="6">7</C></X><Y DataID="6">y</Y><Z RepeatID="128">)"
       R"(<F DataID="4" OldValue="空">abcdefghijklmnopqrstuvwxyz</F><F DataID="5" OldValue="a&#10;b"/></Z></T>)");
   EXPECT_EQ(
       tree("result.theme.xml"),
       R"(<Settings _NodeID="0" Comment="Values of source.xml">Settings<node1>für 日本</node1><node2>1</node2>)"
-      R"(<node3>::{Auto=1|Auto|1}7</node3><node1>no</node1><node8388612>abcdefghijklmnopqrstuvwxyz</node8388612>)"
+      R"(<node3>::{Auto=1|Auto|1}::{DynaUseChck=0}7</node3><node1>no</node1><node8388612>abcdefghijklmnopqrstuvwxyz</node8388612>)"
       R"(<node8388613/><node9>9</node9></Settings>)");
 }
 
@@ -130,6 +77,7 @@ TEST_F(SettingsTransfer, failures_change_no_file) {
        "conflict.xml: Repeat ID conflict for Node with Name = C, Label = c\\nd, Repeat ID = 3"},
       {"good.xml target.xml r.xml folder/../good.xml", "folder/../good.xml: THEME would overwrite good.xml"},
       {"good.xml target.xml r.xml ./r.xml", "./r.xml: THEME would overwrite r.xml"},
+      {"good.xml target.xml ./r.xml r.xml", "r.xml: THEME would overwrite ./r.xml"},
       {"good.xml target.xml r.xml folder", "folder: not a regular file"},
       {"good.xml target.xml r.xml lost/t.xml", "lost/t.xml: cannot write: No such file or directory"},
       {"good.xml target.xml folder theme.xml", "folder: cannot write: Is a directory"},

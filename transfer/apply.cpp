@@ -7,9 +7,9 @@
 
 #include "frame/children.h"
 #include "frame/host_arrays.h"
+#include "frame/id_index.h"
 #include "transfer/composite_id.h"
 #include "transfer/decoration.h"
-#include "frame/id_index.h"
 #include "transfer/records.h"
 
 namespace {

@@ -2,9 +2,9 @@
 #include <rytree_Utils/transfer.h>
 
 #include "frame/children.h"
+#include "frame/id_index.h"
 #include "transfer/composite_id.h"
 #include "transfer/decoration.h"
-#include "frame/id_index.h"
 #include "transfer/records.h"
 
 namespace {

@@ -22,7 +22,8 @@ const char* const kHelp =
     "  --help                shows this text\n"
     "\n"
     "RESULT may be SOURCE or TARGET. Files that exist are replaced as a whole or not at all.\n"
-    "The exit status is 0, or 2 with one line on standard error and RESULT and THEME untouched.\n";
+    "The exit status is 0; 2 with one line on standard error, RESULT and THEME untouched; or 1 if only the\n"
+    "report could not be written.\n";
 
 namespace {
 

@@ -22,10 +22,12 @@ class Comparison {
     RYXmlWrapperBase old_child;
     RYXmlWrapperBase child;
     before.FirstChild(old_child);
-    for (after.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) {
+    after.FirstChild(child);
+    while (old_child.IsNodeValid() != 0 && child.IsNodeValid() != 0) {
       compare(old_child, child);
       walk(old_child, child);
       old_child.NextSibling(old_child);
+      child.NextSibling(child);
     }
     path_.resize(end_of_path);
   }

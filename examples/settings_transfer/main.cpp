@@ -52,7 +52,9 @@ int main(int count, char** words) {
     } else {
       run(arguments);
     }
-    return 0;
+    if (std::cout.flush()) return 0;
+    std::cerr << "settings_transfer: cannot write to standard output\n";
+    return 1;
   } catch (const std::exception& failure) {
     std::cerr << "settings_transfer: " << one_line(failure.what()) << '\n';
     return 2;

@@ -1,20 +1,14 @@
 #include "report.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <algorithm>
 
 #include "columns.h"
+#include "terminal.h"
 
 namespace {
 
 constexpr int kOtherLines = 12;  // of the report, beside the changes
 constexpr std::size_t kIdsShown = 4;
-
-std::string counted(int count, const char* one, const char* more) {
-  return std::to_string(count) + ' ' + (count == 1 ? one : more);
-}
 
 /// One line of the report: a word and what there is to say.
 void line(std::ostream& out, const char* word, const std::string& text) {
@@ -65,11 +59,9 @@ void print_changes(std::ostream& out, const Outcome& outcome, int columns) {
 
 Screen Screen::of_standard_output() {
   Screen screen;
-  winsize size{};
-  if (isatty(STDOUT_FILENO) != 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_row > 0) {
-    screen.columns = std::max<int>(size.ws_col, 40);
-    screen.change_limit = std::max(size.ws_row - kOtherLines, 5);
-  }
+  const Terminal terminal = Terminal::of_standard_output();
+  if (terminal.columns > 0) screen.columns = terminal.columns;
+  if (terminal.lines > 0) screen.change_limit = std::max(terminal.lines - kOtherLines, 5);
   return screen;
 }
 

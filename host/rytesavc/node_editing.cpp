@@ -1,5 +1,6 @@
 // Walking by index, finding, adding and removing nodes.
 #include <climits>
+#include <vector>
 
 #include "node_access.h"
 
@@ -204,12 +205,14 @@ int RYXmlWrapperBase::ReplaceByNodeCopy(const RYXmlWrapperBase& src, int, int) {
   return Replace(src, 1, 0, 0);
 }
 
-int RYXmlWrapperBase::ExchangeContent(RYXmlWrapperBase& other) {
-  if (IsNodeValid() == 0 || other.IsNodeValid() == 0 || tree_ != other.tree_ ||
-      node_->depth != other.node_->depth) {
-    return 0;
+int RYXmlWrapperBase::ArrangeChildren(const CArray<int, int>& order) {
+  if (IsNodeValid() == 0 || order.GetSize() != GetNodeCount()) return 0;
+  std::vector<bool> named(node_->child_count);
+  for (const int place : order) {
+    if (place < 0 || place >= order.GetSize() || named[static_cast<std::size_t>(place)]) return 0;
+    named[static_cast<std::size_t>(place)] = true;
   }
-  if (node_ != other.node_) tree_->ExchangeContent(node_, other.node_);
+  tree_->ArrangeChildren(node_, order.GetData());
   return 1;
 }
 

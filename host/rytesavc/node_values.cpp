@@ -7,7 +7,6 @@
 
 using rytesavc::NumberText;
 using rytesavc::ReadNumber;
-using rytesavc::Tree;
 using rytesavc::Value;
 
 namespace {
@@ -79,7 +78,7 @@ int RYXmlWrapperBase::WriteAttribute(const PropertyName& name, const Write& writ
     if (name != nullptr) interned = tree_->Intern(std::string_view(name));
   }
   if (interned == nullptr) return 0;
-  if (write(tree_->AddAttribute(node_, interned))) return 1;
+  if (write(tree_->AppendAttribute(node_, interned))) return 1;
   tree_->RemoveAttribute(node_, interned);
   return 0;
 }

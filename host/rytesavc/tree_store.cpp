@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <new>
+#include <vector>
 
 namespace rytesavc {
 
@@ -248,29 +249,47 @@ void Tree::FreeChildren(Node* node) {
   node->child_count = 0;
 }
 
+namespace {
+
+// Puts what a node holds into another; what makes the other one itself stays: its generation and where it
+// hangs.
+void PutContent(Node* target, const Node& content) {
+  Node node = content;
+  node.generation = target->generation;
+  node.parent = target->parent;
+  node.next = target->next;
+  node.previous = target->previous;
+  node.depth = target->depth;
+  *target = node;
+  for (Node* child = target->first; child != nullptr; child = child->next) child->parent = target;
+}
+
+}  // namespace
+
 void Tree::TakeContent(Node* target, Node* source, bool keep_tag) {
   FreeChildren(target);
   ClearAttributes(target);
   if (target->text.kind() == Value::kLong) FreeText(target->text);
   target->text = Value();
   if (keep_tag) source->tag = target->tag;
-  ExchangeContent(target, source);
+  PutContent(target, *source);
+  source->text = Value();
+  source->attributes = nullptr;
+  source->attribute_count = source->attribute_capacity = 0;
   FreeNode(source);
 }
 
-void Tree::ExchangeContent(Node* a, Node* b) {
+void Tree::ArrangeChildren(Node* parent, const int* order) {
+  // Contents are gathered by reads that do not wait for each other, then written in line.
+  std::vector<Node*> places;
+  places.reserve(parent->child_count);
+  for (Node* child = parent->first; child != nullptr; child = child->next) places.push_back(child);
+  std::vector<Node> contents(places.size());
+  for (std::size_t i = 0; i < places.size(); ++i) contents[i] = *places[static_cast<std::size_t>(order[i])];
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (order[i] != static_cast<int>(i)) PutContent(places[i], contents[i]);
+  }
   seen_parent_ = nullptr;
-  std::swap(a->child_count, b->child_count);
-  std::swap(a->tag, b->tag);
-  std::swap(a->first, b->first);
-  std::swap(a->last, b->last);
-  std::swap(a->attributes, b->attributes);
-  std::swap(a->attribute_count, b->attribute_count);
-  std::swap(a->attribute_capacity, b->attribute_capacity);
-  std::swap(a->text, b->text);
-  std::swap(a->id, b->id);
-  for (Node* child = a->first; child != nullptr; child = child->next) child->parent = a;
-  for (Node* child = b->first; child != nullptr; child = child->next) child->parent = b;
 }
 
 Node* Tree::CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth) {
@@ -402,9 +421,12 @@ void Tree::ReserveAttributes(Node* node, std::uint32_t capacity) {
 Value& Tree::AddAttribute(Node* node, const Name* name) {
   if (const Attribute* const found = node->Find(name))
     return node->attributes[found - node->attributes].value;
+  return AppendAttribute(node, name);
+}
+
+Value& Tree::AppendAttribute(Node* node, const Name* name) {
   if (node->attribute_count == node->attribute_capacity) {
-    ReserveAttributes(node,
-                      std::max(2U, node->attribute_capacity + std::max(2U, node->attribute_capacity / 2)));
+    ReserveAttributes(node, node->attribute_capacity + std::max(2U, node->attribute_capacity / 2));
   }
   return (new (&node->attributes[node->attribute_count++]) Attribute{name, {}})->value;
 }

@@ -30,8 +30,12 @@ class CArray {
   void RemoveAll() noexcept { items_.clear(); }
 
   /// Puts an element behind the last one and gives its index.
-  int Add(T value) {
-    items_.push_back(Slot{std::move(value)});
+  int Add(const T& value) {
+    items_.emplace_back(value);
+    return GetUpperBound();
+  }
+  int Add(T&& value) {
+    items_.emplace_back(std::move(value));
     return GetUpperBound();
   }
   /// Puts the elements of another array, or of this one, behind the last one and gives the index of the
@@ -78,7 +82,9 @@ class CArray {
  private:
   // std::vector packs plain bools into bits, and a bit has no address.
   struct Wrapped {
-    T value;
+    Wrapped() = default;
+    explicit Wrapped(T wrapped) : value(wrapped) {}
+    T value = T();
   };
   using Slot = std::conditional_t<std::is_same_v<T, bool>, Wrapped, T>;
   static_assert(sizeof(Slot) == sizeof(T));

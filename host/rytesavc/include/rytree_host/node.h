@@ -89,6 +89,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int GetChild(RYXmlWrapperBase& out, int index) const;
   /// The number of children, O(1).
   int GetNodeCount() const { return IsNodeValid() != 0 ? static_cast<int>(node_->child_count) : 0; }
+  /// The number of nodes of the whole tree, O(1): what a walk from its root can make room for.
+  int GetTreeSize() const { return IsNodeValid() != 0 ? static_cast<int>(tree_->node_count()) : 0; }
   /// The argument has no effect.
   int HasChildren(int) const { return IsNodeValid() != 0 && node_->first != nullptr ? 1 : 0; }
   /// A leaf without text.
@@ -223,10 +225,11 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// effect.
   int Replace(const RYXmlWrapperBase& src, int, int keepTag, int);
   int ReplaceByNodeCopy(const RYXmlWrapperBase& src, int, int);
-  /// Exchanges tag, node ID, attributes, text and children with another node of the same tree, neither below
-  /// the other and both of the same depth. Nothing is copied: both handles stay good, and handles below go
-  /// with the content.
-  int ExchangeContent(RYXmlWrapperBase& other);
+  /// Rearranges the contents of the children: tag, node ID, attributes, text and children of the child at
+  /// place `order[i]` go to place i. Places stay: a handle on a child stands on the same place afterwards,
+  /// handles below go with the content, nothing is copied. Refused if the order does not name every place
+  /// once.
+  int ArrangeChildren(const CArray<int, int>& order);
   /// Removes children and text; tag, node ID and attributes stay. The int has no effect.
   int ResetNode(int);
   /// One element without declaration or indentation, self-closed if the node has neither text nor children.

@@ -112,6 +112,7 @@ class RYTREE_API Tree {
   const Name* Intern(std::string_view name);
   const Name* Intern(const Name* name, const Tree& of_tree);
   std::uint32_t name_count() const { return name_count_; }
+  std::size_t node_count() const { return node_count_; }
   // About what a copy of the tree takes.
   std::size_t expected_bytes() const;
 
@@ -124,7 +125,7 @@ class RYTREE_API Tree {
   void FreeChildren(Node* node);
   void ClearAttributes(Node* node);
   void TakeContent(Node* target, Node* source, bool keep_tag);
-  void ExchangeContent(Node* a, Node* b);
+  void ArrangeChildren(Node* parent, const int* order);
   Node* Copy(const Node* source, const Tree& source_tree, std::uint32_t depth);
   bool CopyAttributes(Node* target, const Node* source, const Tree& source_tree);
   Node* Child(const Node* parent, std::uint32_t index) const;
@@ -137,6 +138,7 @@ class RYTREE_API Tree {
     value.body_.number = number;
   }
   Value& AddAttribute(Node* node, const Name* name);
+  Value& AppendAttribute(Node* node, const Name* name);  // one that the node has not
   void ReserveAttributes(Node* node, std::uint32_t capacity);
   bool RemoveAttribute(Node* node, const Name* name);
 

@@ -1,10 +1,10 @@
-// What ends the program early.
+// What ends a program early.
 #pragma once
 
 #include <stdexcept>
 #include <string>
 
-/// Carries the one line that the program prints on standard error before it ends with status 2.
+/// Carries the one line that a program prints on standard error before it ends with status 2.
 struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

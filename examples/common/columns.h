@@ -28,3 +28,6 @@ std::string one_line(std::string_view text);
 
 /// `text` with blanks up to so many columns.
 std::string pad(std::string text, int columns);
+
+/// "1 node", "2 nodes".
+std::string counted(int count, const char* one, const char* more);

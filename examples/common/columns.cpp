@@ -47,7 +47,8 @@ std::string escape(char32_t code) {
 Cell::Cell(std::string_view text) {
   constexpr std::size_t kMostGlyphs = 2000;  // no screen is wider
   const std::string ended(text.substr(0, kMostGlyphs * 4));
-  for (const char* at = ended.c_str(); *at != '\0' && glyphs_.size() < kMostGlyphs;) {
+  const char* at = ended.c_str();
+  while (*at != '\0' && glyphs_.size() < kMostGlyphs) {
     const char* const start = at;
     const char32_t code = utf8::next(at);
     if (code >= utf8::kStray || code < 0x20 || (code >= 0x7F && code < 0xA0)) {
@@ -58,6 +59,9 @@ Cell::Cell(std::string_view text) {
     }
     width_ += glyphs_.back().width;
   }
+  if (*at == '\0') return;
+  glyphs_.push_back({"…", 1});
+  ++width_;
 }
 
 std::string Cell::fit(int columns, bool cut_front) const {
@@ -86,4 +90,8 @@ std::string pad(std::string text, int columns) {
   const int missing = columns - Cell(text).width();
   if (missing > 0) text.append(static_cast<std::size_t>(missing), ' ');
   return text;
+}
+
+std::string counted(int count, const char* one, const char* more) {
+  return std::to_string(count) + ' ' + (count == 1 ? one : more);
 }

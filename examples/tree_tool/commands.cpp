@@ -1,0 +1,121 @@
+#include "commands.h"
+
+#include <algorithm>
+#include <array>
+
+#include "columns.h"
+
+namespace {
+
+constexpr std::array kCommands = {
+    Command{
+        "show", "FILE [--branches] [--level N]",
+        "prints the tree with row numbers, levels, labels and values\n"
+        "\n"
+        "  --branches  only nodes with children\n"
+        "  --level N   only the root, at level 0, and the N levels below it, N being 1 to 256\n"
+        "\n"
+        "Rows count what is shown. Those of the whole tree are what PATH takes, and those with options\n"
+        "are what move with the same options takes. Colour goes to a terminal only, and not with NO_COLOR\n"
+        "in the environment.\n",
+        false, show},
+    Command{"path", "FILE PATH", "prints row number, level, path, label and value of one node\n", false,
+            path},
+    Command{"find", "FILE ATTRIBUTE=VALUE… [--ignore-case]",
+            "prints row number, path, label and value of all nodes that have all these attributes\n", false,
+            find},
+    Command{
+        "filter",
+        "FILE --data-id N\n"
+        "      (--attribute NAME (--text T [--case] [--start] | --match PATTERN [--case]) |\n"
+        "       --include TEXT --include-id N [--include-mode MODE]\n"
+        "       --exclude TEXT --exclude-id N [--exclude-mode MODE])",
+        "removes, of the nodes with the DataID N, those that fail a test\n"
+        "\n"
+        "A node stays if its attribute NAME\n"
+        "  --text T         holds T, with --start begins with it\n"
+        "  --match PATTERN  is matched by PATTERN, in which * and ? stand for any text and any character\n"
+        "  --case           where upper and lower case differ\n"
+        "or if the texts below it pass both of these tests, each TEXT option adding to its list:\n"
+        "  --include TEXT   is among the texts of the nodes with the DataID --include-id:\n"
+        "                   MODE all (if not given) of the list, or any of it\n"
+        "  --exclude TEXT   is not among those of --exclude-id: MODE any (if not given) of the list, or\n"
+        "                   all of it; or MODE only: no text of --include-id is outside the include list\n",
+        true, filter},
+    Command{"sort", "FILE PATH ATTRIBUTE [--descending]",
+            "sorts the children of a node by an int attribute\n"
+            "\n"
+            "Children without the attribute stay where they are.\n",
+            true, sort},
+    Command{
+        "move", "FILE FROM TO [--branches] [--level N]",
+        "moves a node to another row\n"
+        "\n"
+        "FROM and TO are row numbers, as show with the same options prints them. Up it comes to stand\n"
+        "before the node of TO, down behind it, and always at its level. The TO \"end\" makes it the last\n"
+        "child of the root.\n",
+        true, move},
+    Command{
+        "renumber", "FILE PATH PREFIX",
+        "gives the children PREFIX7, PREFIX3, … of a node the tags PREFIX1, PREFIX2, … in their order\n"
+        "\n"
+        "The prefix is found without regard to case. Children of other tags, and those without a number,\n"
+        "stay as they are.\n",
+        true, renumber},
+    Command{
+        "pairs", "FILE PATH [TEXT] [--key-separator C] [--pair-separator C]",
+        "prints the children of a node as \"tag=value,tag=value,\", or replaces them by such a TEXT\n"
+        "\n"
+        "The separators are = and , if not given. Only tags and values of the children take part; nothing\n"
+        "is quoted.\n",
+        true, pairs},
+    Command{"set", "FILE PATH [ATTRIBUTE=VALUE…] [--value TEXT]", "sets attributes and the value of a node\n",
+            true, set},
+    Command{"prune-empty", "FILE [PATH]",
+            "removes empty leaves, and branches that hold nothing else, from the tree or below a node\n",
+            true, prune_empty}};
+
+constexpr const char* kCommonHelp =
+    "\n"
+    "A PATH is the tags from the root down with full stops between them (\"Root.Plot.Axis\", without regard "
+    "to\n"
+    "case, the first of several equal tags), or a row number as show prints it.\n";
+
+constexpr const char* kWriteHelp =
+    "\n"
+    "  -o FILE     writes the changed tree there\n"
+    "  --in-place  writes it in the place of the file that was read\n"
+    "\n"
+    "Without either nothing is written. A file is replaced as a whole or not at all.\n";
+
+}  // namespace
+
+const Command* find_command(const std::string& name) {
+  const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
+                                         [&](const Command& command) { return name == command.name; });
+  return found == kCommands.end() ? nullptr : found;
+}
+
+std::string usage(const Command& command) {
+  return std::string(command.usage) + (command.writes ? " [-o FILE | --in-place]" : "");
+}
+
+std::string help(const Command& command) {
+  std::string text = std::string("tree_tool ") + command.name + ' ' + usage(command) + "\n\n" + command.help;
+  if (usage(command).find("PATH") != std::string::npos) text += kCommonHelp;
+  if (command.writes) text += kWriteHelp;
+  return text;
+}
+
+std::string help() {
+  std::string text =
+      "tree_tool COMMAND FILE …\n\nLooks at the tree in an XML file, and makes small repairs.\n\n";
+  for (const Command& command : kCommands) {
+    const std::string line = command.help;
+    text += "  " + pad(command.name, 13) + line.substr(0, line.find('\n') + 1);
+  }
+  return text + kCommonHelp + kWriteHelp +
+         "\ntree_tool COMMAND --help tells the rest. The exit status is 0; 1 if what was asked for is not "
+         "in\n"
+         "the tree; 2 for any other failure, with one line on standard error.\n";
+}

@@ -1,0 +1,48 @@
+// The commands of the program.
+#pragma once
+
+#include <string>
+
+#include "arguments.h"
+#include "document.h"
+
+/// What a command has to print, and whether it changed the tree.
+struct Outcome {
+  std::string text;
+  bool changed = false;
+};
+
+struct Command {
+  const char* name;
+  const char* usage;  // also tells the parser what the command takes
+  const char* help;   // what it does in one line, then the rest
+  bool writes;        // takes -o and --in-place
+  Outcome (*run)(Document& document, const Arguments& arguments);
+};
+
+/// Null if there is none of that name.
+const Command* find_command(const std::string& name);
+
+/// What stands behind the name of the command on the command line.
+std::string usage(const Command& command);
+
+std::string help(const Command& command);
+std::string help();
+
+// Looking.
+Outcome show(Document& document, const Arguments& arguments);
+Outcome path(Document& document, const Arguments& arguments);
+Outcome find(Document& document, const Arguments& arguments);
+
+// Thinning.
+Outcome filter(Document& document, const Arguments& arguments);
+Outcome prune_empty(Document& document, const Arguments& arguments);
+
+// Another order.
+Outcome sort(Document& document, const Arguments& arguments);
+Outcome move(Document& document, const Arguments& arguments);
+Outcome renumber(Document& document, const Arguments& arguments);
+
+// Other contents.
+Outcome pairs(Document& document, const Arguments& arguments);
+Outcome set(Document& document, const Arguments& arguments);

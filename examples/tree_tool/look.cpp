@@ -1,0 +1,41 @@
+// The commands that only look.
+#include "columns.h"
+#include "commands.h"
+#include "listing.h"
+#include "rows.h"
+
+Outcome show(Document& document, const Arguments& arguments) {
+  Listing listing(Terminal::of_standard_output());
+  listing.add_heading();
+  visit_rows(document.root, row_flags(arguments),
+             [&](RYXmlWrapperBase& node, int row, int level) { listing.add(node, row, level); });
+  return {listing.text()};
+}
+
+Outcome path(Document& document, const Arguments& arguments) {
+  Place place = document.at(arguments.words[1]);
+  const CString label = rytree_get_node_label(&place.node, true);
+  return {"row    " + std::to_string(place.row) + "\nlevel  " + std::to_string(place.level) + "\npath   " +
+          one_line(place.path.View()) + "\nlabel  " + one_line(label.View()) + "\nvalue  " +
+          one_line(value_of(place.node)) + '\n'};
+}
+
+Outcome find(Document& document, const Arguments& arguments) {
+  HostStringArray names;
+  HostStringArray values;
+  for (const auto& [name, value] : arguments.assignments(1)) {
+    names.array().Add(name.c_str());
+    values.array().Add(value.c_str());
+  }
+  const int ignore_case = arguments.has("--ignore-case") ? 1 : 0;
+  Listing listing(Terminal::of_standard_output());
+  visit_rows(document.root, 0, [&](RYXmlWrapperBase& node, int row, int /*level*/) {
+    if (rytree_check_node_str_attr(&node, &names, &values, ignore_case) != 1) return;
+    CString path;
+    VCTreeGetPathStr(path, &node);
+    listing.add(node, row, path);
+  });
+  const std::string lines = listing.text();
+  if (lines.empty()) document.miss("no node has these attributes");
+  return {lines};
+}

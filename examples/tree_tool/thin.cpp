@@ -1,0 +1,72 @@
+// The commands that remove nodes.
+#include <algorithm>
+#include <initializer_list>
+
+#include "columns.h"
+#include "commands.h"
+
+namespace {
+
+bool any_of(const Arguments& arguments, std::initializer_list<const char*> options) {
+  return std::any_of(options.begin(), options.end(),
+                     [&](const char* option) { return arguments.has(option); });
+}
+
+/// The tests on one attribute.
+void filter_by_attribute(RYXmlWrapperBase& root, int id, const Arguments& arguments) {
+  const bool by_text = arguments.has("--text");
+  if (by_text == arguments.has("--match")) throw Failure("--attribute goes with one of --text and --match");
+  if (arguments.has("--start") && !by_text) throw Failure("--start goes with --text");
+  const std::string name = arguments.text("--attribute");
+  const int with_case = arguments.has("--case") ? 1 : 0;
+  if (by_text) {
+    rytree_filter_by_attrib_find(&root, id, name.c_str(), arguments.text("--text").c_str(), with_case,
+                                 arguments.has("--start") ? 1 : 0);
+  } else {
+    rytree_filter_by_attrib_match(&root, id, name.c_str(), arguments.text("--match").c_str(), with_case);
+  }
+}
+
+/// The tests on the texts below a node.
+void filter_by_texts(RYXmlWrapperBase& root, int id, const Arguments& arguments) {
+  HostStringArray includes;
+  HostStringArray excludes;
+  for (const std::string& text : arguments.texts("--include")) includes.array().Add(text.c_str());
+  for (const std::string& text : arguments.texts("--exclude")) excludes.array().Add(text.c_str());
+  // The modes are the library's, in its order.
+  const int include_mode = arguments.choice("--include-mode", {"all", "any"}, "all");
+  const int exclude_mode = arguments.choice("--exclude-mode", {"only", "any", "all"}, "any");
+  const int include_id = arguments.has("--include") ? arguments.number("--include-id") : 0;
+  const int exclude_id = arguments.has("--exclude") ? arguments.number("--exclude-id") : 0;
+  rytree_filter(&root, id, include_mode, include_id, &includes, exclude_mode, exclude_id, &excludes);
+}
+
+Outcome removed(Document& document, int before) {
+  const int now = document.count();
+  return {"removed " + std::to_string(before - now) + " of " + counted(before, "node", "nodes"), true};
+}
+
+}  // namespace
+
+Outcome filter(Document& document, const Arguments& arguments) {
+  const int id = arguments.number("--data-id");
+  const int before = document.count();
+  const bool by_texts = any_of(arguments, {"--include", "--exclude"});
+  const bool by_attribute = any_of(arguments, {"--attribute", "--text", "--match", "--start", "--case"});
+  if (by_texts == by_attribute) throw Failure("a filter has either --attribute, or --include and --exclude");
+  if (by_texts) {
+    filter_by_texts(document.root, id, arguments);
+  } else {
+    filter_by_attribute(document.root, id, arguments);
+  }
+  if (document.root.IsNodeValid() == 0) document.fail("the filter removes the root, and so all of the tree");
+  return removed(document, before);
+}
+
+Outcome prune_empty(Document& document, const Arguments& arguments) {
+  RYXmlWrapperBase top =
+      arguments.words.size() > 1 ? document.at(arguments.words[1]).node : RYXmlWrapperBase(document.root);
+  const int before = document.count();
+  rytree_remove_empty_child_nodes(&top, true);
+  return removed(document, before);
+}

@@ -1,0 +1,256 @@
+// The input-data table of a report: a row for each variable, a cell for each of its columns.
+#include "reports/input_table.h"
+
+#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/lookup.h>
+#include <rytree_Utils/reports.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "frame/children.h"
+#include "frame/host_arrays.h"
+#include "reports/localization.h"
+#include "reports/words.h"
+
+namespace {
+
+constexpr const char* kRowPrefix = "R";
+constexpr int kFirstRowId = 1900;
+constexpr int kRowIds = 0x10000;  // so many rows of a data set have node IDs of their own
+constexpr int kParameterCount = 3;
+
+struct Column {
+  int number;
+  int node_id;
+  const char* label;
+};
+constexpr Column kKind = {1, 0x1C000, "Dep/Indep"};
+constexpr Column kData = {2, 0x1B000, "Data"};
+constexpr Column kRange = {3, 0x1E000, "Range"};
+constexpr Column kWeightType = {4, 0x1D000, "Weight Type"};
+constexpr Column kWeightData = {5, 0x1F000, "Weight Data"};
+constexpr Column kParameters[kParameterCount] =
+    {  // their labels are the names of the parameters, not localized
+        {6, 0x20000, "a"},
+        {7, 0x20001, "b"},
+        {8, 0x20002, "c"}};
+
+/// What a row tells of its variable.
+struct Variable {
+  int index;
+  bool dependent;
+  const char* name;
+  bool xyz;
+  int weight_method = 0;
+  std::int64_t parameter_block = 0;
+};
+
+using FindParameter = std::function<RYXmlWrapperBase(std::int64_t number)>;
+
+CString numbered_tag(const char* prefix, int number) {
+  CString tag;
+  tag.Format("%s%d", prefix != nullptr ? prefix : "", number);
+  return tag;
+}
+
+int row_number(int data, int variables, int position) {
+  return low_word(std::int64_t{data} * variables + position + 1);
+}
+
+int row_id(int data, int position) {
+  return report_table_row_id(low_word(std::int64_t{position} + kFirstRowId), data);
+}
+
+RYXmlWrapperBase labelled_cell(RYXmlWrapperBase& row, const Column& column, const char* label) {
+  RYXmlWrapperBase cell =
+      report_get_numbered_node(&row, "C", column.number, column.node_id, nullptr, nullptr);
+  report_set_header_text(&cell, label, -1);
+  return cell;
+}
+
+void write_cell(RYXmlWrapperBase& row, const Column& column, CString value) {
+  labelled_cell(row, column, report_localized_text(column.label)).NodeValue(value, 0, 1, nullptr);
+}
+
+CString data_string(int data, char kind, char letter, int number) {
+  CString text;
+  report_get_escaped_data_string(&text, one_more(data), 0, kind, letter, 0, '\0', number);
+  return text;
+}
+
+void write_data(RYXmlWrapperBase& row, int data, const Variable& variable) {
+  char letter = variable.dependent ? 'Y' : 'X';
+  int number = one_more(variable.index);
+  if (variable.xyz) {
+    letter = variable.dependent ? 'Z' : variable.index == 0 ? 'X' : 'Y';
+    number = 1;
+  }
+  write_cell(row, kData, data_string(data, 'P', letter, number));
+  write_cell(row, kRange, data_string(data, 'G', letter, number));
+}
+
+void write_weight(RYXmlWrapperBase& row, int data, const Variable& variable, const FindParameter& find) {
+  CString method;
+  int needs_data = 0;
+  int needs[kParameterCount] = {};
+  rytree_fitter_get_weight_mth_info(variable.weight_method, &method, &needs_data, &needs[0], &needs[1],
+                                    &needs[2]);
+  write_cell(row, kWeightType, method);
+  if (needs_data != 0) {
+    write_cell(row, kWeightData, data_string(data, 'P', 'W', one_more(variable.index)));
+  }
+  for (int i = 0; i < kParameterCount; ++i) {
+    if (needs[i] == 0) continue;
+    RYXmlWrapperBase cell = labelled_cell(row, kParameters[i], kParameters[i].label);
+    double value = 0;
+    if (find(kParameterCount * variable.parameter_block + i).NodeValue(value, 1) != 0) {
+      cell.NodeValue(value, 0);
+    }
+  }
+}
+
+void write_row(RYXmlWrapperBase& row, int data, const Variable& variable, const FindParameter& find) {
+  CString label;
+  report_get_set_data_string(&label, data);
+  report_set_header_text(&row, label, -1);
+  report_set_header_text(&row, variable.name, 0);
+  write_cell(row, kKind, report_localized_text(variable.dependent ? "Dep" : "Indep"));
+  write_data(row, data, variable);
+  if (variable.dependent) write_weight(row, data, variable, find);
+}
+
+/// Writes the rows of a data set. It knows the rows by their tags, so that each is found at once.
+class TableWriter {
+ public:
+  TableWriter(RYXmlWrapperBase& table, int data, int variables, const FindParameter& find)
+      : table_(table), data_(data), variables_(variables), find_(find) {
+    CString tag;
+    for (Children child(table); child; ++child) {
+      child->GetTagName(tag);
+      if (tag[0] == *kRowPrefix) rows_.try_emplace(std::string(tag.View()), *child);
+    }
+  }
+  void write(std::int64_t position, const Variable& variable) {
+    const int place = low_word(position);
+    const CString tag = numbered_tag(kRowPrefix, row_number(data_, variables_, place));
+    RYXmlWrapperBase& row = rows_[std::string(tag.View())];
+    if (row.IsNodeValid() == 0) table_.AddNode(row, tag, row_id(data_, place));
+    write_row(row, data_, variable, find_);
+  }
+
+ private:
+  RYXmlWrapperBase& table_;
+  int data_;
+  int variables_;
+  const FindParameter& find_;
+  std::unordered_map<std::string, RYXmlWrapperBase> rows_;
+};
+
+void collect(const RYXmlWrapperBase& parent, std::size_t limit, std::vector<RYXmlWrapperBase>& nodes) {
+  for (Children child(parent); child && nodes.size() < limit; ++child) {
+    nodes.push_back(*child);
+    collect(*child, limit, nodes);
+  }
+}
+
+/// The first nodes below `tree` (which may be null) in the order of their numbers.
+std::vector<RYXmlWrapperBase> first_nodes(const RYXmlWrapperBase* tree, std::size_t limit) {
+  std::vector<RYXmlWrapperBase> nodes;
+  if (tree != nullptr) collect(*tree, limit, nodes);
+  return nodes;
+}
+
+int row_count(int variables, const CStringArray& names) {
+  return std::min(variables, std::max(names.GetSize(), kRowIds));
+}
+
+/// One pass behind the weight methods does what all that follow it would do.
+int pass_count(int sets, int dependents, int methods) {
+  return dependents > 0
+             ? static_cast<int>(std::min<std::int64_t>(sets, std::int64_t{methods} / dependents + 2))
+             : 0;
+}
+
+}  // namespace
+
+int report_table_row_id(int idWord, int data) {
+  const auto set = static_cast<std::uint32_t>(data) | 0x2000u;
+  return static_cast<int>(set << 16 | (static_cast<std::uint32_t>(idWord) & 0xFFFFu));
+}
+
+RYXmlWrapperBase report_get_numbered_node(RYXmlWrapperBase* parent, const char* prefix, int number, int id,
+                                          const char* attribute, const char* attributeValue) {
+  RYXmlWrapperBase node;
+  rytree_tree_check_get_node(&node, parent, numbered_tag(prefix, number), id, attribute, attributeValue, 1);
+  return node;
+}
+
+void report_set_header_text(RYXmlWrapperBase* node, const char* text, int subHeader) {
+  if (node == nullptr) return;
+  node->SetPropertyValue(subHeader < 0 ? CString("Label") : numbered_tag("SubHeader", subHeader),
+                         CString(text));
+}
+
+RYXmlWrapperBase report_make_input_data_table_var_row(RYXmlWrapperBase* table, int data, int position,
+                                                      int index, bool dependent, const char* name,
+                                                      int /*sets*/, int pass, int variables, int /*reserved*/,
+                                                      int weightMethod, RYXmlWrapperBase* parameters, int xyz,
+                                                      int parameterIndex) {
+  RYXmlWrapperBase row = report_get_numbered_node(table, kRowPrefix, row_number(data, variables, position),
+                                                  row_id(data, position), nullptr, nullptr);
+  const auto find = [parameters](std::int64_t number) {
+    RYXmlWrapperBase node;
+    int counter = 0;
+    if (number >= 0 && number <= INT_MAX) {
+      rytree_get_node(parameters, &node, static_cast<int>(number), &counter, -1, nullptr, true, false, 0);
+    }
+    return node;
+  };
+  write_row(row, data,
+            {.index = index,
+             .dependent = dependent,
+             .name = name,
+             .xyz = xyz != 0,
+             .weight_method = weightMethod,
+             .parameter_block = parameterIndex < 0 ? pass : parameterIndex},
+            find);
+  return row;
+}
+
+void report_update_input_data_table(RYXmlWrapperBase* table, int data, int sets, int dependents,
+                                    int independents, HostArrayObject* dependentNames,
+                                    HostArrayObject* independentNames, int /*reserved*/,
+                                    HostArrayObject* weightMethods, RYXmlWrapperBase* parameters, int xyz) {
+  const CStringArray no_names;
+  const CArray<int, int> no_methods;
+  const CStringArray* const y_array = open_strings(dependentNames);
+  const CStringArray* const x_array = open_strings(independentNames);
+  const CArray<int, int>* const method_array = open_ints(weightMethods);
+  if (table == nullptr || sets < 1) return;
+  const CStringArray& y_names = y_array != nullptr ? *y_array : no_names;
+  const CStringArray& x_names = x_array != nullptr ? *x_array : no_names;
+  const CArray<int, int>& methods = method_array != nullptr ? *method_array : no_methods;
+
+  const auto nodes = first_nodes(parameters, kParameterCount * static_cast<std::size_t>(methods.GetSize()));
+  const FindParameter find = [&nodes](std::int64_t number) {
+    const auto place = static_cast<std::size_t>(number);
+    return place < nodes.size() ? nodes[place] : RYXmlWrapperBase();
+  };
+  TableWriter rows(*table, data, low_word(std::int64_t{dependents} + independents), find);
+  for (int i = 0; i < row_count(independents, x_names); ++i) {
+    rows.write(i, {.index = i, .dependent = false, .name = x_names[i], .xyz = xyz != 0});
+  }
+  for (int pass = 0; pass < pass_count(sets, dependents, methods.GetSize()); ++pass) {
+    for (int j = 0; j < row_count(dependents, y_names); ++j) {
+      const std::int64_t k = std::int64_t{pass} * dependents + j;
+      const int method = k < methods.GetSize() ? methods[static_cast<int>(k)] : 0;
+      rows.write(std::int64_t{independents} + j, {j, true, y_names[j], xyz != 0, method, k});
+    }
+  }
+}

@@ -1,0 +1,319 @@
+#include <rytree_Utils/homologous.h>
+#include <rytree_Utils/lookup.h>
+
+#include <random>
+#include <vector>
+
+#include "frame/children.h"
+#include "tree_text.h"
+
+namespace {
+
+using Node = RYXmlWrapperBase;
+
+// The copies done step by step, with every search made anew.
+namespace slow {
+
+struct Matching {
+  const char* attribute;
+  const char* match;
+  const char* extra;
+  bool recursive;
+  bool all;
+  bool case_sensitive;
+
+  int set(Node& target, CString& value, const CString& wanted, const CString& extra_value) const {
+    int result = 0;
+    for (Children child(target); child; ++child) {
+      CString read;
+      if (child->GetPropertyValue(match, read) != 0 &&
+          (case_sensitive ? _mbscmp(read, wanted) : _mbsicmp(read, wanted)) == 0) {
+        child->SetPropertyValue(attribute, value);
+        if (extra != nullptr) child->SetPropertyValue(extra, extra_value);
+        result = 1;
+        if (!all) return result;
+      }
+      if (recursive && child->GetNodeCount() > 0) {
+        result = set(*child, value, wanted, extra_value);
+        if (!all && result == 1) return result;
+      }
+    }
+    return result;
+  }
+  int copy(Node& source, Node& target) const {
+    int result = 0;
+    CString extra_value;
+    for (Children child(source); child; ++child) {
+      CString wanted;
+      CString value;
+      if (child->GetNodeCount() > 0) {
+        if (recursive) result = copy(*child, target);
+      } else if (child->GetPropertyValue(match, wanted) != 0) {
+        child->NodeValue(value, 1, 1, nullptr);
+        if (extra != nullptr) child->GetPropertyValue(extra, extra_value);
+        result = set(target, value, wanted, extra_value);
+      }
+    }
+    return result;
+  }
+};
+
+int homologous(Node dest, Node source, bool attributes, CStringArray* keep) {
+  if (source.IsNodeValid() == 0) return dest.IsNodeValid() == 0 ? 0 : 1;
+  if (dest.IsNodeValid() == 0) return 1;
+  CStringArray saved;
+  if (attributes) {
+    if (keep != nullptr) saved.SetSize(keep->GetSize());
+    for (int at = 0; at < saved.GetSize(); ++at) dest.GetPropertyValue((*keep)[at], saved[at]);
+    dest.CopyAllAttributes(source, 1);
+  }
+  if (source.HasChildren(0) != dest.HasChildren(0)) return 1;
+  if (source.HasChildren(0) != 0) {
+    if (homologous(at(dest, {0}), at(source, {0}), attributes, keep) != 0) return 1;
+  } else {
+    CString value;
+    source.NodeValue(value, 1, 1, nullptr);
+    dest.NodeValue(value, 0, 1, nullptr);
+  }
+  for (int at = 0; at < saved.GetSize(); ++at) {
+    if (!saved[at].IsEmpty()) dest.SetPropertyValue((*keep)[at], saved[at]);
+  }
+  dest.NextSibling(dest);
+  source.NextSibling(source);
+  return homologous(dest, source, attributes, keep);
+}
+
+void collect(Node& node, bool leaves_only, std::vector<std::pair<std::string, int>>& found) {
+  for (Children child(node); child; ++child) {
+    int id = -1;
+    child->GetDataID(id);
+    if (!leaves_only || child->GetNodeCount() == 0) found.emplace_back(tag(*child), id);
+    collect(*child, leaves_only, found);
+  }
+}
+int ids_by_tag(Node& source, Node& dest, bool leaves_only) {
+  std::vector<std::pair<std::string, int>> found;
+  collect(source, leaves_only, found);
+  int count = 0;
+  for (const auto& [name, id] : found) {
+    Node node;
+    if (!rytree_get_node_by_tagname(&dest, &node, name.c_str(), true, false, leaves_only)) continue;
+    node.SetDataID(id);
+    ++count;
+  }
+  return count;
+}
+
+}  // namespace slow
+
+/// Small trees whose tags and texts meet, also ignoring case.
+class Trees {
+ public:
+  int below(std::size_t bound) { return static_cast<int>(random_() % bound); }
+  template <class Items>
+  auto one_of(const Items& items) {
+    return items[static_cast<std::size_t>(below(std::size(items)))];
+  }
+
+  Node make() {
+    Node root = parse("<R/>");
+    std::vector<Node> nodes{root};
+    for (int count = below(12); count > 0; --count) {
+      Node node;
+      one_of(nodes).AddNode(node, one_of(std::vector{"a", "A", "b", "\xC3\xA9", "\xC3\x89", "r"}), -1);
+      decorate(node);
+      nodes.push_back(node);
+    }
+    return root;
+  }
+  void decorate(Node& node) {
+    const std::vector<const char*> texts = {"", "a", "A", "\xC3\xA9", "\xC3\x89", "7", "07"};
+    CString value(one_of(texts));
+    node.NodeValue(value, 0, 1, nullptr);
+    for (const char* const name : {"Show", "DataID", "k", "x"}) {
+      if (below(3) != 0) node.SetPropertyValue(name, one_of(texts));
+    }
+    for (Children child(node); child; ++child) decorate(*child);
+  }
+
+ private:
+  std::mt19937 random_{7};
+};
+
+/// Both ways of a copy give the same result and leave the same trees. The low bits of `form` tell whether the
+/// nodes lie in one tree and whether each is the root or its first child.
+template <class Quick, class Slow>
+::testing::AssertionResult agree(const Node& first, const Node& second, int form, const Quick& quick,
+                                 const Slow& slow) {
+  const auto run = [&](const auto& copy) {
+    Node roots[] = {parse(text(first)), parse(text(second))};
+    if ((form & 1) != 0) roots[1] = roots[0];
+    Node nodes[] = {roots[0], roots[1]};
+    for (const int side : {0, 1}) {
+      Node child;
+      if ((form & 2 << side) != 0 && roots[side].FirstChild(child) != 0) nodes[side] = child;
+    }
+    const int result = copy(nodes[0], nodes[1]);
+    return std::to_string(result) + text(roots[0]) + text(roots[1]);
+  };
+  const std::string given = run(quick);
+  const std::string expected = run(slow);
+  if (given == expected) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << text(first) << text(second) << form << "\ngave " << given << "\nnot  " << expected;
+}
+
+TEST(Homologous, CopiesAgreeWithTheSlowWay) {
+  Trees trees;
+  const std::vector<const char*> names = {nullptr, "Show", "DataID", "k", "x", "", "1x"};
+  for (int round = 0; round < 3000; ++round) {
+    const Node first = trees.make();
+    Node second = trees.make();
+    const int form = trees.below(8);
+    const bool one = trees.below(2) != 0;
+    const char* const attribute = trees.one_of(names);
+    const char* const match = trees.one_of(names);
+    const slow::Matching rule{attribute == nullptr ? "Show" : attribute,
+                              match == nullptr ? "DataID" : match,
+                              trees.one_of(names),
+                              trees.below(3) != 0,
+                              trees.below(2) != 0,
+                              one};
+    ASSERT_TRUE(agree(
+        first, second, form,
+        [&](Node& source, Node& target) {
+          return rytree_copy_values_to_attributes_by_attribute_matching(
+              &source, &target, attribute, match, rule.extra, rule.recursive, rule.all, rule.case_sensitive);
+        },
+        [&](Node& source, Node& target) { return rule.copy(source, target); }))
+        << rule.attribute << ' ' << rule.match << ' ' << (rule.extra != nullptr ? rule.extra : "-")
+        << rule.recursive << rule.all << rule.case_sensitive;
+    ASSERT_TRUE(agree(
+        first, second, form, [&](Node& s, Node& d) { return rytree_copy_ids_by_tagname(&s, &d, one); },
+        [&](Node& s, Node& d) { return slow::ids_by_tag(s, d, one); }));
+    CStringArray keep;
+    for (int count = trees.below(3); count > 0; --count) keep.Add(trees.one_of(names));
+    CStringArray* const kept = trees.below(4) != 0 ? &keep : nullptr;
+    if (trees.below(4) != 0) first.Clone(second, 1);
+    trees.decorate(second);
+    ASSERT_TRUE(agree(
+        first, second, form,
+        [&](Node& s, Node& d) {
+          return vctree_copy_values_between_homologous_trees(d, s, one ? 2 : 0, kept);
+        },
+        [&](Node& s, Node& d) { return slow::homologous(d, s, one, kept); }));
+  }
+}
+
+TEST(Homologous, CopiesAsFarAsTheShapesAgree) {
+  const char* const source = "<R k='1'><a L='s'>1</a><b L='s'>2<c L='s'>3</c></b><d L='s'>4</d></R>";
+  const Rows<const char*, int, const char*> rows = {
+      {"<R><a L=''/><b L='o'>o<c L='o'/></b><d/></R>", 0,
+       "<R k=\"1\"><a L=\"s\">1</a><b L=\"o\">o<c L=\"o\">3</c></b><d L=\"s\">4</d></R>"},
+      {"<R L='o'><a L='o'/><b L='o'><c/><e/></b><d/></R>", 1,
+       "<R L=\"o\" k=\"1\"><a L=\"o\">1</a><b L=\"s\"><c L=\"s\">3</c><e/></b><d/></R>"},
+      {"<R><a/><b L='o'/><d/></R>", 1, "<R k=\"1\"><a L=\"s\">1</a><b L=\"s\"/><d/></R>"},
+      {"<R><a><x/></a></R>", 1, "<R k=\"1\"><a L=\"s\"><x/></a></R>"},
+      {"<R><a/></R>", 1, "<R k=\"1\"><a L=\"s\">1</a></R>"},
+  };
+  CStringArray keep;
+  keep.Add("L");
+  for (const auto& [before, result, after] : rows) {
+    Node dest = parse(before);
+    Node from = parse(source);
+    EXPECT_EQ(vctree_copy_values_between_homologous_trees(dest, from, 1, &keep), result);
+    EXPECT_EQ(text(dest), after);
+  }
+  // Siblings behind the start nodes take part; one invalid node is a difference, two are none.
+  Node dest = parse("<R><a/><b><c/></b><d/></R>");
+  Node from = parse(source);
+  Node first = at(dest, {1});
+  Node from_first = at(from, {1});
+  EXPECT_EQ(rytree_copy_values_between_homologous_trees(&first, &from_first, 0), 0);
+  EXPECT_EQ(text(dest), "<R><a/><b><c>3</c></b><d>4</d></R>");
+  Node none;
+  Node dead = dead_node();
+  EXPECT_EQ(rytree_copy_values_between_homologous_trees(&none, &dead, 1), 0);
+  EXPECT_EQ(rytree_copy_values_between_homologous_trees(&none, &from, 1), 1);
+  EXPECT_EQ(rytree_copy_values_between_homologous_trees(&dest, &dead, 1), 1);
+  EXPECT_EQ(rytree_copy_values_between_homologous_trees(&dest, nullptr, 1), -1);
+  EXPECT_EQ(rytree_copy_values_between_homologous_trees(nullptr, &dest, 1), -1);
+}
+
+TEST(Homologous, MatchingGivesTheResultOfTheLastStep) {
+  const char* const one = "<S><n k='a'>1</n></S>";
+  const char* const target = "<R><p k='a'/><q k='b'><r k='c'/></q><s k='d'/></R>";
+  const Rows<const char*, const char*, int, int, int, const char*> rows = {
+      // a branch without a match replaces the match before it; not so without recursion or for the first
+      // match
+      {one, target, 1, 1, 0, "<R><p k=\"a\" w=\"1\"/><q k=\"b\"><r k=\"c\"/></q><s k=\"d\"/></R>"},
+      {one, target, 0, 1, 1, "<R><p k=\"a\" w=\"1\"/><q k=\"b\"><r k=\"c\"/></q><s k=\"d\"/></R>"},
+      {one, target, 1, 0, 1, "<R><p k=\"a\" w=\"1\"/><q k=\"b\"><r k=\"c\"/></q><s k=\"d\"/></R>"},
+      // the last leaf decides; a branch of the source is passed over without recursion
+      {"<S><n k='D'>1</n><n k='x'/></S>", target, 1, 1, 0,
+       "<R><p k=\"a\"/><q k=\"b\"><r k=\"c\"/></q><s k=\"d\" w=\"1\"/></R>"},
+      {"<S><n k='d'>1</n><n k='a'><m/></n></S>", target, 0, 1, 1,
+       "<R><p k=\"a\"/><q k=\"b\"><r k=\"c\"/></q><s k=\"d\" w=\"1\"/></R>"},
+      {"<S><n k='d'>1</n><n k='a'><m/></n></S>", target, 1, 1, 0,
+       "<R><p k=\"a\"/><q k=\"b\"><r k=\"c\"/></q><s k=\"d\" w=\"1\"/></R>"},
+      // the extra text carries over within one child list
+      {"<S><n k='a' x='X'/><m><n k='b'/></m><n k='c'/></S>", target, 1, 0, 1,
+       "<R><p k=\"a\" w=\"\" x=\"X\"/><q k=\"b\" w=\"\" x=\"\"><r k=\"c\" w=\"\" x=\"X\"/></q><s "
+       "k=\"d\"/></R>"},
+  };
+  for (const auto& [from, to, recursive, all, result, after] : rows) {
+    Node source = parse(from);
+    Node dest = parse(to);
+    const char* const extra = std::string(from).find("x='") != std::string::npos ? "x" : nullptr;
+    EXPECT_EQ(rytree_copy_values_to_attributes_by_attribute_matching(&source, &dest, "w", "k", extra,
+                                                                     recursive, all, 0),
+              result)
+        << from;
+    EXPECT_EQ(text(dest), after) << from;
+  }
+}
+
+TEST(Homologous, CopiesSingleAttributes) {
+  const Rows<const char*, int, int, const char*> rows = {
+      {"<R k='o'><p><q/><z/></p></R>", 0, 3, "<R k=\"1\"><p k=\"2\"><q k=\"\"/><z/></p></R>"},
+      {"<R k='o'><p><q/></p><r k='o'/><s/></R>", 1, 2,
+       "<R k=\"o\"><p k=\"2\"><q k=\"\"/></p><r k=\"o\"/><s/></R>"},
+  };
+  Node source = parse("<R k='1'><a k='2'><b k=''/></a><c/></R>");
+  for (const auto& [before, skip_top, result, after] : rows) {
+    Node dest = parse(before);
+    EXPECT_EQ(rytree_copy_atts(&source, &dest, "k", skip_top), result);
+    EXPECT_EQ(text(dest), after);
+  }
+  Node dest = parse("<R Branch=\"8\"/>");
+  EXPECT_EQ(rytree_node_copy_attribute(&source, &dest, "k"), 1);
+  EXPECT_EQ(rytree_node_copy_attribute(&source, &dest, "none"), 0);
+  EXPECT_EQ(vctree_copy_branch_options(&dest, &source, 7), 0);
+  EXPECT_EQ(text(dest), "<R Branch=\"8\" k=\"1\"/>");
+  source.SetPropertyValue("Branch", -3);
+  for (const auto& [mask, after] : Rows<unsigned long, int>{{7, 5}, {0, 0}, {0xFFFFFFFF0UL, -16}}) {
+    int branch = 1;
+    EXPECT_EQ(vctree_copy_branch_options(&dest, &source, mask), 1);
+    dest.GetPropertyValue("Branch", branch);
+    EXPECT_EQ(branch, after);
+  }
+}
+
+TEST(Homologous, BadNodesGiveNothing) {
+  Node tree = parse("<R k='1'><a k='1' Branch='1'/></R>");
+  Node dead = dead_node();
+  for (Node* const bad : {static_cast<Node*>(nullptr), &dead}) {
+    for (const auto& [from, to] : Rows<Node*, Node*>{{bad, &tree}, {bad, bad}}) {
+      EXPECT_EQ(rytree_copy_values_to_attributes_by_attribute_matching(from, to, "w", "k", "x", 1, 1, 1), 0);
+      EXPECT_EQ(rytree_node_copy_attribute(from, to, "k"), 0);
+      EXPECT_EQ(rytree_copy_atts(from, to, "k", 0), 0);
+      EXPECT_EQ(rytree_copy_ids_by_tagname(from, to, false), 0);
+      EXPECT_EQ(vctree_copy_branch_options(to, from, 1), 0);
+    }
+    EXPECT_EQ(rytree_copy_ids_by_tagname(&tree, bad, false), 0);
+    EXPECT_EQ(rytree_copy_values_to_attributes_by_attribute_matching(&tree, bad, "w", "k", "x", 1, 1, 1), 0);
+    EXPECT_EQ(vctree_copy_branch_options(bad, &tree, 1), 0);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,95 @@
+// Localization by modules of this test, each in a process of its own: the host's framework looks for the
+// module beside itself, and the process loads the copy of it in the folder of the case.
+#include "reports/localization.h"
+
+#include <dlfcn.h>
+#include <rytree_Utils.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "tree_text.h"
+
+namespace {
+
+const std::string kFolder = FOLDER_PATH;
+
+std::string module_of(const std::string& folder) { return kFolder + "/" + folder + "/ZANmsg.so"; }
+
+bool is_loaded(const std::string& path) {
+  void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+  if (module != nullptr) dlclose(module);
+  return module != nullptr;
+}
+
+/// Runs a check in a new process that loads the framework from a folder.
+void check_in(const std::string& folder, void (*check)()) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  setenv("LD_LIBRARY_PATH", (kFolder + "/" + folder).c_str(), 1);
+  const auto run = [check] {
+    check();
+    std::exit(testing::Test::HasFailure() ? 1 : 0);
+  };
+  EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
+}
+
+TEST(Localization, module_is_kept_until_the_release) {
+  check_in("present", [] {
+    const std::string data = "Data";
+    bool block = true;
+    VCTreeAccessBlockLocalization(&block, false);
+    EXPECT_EQ(report_localized_text(data.c_str()), data.c_str());
+    EXPECT_FALSE(is_loaded(module_of("present")));
+    block = false;
+    VCTreeAccessBlockLocalization(&block, false);
+    EXPECT_STREQ(report_localized_text(data.c_str()), "Data call 1, 32768, 0");
+    EXPECT_STREQ(report_localized_text("Range"), "Range call 2, 32768, 0");
+    report_release_localization();
+    EXPECT_FALSE(is_loaded(module_of("present")));
+    EXPECT_STREQ(report_localized_text("Dep"), "Dep call 1, 32768, 0");
+  });
+}
+
+TEST(Localization, unload_of_the_library_frees_the_module) {
+  check_in("present", [] {
+    for (int round = 0; round < 2; ++round) {
+      void* const library = dlopen(LIBRARY_PATH, RTLD_NOW | RTLD_LOCAL);
+      ASSERT_NE(library, nullptr) << dlerror();
+      auto* const make_row = reinterpret_cast<decltype(&report_make_input_data_table_var_row)>(
+          dlsym(library, "report_make_input_data_table_var_row"));
+      RYXmlWrapperBase table = parse("<T/>");
+      RYXmlWrapperBase row = make_row(&table, 0, 0, 0, true, "y", 1, 0, 1, 0, 6, nullptr, 0, 0);
+      EXPECT_EQ(text(at(row, {0})),
+                "<C1 _NodeID=\"114688\" Label=\"Dep/Indep call 2, 32768, 0\">Dep call 1, 32768, 0</C1>");
+      EXPECT_EQ(text(at(row, {4})), "<C6 _NodeID=\"131072\" Label=\"a\"/>");
+      EXPECT_TRUE(is_loaded(module_of("present")));
+      dlclose(library);
+      EXPECT_FALSE(is_loaded(LIBRARY_PATH));
+      EXPECT_FALSE(is_loaded(module_of("present")));
+    }
+  });
+}
+
+TEST(Localization, missing_module_is_remembered) {
+  check_in("missing", [] {
+    const std::filesystem::path late = module_of("missing");
+    std::filesystem::remove(late);
+    const std::string longest(32767, 'x');
+    EXPECT_EQ(report_localized_text((longest + "y").c_str()), longest);
+    std::filesystem::copy_file(module_of("present"), late);
+    EXPECT_STREQ(report_localized_text("Data"), "Data");
+    report_release_localization();
+    EXPECT_STREQ(report_localized_text("Data"), "Data call 1, 32768, 0");
+    std::filesystem::remove(late);
+  });
+}
+
+TEST(Localization, module_without_entry_is_let_go) {
+  check_in("without_entry", [] {
+    const std::string data = "Data";
+    EXPECT_EQ(report_localized_text(data.c_str()), data);
+    EXPECT_FALSE(is_loaded(module_of("without_entry")));
+  });
+}
+
+}  // namespace

@@ -1,0 +1,129 @@
+// Reading and writing one attribute, or the values, of all nodes of a branch.
+#include <rytree_Utils/bulk.h>
+
+#include <utility>
+
+#include "frame/children.h"
+#include "frame/host_arrays.h"
+#include "frame/id_index.h"
+
+namespace {
+
+/// Lists one attribute of the nodes below a node.
+struct AttributeList {
+  const RYPropertyName attribute;
+  CStringArray& values;
+  const bool children_only;
+  const bool carry;  // a missing attribute counts as that of the sibling before
+
+  void append_below(const RYXmlWrapperBase& node) const {
+    int former = -1;
+    for (Children child(node); child; ++child) {
+      CString text;
+      if (child->GetPropertyValue(attribute, text) == 0 && carry) text = values[former];
+      former = values.Add(std::move(text));
+      if (!children_only) append_below(*child);
+    }
+  }
+};
+
+int list_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute, bool children_only,
+                    bool carry) {
+  if (tree == nullptr || values == nullptr) return -1;
+  AttributeList{RYPropertyName(attribute), *values, children_only, carry}.append_below(*tree);
+  return 0;
+}
+
+/// Collects, removes or writes one int attribute.
+struct AttributeStep {
+  const RYPropertyName attribute;
+  const int value;
+  CArray<int, int>* const collected;
+  const bool remove;
+
+  void act(RYXmlWrapperBase& node) const {
+    if (collected != nullptr) {
+      int read = -1;
+      node.GetPropertyValue(attribute, read);
+      collected->Add(read);
+    } else if (remove) {
+      node.RemoveProperty(attribute);
+    } else {
+      node.SetPropertyValue(attribute, value);
+    }
+  }
+  void act_below(const RYXmlWrapperBase& node) const {
+    for (Children child(node); child; ++child) {
+      act(*child);
+      act_below(*child);
+    }
+  }
+};
+
+/// Texts for leaves by their "NodeID".
+struct LeafTexts {
+  const IdIndex index;
+  CStringArray& values;
+  const RYPropertyName node_id{"NodeID"};
+
+  int write_below(const RYXmlWrapperBase& node) const {
+    int written = 0;
+    for (Children child(node); child; ++child) {
+      int id = 0;
+      if (child->HasChildren(0) != 0) {
+        written += write_below(*child);
+      } else if (child->GetPropertyValue(node_id, id) != 0) {
+        written += write(*child, index.find(id));
+      }
+    }
+    return written;
+  }
+  int write(RYXmlWrapperBase& leaf, int place) const {
+    if (place < 0) return 0;
+    leaf.NodeValue(values[place], 0, 1, nullptr);
+    return 1;
+  }
+};
+
+}  // namespace
+
+int VCTreeGetAttributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute,
+                        bool childrenOnly) {
+  return list_attributes(tree, values, attribute, childrenOnly, false);
+}
+
+int rytree_get_attributes(RYXmlWrapperBase* tree, HostArrayObject* values, const char* attribute,
+                          int childrenOnly) {
+  return VCTreeGetAttributes(tree, open_strings(values), attribute, childrenOnly != 0);
+}
+
+int vctree_get_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute,
+                          bool childrenOnly) {
+  return list_attributes(tree, values, attribute, childrenOnly, true);
+}
+
+int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int value,
+                          CArray<int, int>* collected, int removeIfNegative, int includeTop) {
+  if (tree == nullptr) return -1;
+  const AttributeStep step{RYPropertyName(attribute), value, collected, removeIfNegative != 0 && value < 0};
+  if (includeTop != 0) step.act(*tree);
+  step.act_below(*tree);
+  return 0;
+}
+
+int rytree_attribute_values(RYXmlWrapperBase* tree, const char* attribute, int value,
+                            HostArrayObject* collected, int removeIfNegative) {
+  return VCTreeAttributeValues(tree, attribute, value, open_ints(collected), removeIfNegative, 0);
+}
+
+int vctree_set_values_by_nodeids(RYXmlWrapperBase* tree, CArray<int, int>* ids, CStringArray* values) {
+  if (tree == nullptr || tree->IsNodeValid() == 0) return -1;
+  if (ids == nullptr || values == nullptr || ids->IsEmpty() || values->IsEmpty()) return -2;
+  if (ids->GetSize() != values->GetSize()) return -3;
+  return LeafTexts{IdIndex(*ids), *values}.write_below(*tree);
+}
+
+int rytree_set_values_by_nodeids(RYXmlWrapperBase* tree, HostArrayObject* ids, HostArrayObject* values) {
+  CStringArray* const texts = open_strings(values);
+  return texts != nullptr ? vctree_set_values_by_nodeids(tree, open_ints(ids), texts) : -1;
+}

@@ -1,0 +1,128 @@
+// Copying between nodes that stand at the same place in two trees.
+#include <rytree_Utils/homologous.h>
+
+#include <utility>
+#include <vector>
+
+#include "frame/children.h"
+#include "frame/node_text.h"
+
+namespace {
+
+/// The names of the attributes to keep, and their texts on a node.
+class KeptNames {
+ public:
+  explicit KeptNames(const CStringArray* keep) {
+    if (keep == nullptr) return;
+    names_.reserve(static_cast<std::size_t>(keep->GetSize()));
+    for (const CString& name : *keep) names_.emplace_back(name.GetString());
+  }
+
+  std::vector<CString> texts_on(const RYXmlWrapperBase& node) const {
+    std::vector<CString> texts(names_.size());
+    for (std::size_t at = 0; at < texts.size(); ++at) node.GetPropertyValue(names_[at], texts[at]);
+    return texts;
+  }
+  void restore(RYXmlWrapperBase& node, const std::vector<CString>& texts) const {
+    for (std::size_t at = 0; at < texts.size(); ++at) {
+      if (!texts[at].IsEmpty()) node.SetPropertyValue(names_[at], texts[at]);
+    }
+  }
+
+ private:
+  std::vector<RYPropertyName> names_;
+};
+
+class HomologousCopy {
+ public:
+  HomologousCopy(bool copy_attributes, const CStringArray* keep)
+      : copy_attributes_(copy_attributes), kept_(copy_attributes ? keep : nullptr) {}
+
+  /// The two nodes and the siblings behind them, with all below. False at the first difference in shape.
+  bool copy_row(RYXmlWrapperBase dest, RYXmlWrapperBase source) const {
+    for (; source.IsNodeValid() != 0; dest.NextSibling(dest), source.NextSibling(source)) {
+      if (dest.IsNodeValid() == 0 || !copy_branch(dest, source)) return false;
+    }
+    return dest.IsNodeValid() == 0;
+  }
+
+ private:
+  bool copy_branch(RYXmlWrapperBase& dest, RYXmlWrapperBase& source) const {
+    const std::vector<CString> texts = kept_.texts_on(dest);
+    if (copy_attributes_) dest.CopyAllAttributes(source, 1);
+    const bool leaf = source.HasChildren(0) == 0;
+    if (leaf != (dest.HasChildren(0) == 0)) return false;
+    if (leaf) {
+      CString value;
+      read_text(source, value);
+      dest.NodeValue(value, 0, 1, nullptr);
+    } else {
+      RYXmlWrapperBase first;
+      RYXmlWrapperBase source_first;
+      dest.FirstChild(first);
+      source.FirstChild(source_first);
+      if (!copy_row(std::move(first), std::move(source_first))) return false;
+    }
+    kept_.restore(dest, texts);
+    return true;
+  }
+
+  const bool copy_attributes_;
+  const KeptNames kept_;
+};
+
+/// One attribute, from node to node.
+struct AttributeCopy {
+  const RYPropertyName from;
+  const RYPropertyName to;
+  CString text{};
+
+  int copy(const RYXmlWrapperBase& source, RYXmlWrapperBase& dest) {
+    if (source.GetPropertyValue(from, text) == 0) return 0;
+    dest.SetPropertyValue(to, text);
+    return 1;
+  }
+  int copy_below(const RYXmlWrapperBase& source, const RYXmlWrapperBase& dest) {
+    int copied = 0;
+    Children child(dest);
+    for (Children source_child(source); source_child && child; ++source_child, ++child) {
+      copied += copy(*source_child, *child);
+      copied += copy_below(*source_child, *child);
+    }
+    return copied;
+  }
+};
+
+AttributeCopy copy_of(const char* attribute) {
+  return {.from = RYPropertyName(attribute), .to = RYPropertyName(attribute)};
+}
+
+}  // namespace
+
+int vctree_copy_values_between_homologous_trees(RYXmlWrapperBase& dest, RYXmlWrapperBase& source,
+                                                int copyAttributes, CStringArray* keep) {
+  return HomologousCopy(copyAttributes != 0, keep).copy_row(dest, source) ? 0 : 1;
+}
+
+int rytree_copy_values_between_homologous_trees(RYXmlWrapperBase* dest, RYXmlWrapperBase* source,
+                                                int copyAttributes) {
+  if (dest == nullptr || source == nullptr) return -1;
+  return vctree_copy_values_between_homologous_trees(*dest, *source, copyAttributes, nullptr);
+}
+
+int vctree_copy_branch_options(RYXmlWrapperBase* dest, RYXmlWrapperBase* source, unsigned long mask) {
+  int options = 0;
+  if (dest == nullptr || source == nullptr || source->GetPropertyValue("Branch", options) == 0) return 0;
+  return dest->SetPropertyValue("Branch", static_cast<int>(static_cast<DWORD>(options) & mask));
+}
+
+int rytree_node_copy_attribute(RYXmlWrapperBase* source, RYXmlWrapperBase* dest, const char* attribute) {
+  return source != nullptr && dest != nullptr ? copy_of(attribute).copy(*source, *dest) : 0;
+}
+
+int rytree_copy_atts(RYXmlWrapperBase* source, RYXmlWrapperBase* dest, const char* attribute, int skipTop) {
+  if (source == nullptr || dest == nullptr) return 0;
+  AttributeCopy copying = copy_of(attribute);
+  const int top = skipTop == 0 ? copying.copy(*source, *dest) : 0;
+  return top + copying.copy_below(*source, *dest);
+}

@@ -1,0 +1,88 @@
+// Copying DataIDs between nodes of the same tag.
+#include "transfer/ids_by_tagname.h"
+
+#include <rytree_Utils/homologous.h>
+
+#include <utility>
+#include <vector>
+
+#include "frame/case_key.h"
+#include "frame/children.h"
+#include "transfer/text_index.h"
+
+namespace {
+
+struct TagList {
+  CStringArray& tags;
+  CArray<int, int>& ids;
+  const bool leaves_only;
+  const RYPropertyName data_id{"DataID"};
+
+  int collect_below(const RYXmlWrapperBase& node) const {
+    int count = 0;
+    for (Children child(node); child; ++child) {
+      if (!leaves_only || child->HasChildren(0) == 0) {
+        CString tag;
+        int id = -1;
+        child->GetTagName(tag);
+        child->GetPropertyValue(data_id, id);
+        tags.Add(std::move(tag));
+        ids.Add(id);
+        ++count;
+      }
+      count += collect_below(*child);
+    }
+    return count;
+  }
+};
+
+/// The node that rytree_get_node_by_tagname finds for each tag, ignoring case, by the number of the tag.
+struct FirstByTag {
+  const bool leaves_only;
+  TextIndex tags{};
+  std::vector<RYXmlWrapperBase> nodes{};
+  CString tag{};
+
+  void add_branch(const RYXmlWrapperBase& node) {
+    if ((!leaves_only || node.HasChildren(0) == 0) && node.GetTagName(tag) != 0) {
+      tags.add(case_key(tag));
+      if (nodes.size() < static_cast<std::size_t>(tags.count())) nodes.push_back(node);
+    }
+    for (Children child(node); child; ++child) add_branch(*child);
+  }
+};
+
+}  // namespace
+
+int rytree_collect_tags_and_ids(const RYXmlWrapperBase& node, CStringArray& tags, CArray<int, int>& ids,
+                                bool leaves_only) {
+  return TagList{tags, ids, leaves_only}.collect_below(node);
+}
+
+int rytree_set_ids_by_tagname(RYXmlWrapperBase& node, const CStringArray& tags, const CArray<int, int>& ids,
+                              bool leaves_only) {
+  FirstByTag first{leaves_only};
+  first.add_branch(node);
+  // Of the IDs for one node the last holds.
+  std::vector<int> places(first.nodes.size(), -1);
+  int given = 0;
+  for (int at = 0; at < tags.GetSize(); ++at) {
+    const int number = first.tags.find(case_key(tags[at]));
+    if (number < 0) continue;
+    places[static_cast<std::size_t>(number)] = at;
+    ++given;
+  }
+  const RYPropertyName data_id("DataID");
+  for (std::size_t number = 0; number < places.size(); ++number) {
+    if (places[number] >= 0) first.nodes[number].SetPropertyValue(data_id, ids[places[number]]);
+  }
+  return given;
+}
+
+int rytree_copy_ids_by_tagname(RYXmlWrapperBase* source, RYXmlWrapperBase* dest, bool leavesOnly) {
+  if (source == nullptr || dest == nullptr) return 0;
+  CStringArray tags;
+  CArray<int, int> ids;
+  if (rytree_collect_tags_and_ids(*source, tags, ids, leavesOnly) == 0) return 0;
+  return rytree_set_ids_by_tagname(*dest, tags, ids, leavesOnly);
+}

@@ -1,0 +1,64 @@
+// An index of texts.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Numbers texts, which hold no NUL, from 0 in the order of their adding; equal texts share a number. Few
+/// places of memory are touched for each text, so that large indexes stay quick: a slot, and the characters,
+/// which stand one text behind the other.
+class TextIndex {
+ public:
+  /// The number of the text, which is its own if it is new.
+  int add(std::string_view text) {
+    if (2 * static_cast<std::size_t>(count_) >= slots_.size()) grow();
+    Slot& slot = slots_[seek(text, hash(text))];
+    if (slot.number < 0) {
+      slot = {.hash = hash(text), .number = count_++, .start = characters_.size()};
+      characters_.append(text).push_back('\0');
+    }
+    return slot.number;
+  }
+  /// The number of the text, -1 for none.
+  int find(std::string_view text) const { return slots_[seek(text, hash(text))].number; }
+  int count() const { return count_; }
+
+ private:
+  struct Slot {
+    std::uint32_t hash = 0;
+    int number = -1;
+    std::size_t start = 0;
+  };
+
+  static std::uint32_t hash(std::string_view text) {
+    return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
+  }
+  bool stands_at(std::size_t start, std::string_view text) const {
+    return characters_.compare(start, text.size(), text) == 0 && characters_[start + text.size()] == '\0';
+  }
+  // The slot of the text, or the empty one where it belongs.
+  std::size_t seek(std::string_view text, std::uint32_t hash) const {
+    std::size_t at = hash & (slots_.size() - 1);
+    while (slots_[at].number >= 0 && !(slots_[at].hash == hash && stands_at(slots_[at].start, text)))
+      at = (at + 1) & (slots_.size() - 1);
+    return at;
+  }
+  void grow() {
+    std::vector<Slot> former(2 * slots_.size());
+    former.swap(slots_);
+    for (const Slot& slot : former) {
+      if (slot.number < 0) continue;
+      std::size_t at = slot.hash & (slots_.size() - 1);
+      while (slots_[at].number >= 0) at = (at + 1) & (slots_.size() - 1);
+      slots_[at] = slot;
+    }
+  }
+
+  std::vector<Slot> slots_ = std::vector<Slot>(16);  // a power of two, at most half of them full
+  std::string characters_;
+  int count_ = 0;
+};
