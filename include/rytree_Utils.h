@@ -1,12 +1,14 @@
 // Tree utilities: everything that a caller includes.
 //
-// Two layers stand side by side. Plain names (rytree_…, report_…, ry_is_same, ryget_changed) take node pointers, C strings
-// and host array objects; typed names (vctree_…, VCTree…, tmxfu_…, XVarNode_…) take framework arrays and references. Rules
-// that hold for every function, unless its own comment says otherwise:
+// Two layers stand side by side. Plain names (rytree_…, report_…, ry_is_same, ryget_changed) take node
+// pointers, C strings and host array objects; typed names (vctree_…, VCTree…, tmxfu_…, XVarNode_…) take
+// framework arrays and references. Rules that hold for every function, unless its own comment says otherwise:
 //
-// - A walk starts at the children of the node it is given, which is not visited itself, and runs in pre-order.
+// - A walk starts at the children of the node it is given, which is not visited itself, and runs in
+// pre-order.
 // - A null ID attribute name means "DataID". Flags of type bool and int are true when not zero.
-// - A null pointer, an invalid or dead handle or an array object of another kind gives the failure result, no crash.
+// - A null pointer, an invalid or dead handle or an array object of another kind gives the failure result, no
+// crash.
 // - Arrays that are filled are appended to. A read of an attribute that is missing leaves the variable alone.
 // - What was changed before a failure stays changed. Nothing throws; failures are results.
 // - An out node may be the start node. Trees and arrays stay the caller's.

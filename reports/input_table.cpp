@@ -74,8 +74,18 @@ RYXmlWrapperBase labelled_cell(RYXmlWrapperBase& row, const Column& column, cons
   return cell;
 }
 
+RYXmlWrapperBase localized_cell(RYXmlWrapperBase& row, const Column& column) {
+  return labelled_cell(row, column, report_localized_text(column.label));
+}
+
 void write_cell(RYXmlWrapperBase& row, const Column& column, CString value) {
-  labelled_cell(row, column, report_localized_text(column.label)).NodeValue(value, 0, 1, nullptr);
+  localized_cell(row, column).NodeValue(value, 0, 1, nullptr);
+}
+
+void write_kind(RYXmlWrapperBase& row, bool dependent) {
+  RYXmlWrapperBase cell = localized_cell(row, kKind);
+  CString kind(report_localized_text(dependent ? "Dep" : "Indep"));
+  cell.NodeValue(kind, 0, 1, nullptr);
 }
 
 CString data_string(int data, char kind, char letter, int number) {
@@ -120,7 +130,7 @@ void write_row(RYXmlWrapperBase& row, int data, const Variable& variable, const 
   report_get_set_data_string(&label, data);
   report_set_header_text(&row, label, -1);
   report_set_header_text(&row, variable.name, 0);
-  write_cell(row, kKind, report_localized_text(variable.dependent ? "Dep" : "Indep"));
+  write_kind(row, variable.dependent);
   write_data(row, data, variable);
   if (variable.dependent) write_weight(row, data, variable, find);
 }

@@ -112,7 +112,7 @@ TEST(Edit, RemovesAndHidesTheEmpty) {
       {"flat", tree, remove(false), 3,
        "<R><b>t</b><c><d/><e/></c><f><g>t</g><h Show=\"1\"/><i Show=\"1\">t</i></f></R>"},
       {"recursive", tree, remove(true), 3, "<R><b>t</b><f><g>t</g><i Show=\"1\">t</i></f></R>"},
-      {"nothing left", "<R><c><d/><e><f/></e></c></R>", remove(true), 0, "<R/>"},
+      {"nothing left but the text of a branch", "<R><c>t<d/><e><f/></e></c></R>", remove(true), 0, "<R/>"},
       {"hide flat", tree, hide(false, true), 1,
        "<R><a Show=\"0\"/><b>t</b><c><d/><e/></c><f><g>t</g><h Show=\"1\"/><i Show=\"1\">t</i></f></R>"},
       {"hide all", tree, hide(true, false), 4,

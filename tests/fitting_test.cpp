@@ -112,6 +112,23 @@ TEST(WeightNode, FollowsItsMethod) {
   }
 }
 
+TEST(WeightNode, TakesOverWhatIsThere) {
+  // A stored method that is no number is not method 0.
+  RYXmlWrapperBase tree = parse(
+      "<P><WeightMethod _NodeID=\"3\">x</WeightMethod><WeightA _NodeID=\"5\" Label=\"old\">7</WeightA></P>");
+  unsigned long change = 9;
+  EXPECT_EQ(vctree_update_fitter_data_weight_node(tree, 0, change, nullptr, nullptr, nullptr, nullptr, 1, 0),
+            1);
+  EXPECT_EQ(change, 1u);
+  EXPECT_EQ(text(at(tree, {0})), "<WeightMethod _NodeID=\"3\" Show=\"0\">0</WeightMethod>");
+  EXPECT_EQ(text(at(tree, {1})), "<WeightA _NodeID=\"5\" Label=\"a\" Show=\"0\">7</WeightA>");
+  RYXmlWrapperBase none;
+  change = 9;
+  EXPECT_EQ(vctree_update_fitter_data_weight_node(none, 0, change, nullptr, nullptr, nullptr, nullptr, 0, 0),
+            0);
+  EXPECT_EQ(change, 9u);
+}
+
 TEST(WeightNode, ConvertsBothWays) {
   RYXmlWrapperBase compact = parse(
       "<W WeightMethod=\"7\" Weight_A=\"0.5\" Weight_C=\"4\" Combo=\"one\" "

@@ -60,7 +60,7 @@ TEST(Localization, unload_of_the_library_frees_the_module) {
       RYXmlWrapperBase table = parse("<T/>");
       RYXmlWrapperBase row = make_row(&table, 0, 0, 0, true, "y", 1, 0, 1, 0, 6, nullptr, 0, 0);
       EXPECT_EQ(text(at(row, {0})),
-                "<C1 _NodeID=\"114688\" Label=\"Dep/Indep call 2, 32768, 0\">Dep call 1, 32768, 0</C1>");
+                "<C1 _NodeID=\"114688\" Label=\"Dep/Indep call 1, 32768, 0\">Dep call 2, 32768, 0</C1>");
       EXPECT_EQ(text(at(row, {4})), "<C6 _NodeID=\"131072\" Label=\"a\"/>");
       EXPECT_TRUE(is_loaded(module_of("present")));
       dlclose(library);

@@ -110,11 +110,12 @@ TEST(Help, by_id_and_repeat) {
 
 TEST(Localization, with_fallback) {
   const RYXmlWrapperBase tree =
-      parse_ids("<T><F #9>f</F><P #3 ^256><A #5> \t</A><B #6> b </B></P><Q #3 ^7><C #5>c</C></Q></T>");
-  const Rows<int, int, int, int, int, int, Text> rows = {
-      {5, 9, 3, 0, 0, 1, "A"}, {5, 9, 3, 1, -1, 1, "F"}, {5, 8, 3, 1, 256, 0, "A"}, {6, 9, 3, 1, 256, 1, "B"},
-      {5, 9, 3, 1, 7, 1, "C"}, {5, 9, 0, 0, 7, 1, "A"},  {0, 9, 0, 0, 256, 1, "F"}, {4, 8, 3, 0, 256, 0, ""},
-      {4, 5, 3, 0, 7, 0, ""},  {6, 9, 3, 0, 7, 1, "F"}};
+      parse_ids("<T><F #9>f</F><Q #3 ^7><C #5>c</C></Q><P #3 ^256><A #5> \t</A><B #6> b </B></P></T>");
+  const Rows<int, int, int, int, int, int, Text> rows = {{5, 9, 3, 0, 0, 1, "A"},   {5, 9, 3, 1, -1, 1, "F"},
+                                                         {5, 8, 3, 1, 256, 0, "A"}, {6, 9, 3, 1, 256, 1, "B"},
+                                                         {5, 9, 3, 1, 7, 1, "C"},   {5, 9, 0, 0, 256, 1, "C"},
+                                                         {0, 9, 0, 0, 256, 1, "F"}, {4, 8, 3, 0, 256, 0, ""},
+                                                         {4, 5, 3, 0, 7, 0, ""},    {6, 9, 3, 0, 7, 1, "F"}};
   for (const auto& [id, fallback, parent, check_empty, repeat, result, expected] : rows) {
     RYXmlWrapperBase node(tree);
     EXPECT_EQ(rytree_get_localization_node(&node, &node, id, fallback, parent, check_empty, repeat), result);

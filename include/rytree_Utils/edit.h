@@ -22,8 +22,9 @@ RYTREE_API int rytree_delete_nodes_by_missing_attribute(RYXmlWrapperBase* parent
 RYTREE_API int rytree_delete_nodes_by_attribute(RYXmlWrapperBase* parent, const char* attribute, int value,
                                                 int recursive, const char* exemptAttribute);
 
-/// Removes the leaves without text, and with `recursive` the branches that hold nothing else. The number of
-/// what survives: flat, the direct children; recursive, the leaves of the whole branch. 0: `parent` is bare.
+/// Removes the leaves without text, and with `recursive` the branches that hold nothing else below them, even
+/// if they have a text of their own. The number of what survives: flat, the direct children; recursive, the
+/// leaves of the whole branch. 0: `parent` is bare.
 RYTREE_API int rytree_remove_empty_child_nodes(RYXmlWrapperBase* parent, bool recursive);
 
 /// Removes every node below whose int attribute is `value`. A hit inside a removed branch goes with it,

@@ -14,9 +14,8 @@ extern "C" {
 /// also below a node that is a candidate itself. Texts compare without regard to case; repeats play no part.
 ///
 /// First the exclude test, by `excludeMode`:
-/// - 0: every text of `includeId` must be in `includes`; an empty `includes` fails every candidate, also one
-/// without
-///   texts. `excludes` and `excludeId` are not used.
+/// - 0: every text of `includeId` must be in `includes`; an empty `includes` fails every candidate, even one
+/// without texts. `excludes` and `excludeId` are not used.
 /// - 1: none of `excludes` may be among the texts of `excludeId`.
 /// - 2: not all of `excludes` may be among them; a candidate without texts passes.
 /// - other: fails.

@@ -86,7 +86,8 @@ RYTREE_API int vctree_update_fitter_data_weight_node(RYXmlWrapperBase& parent, i
                                                      double* b, double* c, int checkSame, int disable);
 
 /// Reads a compact weighting; every pointer may be null, a missing attribute gives 0. 1, or 0 with nothing
-/// touched if `tag` (or, where that is null or empty, the tag of `node`) is not "W".
+/// touched if `tag` (or, where that is null or empty, the tag of `node`) is not "W". Only the tag is tested:
+/// with a `tag` of "W" an invalid `node` reads as one without attributes.
 RYTREE_API int vctree_extract_weight_info(RYXmlWrapperBase& node, const char* tag, int* method, double* a,
                                           double* b, double* c);
 
@@ -97,6 +98,7 @@ RYTREE_API int vctree_fitter_data_weight_node_compact_to_expanded(RYXmlWrapperBa
                                                                   RYXmlWrapperBase& compact);
 
 /// Expanded to compact: method, data, a, b, c, each where it can be read. Children that `expanded` lacks are
-/// made there, without node ID. 1, or 0 with `compact` untouched if one cannot be made.
+/// made there, without node ID. 1, or 0 with `compact` untouched if one cannot be made. An invalid `compact`
+/// takes nothing in and gives 1 all the same.
 RYTREE_API int vctree_fitter_data_weight_node_expanded_to_compact(RYXmlWrapperBase& compact,
                                                                   RYXmlWrapperBase& expanded);

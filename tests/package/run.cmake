@@ -4,7 +4,7 @@
 foreach(name IN ITEMS GENERATOR COMPILER FLAGS)
   if(NOT DEFINED ${name})
     file(STRINGS "${BUILD}/CMakeCache.txt" line REGEX "^CMAKE_(CXX_)?${name}:")
-    string(REGEX REPLACE "^[^=]*=" "" ${name} "${line}")
+    string(REGEX REPLACE "^[^=]*=(.*)$" "\\1" ${name} "${line}")
   endif()
 endforeach()
 
