@@ -12,6 +12,7 @@ VCRangeTreeIterator::VCRangeTreeIterator(RYXmlWrapperBase& tree) : nested_(0) {
   nested_ = cursor_.GetNodeCount() > 0 ? 1 : 0;
 }
 
+VCRangeTreeIterator::VCRangeTreeIterator(VCRangeTreeIterator& other) = default;
 VCRangeTreeIterator::VCRangeTreeIterator(const VCRangeTreeIterator& other) = default;
 VCRangeTreeIterator& VCRangeTreeIterator::operator=(const VCRangeTreeIterator& other) = default;
 VCRangeTreeIterator::~VCRangeTreeIterator() = default;
@@ -35,6 +36,7 @@ int VCRangeTreeIterator::Get(RYXmlWrapperBase& out) {
 
 VCSubRangeTreeIterator::VCSubRangeTreeIterator(RYXmlWrapperBase& first) : cursor_(first) {}
 
+VCSubRangeTreeIterator::VCSubRangeTreeIterator(VCSubRangeTreeIterator& other) = default;
 VCSubRangeTreeIterator::VCSubRangeTreeIterator(const VCSubRangeTreeIterator& other) = default;
 VCSubRangeTreeIterator& VCSubRangeTreeIterator::operator=(const VCSubRangeTreeIterator& other) = default;
 VCSubRangeTreeIterator::~VCSubRangeTreeIterator() = default;

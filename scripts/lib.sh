@@ -6,7 +6,7 @@ jobs=$(nproc)
 
 build_packages=(cmake g++ ninja-build libexpat1-dev)
 test_packages=(libgtest-dev)
-check_packages=(clang clang-format clang-tidy git make)
+check_packages=(clang clang-format clang-tidy libclang-rt-dev git make)
 
 say() { printf '\n== %s\n' "$*"; }
 

@@ -17,6 +17,7 @@ struct Apply {
   const char* after;
   int repeat = 0;
   DWORD options = 0;
+  const char* id_attribute = nullptr;
 };
 
 const Apply kApplies[] = {
@@ -75,6 +76,7 @@ const Apply kApplies[] = {
      "<a #3 ThemeApplicability='196608' Auto='0|Auto|1' DynaUseChck='x'/><a #4>v</a></R>",
      0,
      0x30000},
+    {"<R><a #1 No='2'/><a #2/></R>", {{2, "v"}}, 1, "<R><a #1 No='2'>v</a><a #2/></R>", 0, 0, "No"},
 };
 
 void fill(const std::vector<Entry>& entries, CArray<int, int>& ids, CStringArray& values) {
@@ -92,15 +94,16 @@ TEST(Apply, writes_values_by_ids) {
     HostStringArray values;
     fill(row.entries, ids.array(), values.array());
     int duplicate = -9;
-    EXPECT_EQ(rytree_set_values_by_ids(&tree, &ids, &values, row.repeat, &duplicate, 0, nullptr, nullptr,
-                                       row.options),
+    EXPECT_EQ(rytree_set_values_by_ids(&tree, &ids, &values, row.repeat, &duplicate, 0, row.id_attribute,
+                                       nullptr, row.options),
               row.result);
     EXPECT_EQ(text(tree), text(parse_ids(row.after)));
     EXPECT_EQ(duplicate, -9);
     if (row.options != 0) continue;
     tree = parse_ids(row.before);
-    EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids.array(), &values.array(), row.repeat, nullptr, 0, "DataID",
-                                       nullptr),
+    const char* const attribute = row.id_attribute != nullptr ? row.id_attribute : "DataID";
+    EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids.array(), &values.array(), row.repeat, nullptr, 0,
+                                       attribute, nullptr),
               row.result);
     EXPECT_EQ(text(tree), text(parse_ids(row.after)));
   }

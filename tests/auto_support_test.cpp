@@ -97,6 +97,8 @@ TEST(EntireWorksheet, three_states) {
   }
   node.SetPropertyValue("_EntireWorksheet", 9);
   EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), -1);
+  node.SetPropertyValue("_EntireWorksheet", "x");
+  EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), 0);
   rytree_composite_range_set_entire_worksheet_support(nullptr, 1);
   EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(nullptr), 0);
 }

@@ -84,6 +84,10 @@ TEST(Changes, bad_arguments) {
   EXPECT_EQ(rytree_update_changes(nullptr, &strings), -1);
   EXPECT_EQ(rytree_update_changes(&dead, &strings), 0);
   EXPECT_EQ(rytree_node_changed(nullptr, 1, "a") + rytree_node_changed(&dead, 0, nullptr), 0);
+  EXPECT_TRUE(rytree_node_changed(&dead, 1, "a") == 1 && rytree_node_changed(&dead, 1, nullptr) == 1);
+  CString value("old");
+  VCTreeNodeGetValue(dead, value);
+  EXPECT_EQ(value, "");
   EXPECT_EQ(ry_is_same(nullptr, nullptr) + ry_is_same(&strings, &strings) + ry_is_same(&ints, nullptr), 0);
   EXPECT_EQ(ryget_changed(nullptr, &strings, 1), -1);
   EXPECT_EQ(ryget_changed(&strings, &ints, 1), -1);

@@ -1,6 +1,8 @@
 #include <rytree_Utils/transfer.h>
 
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "transfer_model.h"
 
@@ -9,7 +11,7 @@ namespace {
 using Node = RYXmlWrapperBase*;
 using Copy = int (*)(Node source, Node destination);
 
-const Copy copy_no = [](Node s, Node d) { return rytree_copy_values_by_id(s, d, 0, "No", nullptr, 0, 0, 0); };
+const Copy copy_no = [](Node s, Node d) { return rytree_copy_values_by_id(s, d, 0, "No", "To", 0, 0, 0); };
 const Copy copy_all = [](Node s, Node d) {
   return rytree_copy_values_by_id(s, d, 0, nullptr, nullptr, 1, 1, 0);
 };
@@ -20,7 +22,7 @@ const Copy copy_two = [](Node s, Node d) {
   return rytree_copy_atts_by_id(s, d, "p", nullptr, nullptr, "q", 0);
 };
 const Copy copy_second = [](Node s, Node d) {
-  return rytree_copy_atts_by_id(s, d, nullptr, "DataID", nullptr, "q", 0);
+  return rytree_copy_atts_by_id(s, d, nullptr, "No", "To", "q", 0);
 };
 const Copy copy_renamed = [](Node s, Node d) {
   return rytree_copy_atts_by_id(s, d, "p", nullptr, nullptr, "q", 1);
@@ -32,6 +34,7 @@ const Copy copy_unnamed = [](Node s, Node d) {
 };
 const Copy whole = rytree_whole_copy_values_by_id;
 const Copy prune = [](Node s, Node d) { return rytree_remove_unchange_nodes_by_id(s, d, nullptr, nullptr); };
+const Copy prune_no = [](Node s, Node d) { return rytree_remove_unchange_nodes_by_id(s, d, "No", "To"); };
 
 const char* const kThree = "<R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R>";
 const char* const kBranch = "<R><a #3>z</a><B #9><a #1>X</a><a #3>y</a></B></R>";
@@ -45,8 +48,8 @@ struct Row {
   const char* after = nullptr;  // null: unchanged
 };
 const Row kRows[] = {
-    {copy_no, "<R><a No='1'>x</a><B No='2'><a/></B></R>", "<R><B #2><a #1 No='3'/></B></R>", 1,
-     "<R><B #2><a #1 No='3'>x</a></B></R>"},
+    {copy_no, "<R><a No='1'>x</a><B No='2'><a/></B></R>", "<R><B To='2'><a To='1' No='3'/><a #1/></B></R>", 1,
+     "<R><B To='2'><a To='1' No='3'>x</a><a #1/></B></R>"},
     {copy_all, "<R><a/></R>", kThree, 0},
     {copy_all, "<R><a #1>x</a></R>", "<R><a #1 ~18/></R>", 1, "<R><a #1 ~18>x</a></R>"},
     {copy_filled, "<R><a #1/></R>", kThree, -2},
@@ -67,12 +70,14 @@ const Row kRows[] = {
     {whole, "<R><B #2 ^1><a #3>v</a></B></R>", "<R/>", 1, "<R><B Label='' #2>-1</B><a Label='' #3/></R>"},
     {copy_two, "<R><a #1 p='1'/><B #2 q='2'><a #3 p='' q=''/></B></R>",
      "<R><a #1 q='0'/><a #2 p='0'/><a #3 p='0'/></R>", 0, "<R><a #1 p='1'/><a #2 q='2'/><a #3 p='0'/></R>"},
-    {copy_second, "<R><a #1 p='1' q='2'/></R>", "<R><a #1 p='0'>x</a></R>", 0,
-     "<R><a #1 p='0' q='2'>x</a></R>"},
+    {copy_second, "<R><a #5 No='1' p='1' q='2'/></R>", "<R><a To='1' p='0'>x</a><a #1 No='1'/></R>", 0,
+     "<R><a To='1' p='0' q='2'>x</a><a #1 No='1'/></R>"},
     {copy_renamed, "<R><a #1 p='1' q='5'/><a #2 q='5'/></R>", "<R><a #1/><a #2/></R>", 0,
      "<R><a #1 q='1'/><a #2/></R>"},
     {copy_unnamed, "<R><a #1 p='1' q='5'/></R>", "<R><a #1/></R>", 0},
     {prune, "<R><a/></R>", kThree, 0},
+    {prune_no, "<R><a #5 No='1'>x</a></R>", "<R><a To='1'>x</a><a #1 No='1'>x</a></R>", 1,
+     "<R><a #1 No='1'>x</a></R>"},
     {prune, "<R><B #-2 Use='x'><a/></B></R>", "<R><a #-2>x</a></R>", 0},
     {prune, kThree, kBranch, 3, "<R><a #3>z</a></R>"},
     {prune, kThree, "<R><B #2 Use='u'><a #1>x</a><a #3>n</a><a>x</a></B></R>", 1,
@@ -97,9 +102,11 @@ TEST(CopyById, tables) {
   }
 }
 
-// A hook that marks what it is shown, and throws at a value that tells it to.
+// A hook that marks what it is shown and notes it, and throws at a value that tells it to.
+std::string shown;
 int mark(_SETVALUESBYIDS* hook) {
   EXPECT_NE(hook->active, 0);
+  shown.append(hook->value->View()).append(1, ';');
   if (*hook->value == "throw") throw std::runtime_error("by the callback");
   *hook->value += "!";
   return 0;
@@ -141,6 +148,7 @@ TEST(CopyById, a_hook_rewrites_values_at_and_below_its_node) {
 
 // Each job against the slow one: results, both trees and the calls of the hook, on two trees or one.
 TEST(CopyById, agrees_with_the_model_on_random_trees) {
+  shown.clear();
   for (unsigned seed = 1; seed <= 600 && !testing::Test::HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
     RandomTrees random(seed);
@@ -188,6 +196,7 @@ TEST(CopyById, agrees_with_the_model_on_random_trees) {
       }
     }
     if (duplicate > 0) result = -duplicate;
+    const std::string expected_shown = std::exchange(shown, "");
 
     EXPECT_EQ(job == 0   ? vctree_copy_values_by_id(&source, &tree, 0, nullptr, nullptr, 1, &hook, keep, drop)
               : job == 1 ? rytree_whole_copy_values_by_id(&source, &tree)
@@ -195,6 +204,7 @@ TEST(CopyById, agrees_with_the_model_on_random_trees) {
               result);
     EXPECT_EQ(text(tree), text(expected));
     EXPECT_EQ(text(source), text(expected_source));
+    EXPECT_EQ(std::exchange(shown, ""), expected_shown);
   }
 }
 

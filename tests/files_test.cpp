@@ -379,6 +379,7 @@ TEST_F(Files, AreUtf8InEveryCodePage) {
   EXPECT_STREQ(RYXmlWrapperBase::LastFailure().text,
                "the text has bytes that are no character of the code page");
   RYXmlWrapperBase::SetDefaultCodePage(1252);
+  EXPECT_EQ(tag(parse("<\xE9/>")), "\xC3\xA9");
   EXPECT_EQ(loaded("<\xCF\x80/>"), "");  // a name stays UTF-8, and the page has no way to write this one
 }
 

@@ -156,6 +156,11 @@ TEST(VectorValues, ReadOverEmptyChildren) {
   EXPECT_EQ(rytree_value_from_tree_sub_nodes_to_vector_double(&vector, nullptr), -1);
   EXPECT_EQ(rytree_value_from_tree_sub_nodes_to_vector_double(&vector, &bools), -1);
   EXPECT_EQ(rytree_value_from_tree_sub_nodes_to_vector_double(nullptr, &doubles), -1);
+  RYXmlWrapperBase dead = dead_node();
+  EXPECT_EQ(rytree_value_from_tree_sub_nodes_to_vector_double(&dead, &doubles), -1);
+  doubles.array().SetSize(1);
+  EXPECT_EQ(rytree_value_from_tree_sub_nodes_to_vector_double(&vector, &doubles), 1);
+  EXPECT_EQ(doubles.array()[0], 1);
 }
 
 TEST(VectorValues, AreWrittenByDataIdOrByPlace) {

@@ -127,7 +127,8 @@ class Trees {
     return root;
   }
   void decorate(Node& node) {
-    const std::vector<const char*> texts = {"", "a", "A", "\xC3\xA9", "\xC3\x89", "7", "07"};
+    // A comparison goes as far as a NUL; a copy takes the whole text.
+    const std::vector<CString> texts = {"", "a", "A", CString("a\0b", 3), "\xC3\xA9", "\xC3\x89", "7", "07"};
     CString value(one_of(texts));
     node.NodeValue(value, 0, 1, nullptr);
     for (const char* const name : {"Show", "DataID", "k", "x"}) {

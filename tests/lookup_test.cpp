@@ -267,6 +267,9 @@ TEST(Lookup, bad_arguments) {
   EXPECT_FALSE(rytree_find_node_by_dataID(nullptr, &tree, 1, 0, -1, 0, -1));
   EXPECT_EQ(tmxfu_tree_check_get_node(tree, dead, "A", nullptr) + tmxfu_tree_get_node(dead, dead, nullptr),
             0);
+  EXPECT_EQ(VCTreeSetRepeatId(dead, 5), 0);
+  EXPECT_EQ(VCTreeSetRepeatId(dead, 0), 1);
+  EXPECT_EQ(VCTreeGetRepeatId(dead, counter) + counter, -1);
   EXPECT_EQ(text(tree), "<R/>");
 }
 

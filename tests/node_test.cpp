@@ -211,7 +211,7 @@ TEST(Node, Finding) {
   EXPECT_TRUE(top.FindChild("b", first_b, 1) != 0 && first_b.GetNodeCount() == 1);
   EXPECT_TRUE(first_b.FindNodeByAttribute(at, "n", 5, 1) != 0 && tag(at) == "c");
   EXPECT_EQ(first_b.FindNodeByAttribute(at, "n", "y", 0, 1) + at.FindNodeByAttribute(at, "n", 5, 1), 0);
-  EXPECT_TRUE(top.FindChild("c", at, 1) == 0 && top.FindChild("B", at, 1) == 0);
+  EXPECT_TRUE(top.FindChild("c", at, 1) == 0 && at.IsNodeValid() == 0 && top.FindChild("B", at, 1) == 0);
   EXPECT_TRUE(first_b.FindChild("c", first_b, 1) != 0 && tag(first_b) == "c");
 }
 

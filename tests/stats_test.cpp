@@ -129,7 +129,15 @@ TEST(Stats, BinsAndBoxes) {
   rytree_stats_get_set_whisker_info(&tree, &ends[0], &ends[1], 1);
   EXPECT_EQ(ends[0], 1);
   EXPECT_EQ(ends[1], 2);
-  rytree_stats_get_set_box_info(&tree, &v[0], nullptr, &v[2], &v[3], &v[4], 0);
+  const std::string before = text(tree);
+  for (int i = 0; i < 5; ++i) {
+    const auto but = [&](int at) { return at == i ? nullptr : &v[at]; };
+    rytree_stats_get_set_box_info(&tree, but(0), but(1), but(2), but(3), but(4), 0);
+    if (i < 3) rytree_stats_get_set_bin_info(&tree, but(0), but(1), but(2), 0);
+    if (i < 2) rytree_stats_get_set_whisker_info(&tree, but(0), but(1), 0);
+  }
+  rytree_stats_set_bin_auto(nullptr, 1);
+  EXPECT_EQ(text(tree), before) << "a null pointer";
   RYXmlWrapperBase out;
   RYXmlWrapperBase none;
   EXPECT_EQ(rytree_stats_get_boxchart_box_node(&tree, &out), 1);

@@ -45,13 +45,15 @@ TEST(ThemeLookup, FindsByLowHalfOfEitherId) {
 }
 
 TEST(ThemeLookup, FindsChildrenByIndex) {
-  const Rows<int, int, int, const char*> rows = {
-      {1, 1, 1, "b"},       {1, 3, 1, "d"}, {1, 4, 0, "a"},       {1, 0, 0, "R"},
-      {1, INT_MIN, 0, "R"}, {2, 1, 0, "R"}, {1, INT_MAX, 0, "a"},
+  const Rows<int, int, int, bool, int, const char*> rows = {
+      {1, 1, 0, true, 1, "b"},       {1, 3, 0, true, 1, "d"}, {1, 4, 0, true, 0, "a"},
+      {1, INT_MAX, 0, true, 0, "a"}, {1, 0, 0, true, 0, "R"}, {1, INT_MIN, 0, true, 0, "R"},
+      {2, 1, 0, true, 0, "R"},       {3, 1, 2, true, 1, "g"}, {3, 1, 1, true, 0, "R"},
+      {3, 1, 2, false, 0, "R"},
   };
-  for (const auto& [id, index, result, ends] : rows) {
-    RYXmlWrapperBase tree = parse("<R><a DataID='1'><b/><c/><d/></a></R>");
-    EXPECT_EQ(rytree_theme_tree_get_node_by_index(&tree, &tree, id, index, 0, true), result);
+  for (const auto& [id, index, depth, recursive, result, ends] : rows) {
+    RYXmlWrapperBase tree = parse("<R><a DataID='1'><b/><c/><d/></a><e><f DataID='3'><g/></f></e></R>");
+    EXPECT_EQ(rytree_theme_tree_get_node_by_index(&tree, &tree, id, index, depth, recursive), result);
     EXPECT_EQ(tag(tree), ends);
   }
   EXPECT_EQ(rytree_theme_tree_get_node_by_index(nullptr, nullptr, 1, 1, 0, true), 0);

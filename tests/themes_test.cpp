@@ -97,7 +97,11 @@ TEST(HiddenValues, reset_by_node_id) {
   const std::string reset =
       "<R><A _NodeID=\"10\" DataID=\"3\">0</A><B _NodeID=\"13\" DataID=\"4\">0</B>"
       "<C _NodeID=\"268435456\" DataID=\"5\" Use=\"\"><D _NodeID=\"10\" DataID=\"3\">";
+  const std::string within =
+      "<R><A _NodeID=\"10\" DataID=\"3\">0</A><B _NodeID=\"13\" DataID=\"4\">x</B>"
+      "<C _NodeID=\"268435456\" DataID=\"5\" Use=\"1\"><D _NodeID=\"10\" DataID=\"3\">0";
   const Rows<std::vector<int>, bool, int, std::string> rows = {
+      {{3}, true, 2, within + xml.substr(xml.find("</D>"))},
       {{-1, 0, 3, 4, 5, 6}, true, 7, reset + '0' + xml.substr(xml.find("</D>"))},
       {{-1, 0, 3, 4, 5, 6}, false, 6, reset + '6' + xml.substr(xml.find("</D>"))},
       {{7, 3, 4, 5, 6}, true, 0, xml},
@@ -141,6 +145,24 @@ TEST(SavedValues, come_back_from_a_file) {
     EXPECT_TRUE(
         vctree_save_values_with_ids(path, &pairs.ids.array(), &pairs.values.array(), "saved", nullptr));
   }
+}
+
+TEST(SavedValues, files_that_fail_and_files_of_another_kind) {
+  const TestFile file;
+  const std::string nowhere = testing::TempDir() + "no such folder/themes_test.xml";
+  Pairs pairs({1}, {"a"});
+  CArray<int, int>* const ids = &pairs.ids.array();
+  CStringArray* const values = &pairs.values.array();
+  for (const char* const path : {static_cast<const char*>(nullptr), "", nowhere.c_str()}) {
+    EXPECT_FALSE(vctree_save_values_with_ids(path, ids, values, "c", nullptr));
+  }
+  EXPECT_FALSE(vctree_save_values_with_ids(file.name.c_str(), ids, nullptr, "c", nullptr));
+  EXPECT_FALSE(std::filesystem::exists(file.name));
+  parse("<Any><node7 Label=\"L\">b</node7><x/></Any>").Save(file.name.c_str());
+  EXPECT_TRUE(vctree_read_values_with_ids(file.name.c_str(), ids, values, nullptr));
+  EXPECT_EQ(pairs.shown(), "7 0 [b][]");
+  EXPECT_FALSE(vctree_read_values_with_ids(nullptr, ids, values, nullptr));
+  EXPECT_EQ(pairs.shown(), "");
 }
 
 TEST(SavedValues, stops_of_the_plain_layer) {

@@ -151,7 +151,7 @@ void MatchTarget::index_below(const RYXmlWrapperBase& node, CString& text) {
 }
 
 void MatchTarget::index_one(const RYXmlWrapperBase& node, const CString& text) {
-  const int number = rule_.case_sensitive ? texts_.add(text.View()) : texts_.add(case_key(text));
+  const int number = rule_.case_sensitive ? texts_.add(text.GetString()) : texts_.add(case_key(text));
   const auto group = static_cast<std::size_t>(number);
   if (group < groups_.size() && !rule_.all) return;
   if (group == groups_.size()) groups_.emplace_back();
@@ -160,7 +160,7 @@ void MatchTarget::index_one(const RYXmlWrapperBase& node, const CString& text) {
 }
 
 int MatchTarget::find(const CString& match) const {
-  return rule_.case_sensitive ? texts_.find(match.View()) : texts_.find(case_key(match));
+  return rule_.case_sensitive ? texts_.find(match.GetString()) : texts_.find(case_key(match));
 }
 
 int rytree_copy_values_to_attributes_by_attribute_matching(RYXmlWrapperBase* source, RYXmlWrapperBase* target,

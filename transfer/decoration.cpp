@@ -17,7 +17,7 @@ CString between(const char* begin, const char* end) {
 }  // namespace
 
 void DecoratedValues::read_leaf(const RYXmlWrapperBase& leaf, CString& value) {
-  leaf.GetNodeStringWithBlobInfo(value, 0);
+  if (leaf.GetNodeStringWithBlobInfo(value, 0) == 0) value.Empty();
   decorate(leaf, value);
 }
 

@@ -28,7 +28,8 @@
 class RYTREE_API VCRangeTreeIterator {
  public:
   explicit VCRangeTreeIterator(RYXmlWrapperBase& tree);
-  VCRangeTreeIterator(const VCRangeTreeIterator& other);
+  VCRangeTreeIterator(VCRangeTreeIterator& other);
+  VCRangeTreeIterator(const VCRangeTreeIterator& other);  // a copy of a constant or of a temporary
   VCRangeTreeIterator& operator=(const VCRangeTreeIterator& other);
   ~VCRangeTreeIterator();
 
@@ -49,7 +50,8 @@ class RYTREE_API VCSubRangeTreeIterator {
  public:
   /// Begins with `first`.
   explicit VCSubRangeTreeIterator(RYXmlWrapperBase& first);
-  VCSubRangeTreeIterator(const VCSubRangeTreeIterator& other);
+  VCSubRangeTreeIterator(VCSubRangeTreeIterator& other);
+  VCSubRangeTreeIterator(const VCSubRangeTreeIterator& other);  // a copy of a constant or of a temporary
   VCSubRangeTreeIterator& operator=(const VCSubRangeTreeIterator& other);
   ~VCSubRangeTreeIterator();
 

@@ -60,8 +60,8 @@ extern "C" RYTREE_API int rytree_combine_treenode_id_with_repeat_id(RYXmlWrapper
 /// - `repeat`: the repeat number in force at `node`, normally 0.
 /// - `idAttribute`: null means "DataID".
 /// - `allBranches`: nonzero gives a branch that has neither a value attribute nor a decoration the value
-///   "-1", 0 gives it no entry. Behind a branch with bit 20 it counts as 0 for the siblings that follow and
-///   all below them.
+///   "-1", 0 gives it no entry. A branch with bit 20 makes it count as 0 for itself, the siblings that follow
+///   and all below them.
 /// - `error` (may be null): gets the message about a node without DataID, but only into an empty string and
 ///   with a null `idAttribute`, or about a node whose ID cannot be combined, which overwrites. Such a node is
 ///   read all the same: under its plain ID, the repeat number from above in force below it.

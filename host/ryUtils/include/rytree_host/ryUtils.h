@@ -20,7 +20,7 @@ RYTREE_API int ryutilsGetTokens(const char* text, CStringArray* tokens, char sep
 
 /// Makes a valid tag name of a string in place: letters, digits and underscores of ASCII stay, every other
 /// byte becomes an underscore, a leading digit gets one in front, an empty name becomes "_". The last
-/// argument has no effect. 1 if the name was valid as it stood, 0 if it was changed or is null.
+/// argument has no effect. 1, whether or not the name was changed; 0 if it is null.
 RYTREE_API int ryuMakeValidCName(CString* name, int option);
 
 /// Sorts in place, ascending. The last argument has no effect.

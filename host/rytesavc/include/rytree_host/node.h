@@ -27,13 +27,11 @@ struct RYXmlFailure {
 /// - An `out` may be the handle itself. On a valid handle a step to a node that is not there makes `out`
 /// invalid.
 /// - An operation that fails changes nothing. None makes a tree deeper than 1,024 levels.
-/// - Tags and attribute names are XML names and compare byte for byte. The names "_NodeID" and "_NodeEscape"
-/// are the
-///   file form's own and are refused.
+/// - Tags and attribute names are XML names in UTF-8, under every code page, and compare byte for byte. The
+///   names "_NodeID" and "_NodeEscape" are the file form's own and are refused.
 /// - Numbers are written in the shortest form that reads back to the same value. An int is read from a text
-/// with blanks
-///   around it, a sign, or as a real number of integral value in range; a double takes NaN and infinities
-///   too. A read that fails leaves the variable alone.
+///   with blanks around it, a sign, or as a real number of integral value in range; a double takes NaN and
+///   infinities too. A read that fails leaves the variable alone.
 class RYTREE_API RYXmlWrapperBase : public TESAObj {
  public:
   RYXmlWrapperBase() = default;
@@ -185,7 +183,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   // ---- Finding.
 
-  /// The first direct child of that tag. The int has no effect.
+  /// The first direct child of that tag; `out` becomes invalid where there is none. The int has no effect.
   int FindChild(const char* tag, RYXmlWrapperBase& out, int) const;
   /// The first node below with that attribute text, in pre-order: `y` 0 among the direct children, else among
   /// all descendants; `x` nonzero ignores case. `out` is set only on success.
