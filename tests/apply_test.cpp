@@ -5,107 +5,61 @@
 
 namespace {
 
-struct Entry {
-  int id;
-  const char* value;
-};
-
-struct Apply {
-  const char* before;
-  std::vector<Entry> entries;
-  int result;
-  const char* after;
-  int repeat = 0;
-  DWORD options = 0;
-  const char* id_attribute = nullptr;
-};
-
-const Apply kApplies[] = {
-    // Leaves and branches, an ID twice in the tree, one that is not there, an empty value.
-    {"<R><a #1/><B #2>t<a #3>x</a><a #1/></B><B><a #4/></B></R>",
-     {{1, "v"}, {2, "u"}, {3, ""}, {9, "z"}, {4, "w"}},
-     5,
-     "<R><a #1>v</a><B #2 Use='u'>t<a #3/><a #1>v</a></B><B><a #4>w</a></B></R>"},
-    {"<R><B #-2><a #0/></B></R>", {{-2, "u"}, {0, "v"}}, 1, "<R><B #-2><a #0>v</a></B></R>"},
-    {"<R>t</R>", {{1, "v"}}, 0, "<R>t</R>"},
-    {"<R/>", {}, -2, "<R/>"},
-    // Composed IDs. Bit 21 makes a leaf a branch. An ID too wide ends the walk.
-    {"<R><B #1 ^2><a #3/></B><a #3/></R>",
-     {{0x30003, "v"}, {0x10003, "w"}},
-     2,
-     "<R><B #1 ^2><a #3>v</a></B><a #3>w</a></R>",
-     1},
-    {"<R><B #4 ^32><a #3/></B><a #2097153/><a #1048577/></R>",
-     {{0x200003, "v"}, {0x200001, "w"}, {0x100001, "x"}},
-     3,
-     "<R><B #4 ^32><a #3 Use='v'/></B><a #2097153 Use='w'/><a #1048577>x</a></R>"},
-    {"<R><a #1/><a #65536/><a #2/></R>",
-     {{0x10001, "v"}, {0x10002, "w"}},
-     -5,
-     "<R><a #1>v</a><a #65536/><a #2/></R>",
-     1},
-    // Decorations.
-    {"<R><a #1/><a #2/><a #3/><a #4/><a #5/></R>",
-     {{1, "::{a=1}"}, {2, "::{a=b"}, {3, "p::{a=1}::{b=2=3}v"}, {4, "::{=1}::{b=}v"}, {5, "::{a=::{b=c}}v"}},
-     5,
-     "<R><a #1 a='1'/><a #2>::{a=b</a><a #3 a='1' b='2=3'>v</a><a #4>::{=1}::{b=}v</a>"
-     "<a #5 a='::{b=c' b='c'>}v</a></R>"},
-    // Bit 16 keeps the value, bit 17 the attributes.
-    {"<R ~16><a #1 ~16>x</a><a #2 ~17>x</a></R>",
-     {{1, "::{a=1}v"}, {2, "::{a=1}v"}},
-     2,
-     "<R ~16><a #1 ~16 a='1'>x</a><a #2 ~17>v</a></R>"},
-    // Bit 18 asks for a tag. The nearest attribute that is an int counts whole.
-    {"<R><B ~18><a #1/><a #2/><a #3/><a #4/><B ~0><a #1/></B><a #5 ThemeApplicability='x'/><a #6/></B><a "
-     "#1/></R>",
-     {{1, "v"}, {2, "<autoX>"}, {3, "a<autoX>b<c>"}, {4, "<><c>"}, {5, "<autoX"}, {6, "::{a=<b>}v"}},
-     8,
-     "<R><B ~18><a #1/><a #2/><a #3>a&lt;autoX>b&lt;c></a><a #4/><B ~0><a #1>v</a></B>"
-     "<a #5 ThemeApplicability='x'/><a #6 a='&lt;b>'/></B><a #1>v</a></R>"},
-    // Bit 20 sends the value of a branch to "Data", but no empty one, and lets its subtree be walked.
-    {"<R><B #1 ~20><a #2/><B #3 Data='d'><a/></B></B></R>",
-     {{1, "v"}, {2, "w"}, {3, ""}},
-     3,
-     "<R><B #1 ~20 Data='v'><a #2>w</a><B #3 Data='d'><a/></B></B></R>"},
-    // The options reset what the value does not bring.
-    {"<R><a #1 Auto='1|x|2' DynaUseChck='0'/><a #2 Auto='1|x|2' DynaUseChck='0'/>"
-     "<a #3 ThemeApplicability='196608' Auto='1' DynaUseChck='x'/><a #4/></R>",
-     {{1, "::{auto=5}::{DynaUseChck=0}"}, {2, "v"}, {3, "::{Auto=5}v"}, {4, "v"}},
-     4,
-     "<R><a #1 Auto='1|x|2' DynaUseChck='0' auto='5'/><a #2 Auto='0|x|2' DynaUseChck='1'>v</a>"
-     "<a #3 ThemeApplicability='196608' Auto='0|Auto|1' DynaUseChck='x'/><a #4>v</a></R>",
-     0,
-     0x30000},
-    {"<R><a #1 No='2'/><a #2/></R>", {{2, "v"}}, 1, "<R><a #1 No='2'>v</a><a #2/></R>", 0, 0, "No"},
-};
-
-void fill(const std::vector<Entry>& entries, CArray<int, int>& ids, CStringArray& values) {
-  for (const Entry& entry : entries) {
-    ids.Add(entry.id);
-    values.Add(entry.value);
+/// Entries as "1=v;0x10002=w".
+void fill(const std::string& entries, CArray<int, int>& ids, CStringArray& values) {
+  std::istringstream all(entries);
+  for (std::string entry; std::getline(all, entry, ';');) {
+    ids.Add(std::stoi(entry, nullptr, 0));
+    values.Add(entry.substr(entry.find('=') + 1).c_str());
   }
 }
 
+// The tree, the entries, the result, the tree after it, and: the repeat in force, "reset" for both options,
+// "No" for that ID attribute.
+const char* const kApplies = R"(
+    // Leaves and branches, an ID twice in the tree, one that is not there, an empty value.
+    <R><a #1/><B #2>t<a #3>x</a><a #1/></B><B><a #4/></B></R> | 1=v;2=u;3=;9=z;4=w | 5 | <R><a #1>v</a><B #2 Use='u'>t<a #3/><a #1>v</a></B><B><a #4>w</a></B></R>
+    <R><B #-2><a #0/></B></R> | -2=u;0=v | 1 | <R><B #-2><a #0>v</a></B></R>
+    <R>t</R> | 1=v | 0 | <R>t</R>
+    <R/> |  | -2 | <R/>
+    // Composed IDs. Bit 21 makes a leaf a branch. An ID too wide ends the walk.
+    <R><B #1 ^2><a #3/></B><a #3/></R> | 0x30003=v;0x10003=w | 2 | <R><B #1 ^2><a #3>v</a></B><a #3>w</a></R> | 1
+    <R><B #4 ^32><a #3/></B><a #2097153/><a #1048577/></R> | 0x200003=v;0x200001=w;0x100001=x | 3 | <R><B #4 ^32><a #3 Use='v'/></B><a #2097153 Use='w'/><a #1048577>x</a></R>
+    <R><a #1/><a #65536/><a #2/></R> | 0x10001=v;0x10002=w | -5 | <R><a #1>v</a><a #65536/><a #2/></R> | 1
+    // Decorations.
+    <R><a #1/><a #2/><a #3/><a #4/><a #5/></R> | 1=::{a=1};2=::{a=b;3=p::{a=1}::{b=2=3}v;4=::{=1}::{b=}v;5=::{a=::{b=c}}v | 5 | <R><a #1 a='1'/><a #2>::{a=b</a><a #3 a='1' b='2=3'>v</a><a #4>::{=1}::{b=}v</a><a #5 a='::{b=c' b='c'>}v</a></R>
+    // Bit 16 keeps the value, bit 17 the attributes.
+    <R ~16><a #1 ~16>x</a><a #2 ~17>x</a></R> | 1=::{a=1}v;2=::{a=1}v | 2 | <R ~16><a #1 ~16 a='1'>x</a><a #2 ~17>v</a></R>
+    // Bit 18 asks for a tag. The nearest attribute that is an int counts whole.
+    <R><B ~18><a #1/><a #2/><a #3/><a #4/><B ~0><a #1/></B><a #5 ThemeApplicability='x'/><a #6/></B><a #1/></R> | 1=v;2=<autoX>;3=a<autoX>b<c>;4=<><c>;5=<autoX;6=::{a=<b>}v | 8 | <R><B ~18><a #1/><a #2/><a #3>a&lt;autoX>b&lt;c></a><a #4/><B ~0><a #1>v</a></B><a #5 ThemeApplicability='x'/><a #6 a='&lt;b>'/></B><a #1>v</a></R>
+    // Bit 20 sends the value of a branch to "Data", but no empty one, and lets its subtree be walked.
+    <R><B #1 ~20><a #2/><B #3 Data='d'><a/></B></B></R> | 1=v;2=w;3= | 3 | <R><B #1 ~20 Data='v'><a #2>w</a><B #3 Data='d'><a/></B></B></R>
+    // The options reset what the value does not bring.
+    <R><a #1 Auto='1|x|2' DynaUseChck='0'/><a #2 Auto='1|x|2' DynaUseChck='0'/><a #3 ThemeApplicability='196608' Auto='1' DynaUseChck='x'/><a #4/></R> | 1=::{auto=5}::{DynaUseChck=0};2=v;3=::{Auto=5}v;4=v | 4 | <R><a #1 Auto='1|x|2' DynaUseChck='0' auto='5'/><a #2 Auto='0|x|2' DynaUseChck='1'>v</a><a #3 ThemeApplicability='196608' Auto='0|Auto|1' DynaUseChck='x'/><a #4>v</a></R> | reset
+    <R><a #1 No='2'/><a #2/></R> | 2=v | 1 | <R><a #1 No='2'>v</a><a #2/></R> | No
+)";
+
 TEST(Apply, writes_values_by_ids) {
-  for (const Apply& row : kApplies) {
-    SCOPED_TRACE(row.before);
-    RYXmlWrapperBase tree = parse_ids(row.before);
+  for (const auto& [before, entries, result, after, with] : rows<5>(kApplies)) {
+    SCOPED_TRACE(before);
+    const int repeat = std::atoi(with.c_str());
+    const char* const attribute = with == "No" ? "No" : nullptr;
+    RYXmlWrapperBase tree = parse_ids(before);
     HostIntArray ids;
     HostStringArray values;
-    fill(row.entries, ids.array(), values.array());
+    fill(entries, ids.array(), values.array());
     int duplicate = -9;
-    EXPECT_EQ(rytree_set_values_by_ids(&tree, &ids, &values, row.repeat, &duplicate, 0, row.id_attribute,
-                                       nullptr, row.options),
-              row.result);
-    EXPECT_EQ(text(tree), text(parse_ids(row.after)));
+    EXPECT_EQ(rytree_set_values_by_ids(&tree, &ids, &values, repeat, &duplicate, 0, attribute, nullptr,
+                                       with == "reset" ? 0x30000 : 0),
+              std::stoi(result));
+    EXPECT_EQ(text(tree), text(parse_ids(after)));
     EXPECT_EQ(duplicate, -9);
-    if (row.options != 0) continue;
-    tree = parse_ids(row.before);
-    const char* const attribute = row.id_attribute != nullptr ? row.id_attribute : "DataID";
-    EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids.array(), &values.array(), row.repeat, nullptr, 0,
-                                       attribute, nullptr),
-              row.result);
-    EXPECT_EQ(text(tree), text(parse_ids(row.after)));
+    if (with == "reset") continue;
+    tree = parse_ids(before);
+    EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids.array(), &values.array(), repeat, nullptr, 0,
+                                       attribute != nullptr ? attribute : "DataID", nullptr),
+              std::stoi(result));
+    EXPECT_EQ(text(tree), text(parse_ids(after)));
   }
 }
 
@@ -113,7 +67,7 @@ TEST(Apply, an_id_twice_is_a_duplicate_only_where_asked) {
   RYXmlWrapperBase tree = parse_ids("<R><a #5/></R>");
   CArray<int, int> ids;
   CStringArray values;
-  fill({{7, "a"}, {200, "x"}, {5, "first"}, {5, "second"}, {200, "y"}}, ids, values);
+  fill("7=a;200=x;5=first;5=second;200=y", ids, values);
   CString error("former");
   int duplicate = -9;
   EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids, &values, 3, &duplicate, 0, nullptr, &error), -4);
@@ -126,28 +80,23 @@ TEST(Apply, an_id_twice_is_a_duplicate_only_where_asked) {
 
 TEST(Apply, refuses_bad_arguments) {
   RYXmlWrapperBase tree = parse_ids("<R><a #1/></R>");
-  RYXmlWrapperBase none;
   RYXmlWrapperBase dead = dead_node();
+  HostIntArray no_ids;
   HostIntArray ids;
-  HostStringArray values;
-  const auto plain = [](RYXmlWrapperBase* node, HostArrayObject* id_object, HostArrayObject* value_object) {
-    return rytree_set_values_by_ids(node, id_object, value_object, 0, nullptr, 0, nullptr, nullptr, 0);
-  };
-  values.array().Add("v");
-  EXPECT_EQ(plain(&tree, &ids, &values), -2);
-  values.array().RemoveAll();
-  ids.array().Add(1);
-  EXPECT_EQ(plain(&tree, &ids, &values), -2);
-  fill({{2, "v"}}, ids.array(), values.array());
-  EXPECT_EQ(plain(&tree, &ids, &values), -3);
-  EXPECT_EQ(plain(nullptr, &ids, &values), -1);
-  EXPECT_EQ(plain(&none, &ids, &values), -1);
-  EXPECT_EQ(plain(&dead, &ids, &values), -1);
-  EXPECT_EQ(plain(&tree, nullptr, &values), -1);
-  EXPECT_EQ(plain(&tree, &values, &values), -1);
-  EXPECT_EQ(plain(&tree, &ids, nullptr), -1);
-  EXPECT_EQ(plain(&tree, &ids, &ids), -1);
-  EXPECT_EQ(vctree_set_values_by_ids(&tree, nullptr, &values.array(), 0, nullptr, 0, nullptr, nullptr), -1);
+  HostStringArray no_values;
+  HostStringArray one;
+  HostStringArray two;
+  fill("1=v", ids.array(), one.array());
+  fill("1=v;2=w", no_ids.array(), two.array());
+  no_ids.array().RemoveAll();
+  const Rows<RYXmlWrapperBase*, HostArrayObject*, HostArrayObject*, int> cases = {
+      {&tree, &no_ids, &one, -2}, {&tree, &ids, &no_values, -2}, {&tree, &ids, &two, -3},
+      {nullptr, &ids, &one, -1},  {&dead, &ids, &one, -1},       {&tree, nullptr, &one, -1},
+      {&tree, &one, &one, -1},    {&tree, &ids, nullptr, -1},    {&tree, &ids, &ids, -1}};
+  for (const auto& [node, first, second, result] : cases) {
+    EXPECT_EQ(rytree_set_values_by_ids(node, first, second, 0, nullptr, 0, nullptr, nullptr, 0), result);
+  }
+  EXPECT_EQ(vctree_set_values_by_ids(&tree, nullptr, &one.array(), 0, nullptr, 0, nullptr, nullptr), -1);
   EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids.array(), nullptr, 0, nullptr, 0, nullptr, nullptr), -1);
 }
 
@@ -175,7 +124,7 @@ TEST(Apply, agrees_with_the_model_on_random_trees) {
     slow.options = options;
     const int result = rytree_set_values_by_ids(&tree, &ids, &values, repeat, test ? &duplicate : nullptr, 0,
                                                 nullptr, &error, options);
-    EXPECT_EQ(result, slow.walk(expected, 0, repeat));
+    EXPECT_EQ(result, slow.run(expected, repeat));
     EXPECT_EQ(text(tree), text(expected));
     EXPECT_EQ(error, expected_error);
     EXPECT_EQ(duplicate, expected_duplicate);

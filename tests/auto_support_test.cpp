@@ -31,11 +31,9 @@ TEST(AutoSupport, strings_made) {
 
 TEST(AutoSupport, strings_read) {
   const Rows<Text, int, int, Text, int> rows = {
-      {"1|A|2", 1, 1, "A", 2},       {"1||1", 1, 1, "", 1},
-      {"5", 1, 5, "Auto", 1},        {" -2x|B", 1, -2, "B", 1},
-      {"x|B|y", 1, 0, "B", 0},       {"1|\"a|b\"|3|4", 1, 1, "\"a|b\"", 3},
-      {"", 0, 77, "old", 77},        {nullptr, 0, 77, "old", 77},
-      {"1|\"A|2", 0, 77, "old", 77}, {"99999999999|A|-99999999999999999999", 1, INT_MAX, "A", INT_MIN}};
+      {"1||-99999999999999999999", 1, 1, "", INT_MIN}, {"5", 1, 5, "Auto", 1},
+      {" -2x|\"a|b\"|y|4", 1, -2, "\"a|b\"", 0},       {"", 0, 77, "old", 77},
+      {"99999999999|A|-2", 1, INT_MAX, "A", -2},       {"1|\"A|2", 0, 77, "old", 77}};
   for (const auto& [string, result, state, label, number] : rows) {
     int state_read = 77;
     int number_read = 77;
@@ -47,10 +45,9 @@ TEST(AutoSupport, strings_read) {
 
 TEST(AutoSupport, set) {
   const Rows<Text, int, Text, int, int, Text> rows = {
-      {nullptr, 1, nullptr, -1, 1, "1||1"},   {nullptr, -1, "A", 2, 1, "0|A|2"},
-      {"1|A|2", -1, nullptr, -1, 1, "0|A|2"}, {"0|A|2", 1, "", -2, 1, "1||-2"},
-      {"5|A|2", 1, "B", -1, 1, "1|B|2"},      {"1|A|2", 0, "B", 3, 0, "none"},
-      {"1|A|2", 2, "B", 3, 0, "1|A|2"},       {"\"", 1, nullptr, -1, 1, "1||1"}};
+      {nullptr, 1, nullptr, -1, 1, "1||1"}, {"1|A|2", -1, nullptr, -1, 1, "0|A|2"},
+      {"0|A|2", 1, "", -2, 1, "1||-2"},     {"1|A|2", 0, "B", 3, 0, "none"},
+      {"1|A|2", 2, "B", 3, 0, "1|A|2"},     {"\"", 1, nullptr, -1, 1, "1||1"}};
   for (const auto& [before, state, label, number, result, after] : rows) {
     RYXmlWrapperBase node = with_auto(before);
     EXPECT_EQ(vctree_set_auto_support(node, state, label, number), result);
@@ -67,38 +64,31 @@ TEST(AutoSupport, get_and_reset) {
     CString label_read("old");
     int number_read = 77;
     EXPECT_EQ(vctree_get_auto_support(node, label_read, number_read), state);
-    EXPECT_EQ(std::tie(label_read, number_read), std::make_tuple(CString(label), number));
-    EXPECT_EQ(rytree_get_auto_support(&node), state);
+    EXPECT_TRUE(label_read == label && number_read == number && rytree_get_auto_support(&node) == state)
+        << reset;
     vctree_check_reset_auto_support(node);
     EXPECT_EQ(auto_of(node), reset);
   }
-}
-
-TEST(AutoSupport, plain_set) {
   RYXmlWrapperBase node = with_auto("0|A|2");
-  RYXmlWrapperBase dead = dead_node();
   EXPECT_EQ(rytree_set_auto_support(&node, 1), 1);
   EXPECT_EQ(auto_of(node), "1|A|2");
+  RYXmlWrapperBase dead = dead_node();
   EXPECT_EQ(rytree_set_auto_support(&dead, 1) + rytree_set_auto_support(nullptr, 1), 0);
   EXPECT_EQ(rytree_get_auto_support(&dead) + rytree_get_auto_support(nullptr), 0);
 }
 
 TEST(EntireWorksheet, three_states) {
-  const Rows<int, Text, int> rows = {{2, "<A/>", 0},
-                                     {1, "<A _EntireWorksheet=\"1\"/>", 1},
+  const Rows<int, Text, int> rows = {{1, "<A _EntireWorksheet=\"1\"/>", 1},
                                      {-1, "<A _EntireWorksheet=\"0\"/>", -1},
                                      {5, "<A _EntireWorksheet=\"0\"/>", -1},
                                      {0, "<A/>", 0}};
-  RYXmlWrapperBase node = parse("<A/>");
+  RYXmlWrapperBase node = parse("<A _EntireWorksheet=\"9\"/>");
+  EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), -1);
   for (const auto& [state, xml, read] : rows) {
     rytree_composite_range_set_entire_worksheet_support(&node, state);
     EXPECT_EQ(text(node), xml);
     EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), read);
   }
-  node.SetPropertyValue("_EntireWorksheet", 9);
-  EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), -1);
-  node.SetPropertyValue("_EntireWorksheet", "x");
-  EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), 0);
   rytree_composite_range_set_entire_worksheet_support(nullptr, 1);
   EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(nullptr), 0);
 }

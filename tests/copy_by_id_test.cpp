@@ -9,95 +9,65 @@
 namespace {
 
 using Node = RYXmlWrapperBase*;
-using Copy = int (*)(Node source, Node destination);
 
-const Copy copy_no = [](Node s, Node d) { return rytree_copy_values_by_id(s, d, 0, "No", "To", 0, 0, 0); };
-const Copy copy_all = [](Node s, Node d) {
-  return rytree_copy_values_by_id(s, d, 0, nullptr, nullptr, 1, 1, 0);
-};
-const Copy copy_filled = [](Node s, Node d) {
-  return rytree_copy_values_by_id(s, d, 0, nullptr, nullptr, 1, 0, 1);
-};
-const Copy copy_two = [](Node s, Node d) {
-  return rytree_copy_atts_by_id(s, d, "p", nullptr, nullptr, "q", 0);
-};
-const Copy copy_second = [](Node s, Node d) {
-  return rytree_copy_atts_by_id(s, d, nullptr, "No", "To", "q", 0);
-};
-const Copy copy_renamed = [](Node s, Node d) {
-  return rytree_copy_atts_by_id(s, d, "p", nullptr, nullptr, "q", 1);
-};
-const Copy copy_unnamed = [](Node s, Node d) {
-  return rytree_copy_atts_by_id(s, d, "p", nullptr, nullptr, nullptr, -1) +
-         rytree_copy_atts_by_id(s, d, "", nullptr, nullptr, nullptr, 0) +
-         rytree_copy_atts_by_id(s, d, nullptr, nullptr, nullptr, "q", 2);
-};
-const Copy whole = rytree_whole_copy_values_by_id;
-const Copy prune = [](Node s, Node d) { return rytree_remove_unchange_nodes_by_id(s, d, nullptr, nullptr); };
-const Copy prune_no = [](Node s, Node d) { return rytree_remove_unchange_nodes_by_id(s, d, "No", "To"); };
+/// `by` is what to copy and the arguments behind the trees: "-" is null, "0" in place of a name "".
+int copy(const std::string& by, Node s, Node d) {
+  std::istringstream words(by);
+  std::string word[6];
+  for (std::string& one : word) words >> one;
+  const auto name = [&](int at) {
+    return word[at] == "-" ? nullptr : word[at] == "0" ? "" : word[at].c_str();
+  };
+  const auto flag = [&](int at) { return std::stoi(word[at]); };
+  if (word[0] == "all") return rytree_copy_values_by_id(s, d, 0, name(1), name(2), flag(3), flag(4), flag(5));
+  if (word[0] == "atts") return rytree_copy_atts_by_id(s, d, name(1), name(2), name(3), name(4), flag(5));
+  if (word[0] == "prune") return rytree_remove_unchange_nodes_by_id(s, d, name(1), name(2));
+  return rytree_whole_copy_values_by_id(s, d);
+}
 
-const char* const kThree = "<R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R>";
-const char* const kBranch = "<R><a #3>z</a><B #9><a #1>X</a><a #3>y</a></B></R>";
-const char* const kTwins = "<R><a #6/><a #5 p='1'/><a #5 p='1'/></R>";
-
-struct Row {
-  Copy copy;
-  const char* source;
-  const char* destination;
-  int result;
-  const char* after = nullptr;  // null: unchanged
-};
-const Row kRows[] = {
-    {copy_no, "<R><a No='1'>x</a><B No='2'><a/></B></R>", "<R><B To='2'><a To='1' No='3'/><a #1/></B></R>", 1,
-     "<R><B To='2'><a To='1' No='3'>x</a><a #1/></B></R>"},
-    {copy_all, "<R><a/></R>", kThree, 0},
-    {copy_all, "<R><a #1>x</a></R>", "<R><a #1 ~18/></R>", 1, "<R><a #1 ~18>x</a></R>"},
-    {copy_filled, "<R><a #1/></R>", kThree, -2},
-    {copy_filled, "<R><a #4/><a #1>v</a><a #3/><a #2>w</a><a #5/></R>", kThree, 2,
-     "<R><a #1>v</a><B #2 Use='w'><a #3>y</a></B></R>"},
-    {copy_all, kTwins, kThree, -5},
-    {copy_two, kTwins, kThree, -5},
-    {prune, kTwins, kThree, -5},
-    {copy_all, "<R><B #-7><a/></B><B #-7><a/></B></R>", kThree, -4},
-    {prune, "<R><a #0/><a #0/></R>", kThree, -4},
-    {prune, kThree, "<R><a #1>x</a><B ^32767/></R>", -5, "<R><B ^32767/></R>"},
-    // Made directly below the destination, in the order of the source and its root first; a node ID counts as
-    // well.
-    {whole, "<S #8 Label='s'><B #2 Use='u'><c #3 Label='l'>y</c><d #4/></B></S>",
-     "<R #3><B><a #2 _NodeID='4'/></B></R>", 2,
-     "<R #3><B><a #2 _NodeID='4'>u</a></B><S Label='s' #8/><c Label='l' #3>y</c></R>"},
+// The copy, its source and destination, the result and the destination after it unless it stays.
+const char* const kCopies = R"(
+    all No To 0 0 0 | <R><a No='1'>x</a><B No='2'><a/></B></R> | <R><B To='2'><a To='1' No='3'/><a #1/></B></R> | 1 | <R><B To='2'><a To='1' No='3'>x</a><a #1/></B></R>
+    all - - 1 1 0 | <R><a/></R> | <R><a #1>x</a></R> | 0
+    all - - 1 1 0 | <R><a #1>x</a></R> | <R><a #1 ~18/></R> | 1 | <R><a #1 ~18>x</a></R>
+    all - - 1 0 1 | <R><a #1/></R> | <R><a #1>x</a></R> | -2
+    all - - 1 0 1 | <R><a #4/><a #1>v</a><a #3/><a #2>w</a><a #5/></R> | <R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R> | 2 | <R><a #1>v</a><B #2 Use='w'><a #3>y</a></B></R>
+    all - - 1 1 0 | <R><a #6/><a #5 p='1'/><a #5 p='1'/></R> | <R><a #5>x</a></R> | -5
+    atts p - - q 0 | <R><a #6/><a #5 p='1'/><a #5 p='1'/></R> | <R><a #5>x</a></R> | -5
+    prune - - | <R><a #6/><a #5 p='1'/><a #5 p='1'/></R> | <R><a #5/></R> | -5
+    all - - 1 1 0 | <R><B #-7><a/></B><B #-7><a/></B></R> | <R><a #1>x</a></R> | -4
+    prune - - | <R><a #0/><a #0/></R> | <R><a #1>x</a></R> | -4
+    prune - - | <R><a #1>x</a></R> | <R><a #1>x</a><B ^32767/></R> | -5 | <R><B ^32767/></R>
+    // Made directly below the destination, in the order of the source and its root first; a node ID counts too.
+    whole | <S #8 Label='s'><B #2 Use='u'><c #3 Label='l'>y</c><d #4/></B></S> | <R #3><B><a #2 _NodeID='4'/></B></R> | 2 | <R #3><B><a #2 _NodeID='4'>u</a></B><S Label='s' #8/><c Label='l' #3>y</c></R>
     // Plain IDs are made, composed ones looked for.
-    {whole, "<R><B #2 ^1><a #3>v</a></B></R>", "<R/>", 1, "<R><B Label='' #2>-1</B><a Label='' #3/></R>"},
-    {copy_two, "<R><a #1 p='1'/><B #2 q='2'><a #3 p='' q=''/></B></R>",
-     "<R><a #1 q='0'/><a #2 p='0'/><a #3 p='0'/></R>", 0, "<R><a #1 p='1'/><a #2 q='2'/><a #3 p='0'/></R>"},
-    {copy_second, "<R><a #5 No='1' p='1' q='2'/></R>", "<R><a To='1' p='0'>x</a><a #1 No='1'/></R>", 0,
-     "<R><a To='1' p='0' q='2'>x</a><a #1 No='1'/></R>"},
-    {copy_renamed, "<R><a #1 p='1' q='5'/><a #2 q='5'/></R>", "<R><a #1/><a #2/></R>", 0,
-     "<R><a #1 q='1'/><a #2/></R>"},
-    {copy_unnamed, "<R><a #1 p='1' q='5'/></R>", "<R><a #1/></R>", 0},
-    {prune, "<R><a/></R>", kThree, 0},
-    {prune_no, "<R><a #5 No='1'>x</a></R>", "<R><a To='1'>x</a><a #1 No='1'>x</a></R>", 1,
-     "<R><a #1 No='1'>x</a></R>"},
-    {prune, "<R><B #-2 Use='x'><a/></B></R>", "<R><a #-2>x</a></R>", 0},
-    {prune, kThree, kBranch, 3, "<R><a #3>z</a></R>"},
-    {prune, kThree, "<R><B #2 Use='u'><a #1>x</a><a #3>n</a><a>x</a></B></R>", 1,
-     "<R><B #2 Use='u'><a #3>n</a><a>x</a></B></R>"},
-    {prune, "<R><a #1 Auto='A'>x</a><a #2>x</a></R>", "<R><a #1 Auto='a'>X</a><a #2 Auto=''>x</a></R>", 1,
-     "<R><a #2 Auto=''>x</a></R>"},
-};
+    whole | <R><B #2 ^1><a #3>v</a></B></R> | <R/> | 1 | <R><B Label='' #2>-1</B><a Label='' #3/></R>
+    atts p - - q 0 | <R><a #1 p='1'/><B #2 q='2'><a #3 p='' q=''/></B></R> | <R><a #1 q='0'/><a #2 p='0'/><a #3 p='0'/></R> | 0 | <R><a #1 p='1'/><a #2 q='2'/><a #3 p='0'/></R>
+    atts - No To q 0 | <R><a #5 No='1' p='1' q='2'/></R> | <R><a To='1' p='0'>x</a><a #1 No='1'/></R> | 0 | <R><a To='1' p='0' q='2'>x</a><a #1 No='1'/></R>
+    atts p - - q 1 | <R><a #1 p='1' q='5'/><a #2 q='5'/></R> | <R><a #1/><a #2/></R> | 0 | <R><a #1 q='1'/><a #2/></R>
+    atts p - - - -1 | <R><a #1 p='1' q='5'/></R> | <R><a #1/></R> | 0
+    atts 0 - - - 0 | <R><a #1 p='1' q='5'/></R> | <R><a #1/></R> | 0
+    atts - - - q 2 | <R><a #1 p='1' q='5'/></R> | <R><a #1/></R> | 0
+    prune - - | <R><a/></R> | <R><a #1>x</a></R> | 0
+    prune No To | <R><a #5 No='1'>x</a></R> | <R><a To='1'>x</a><a #1 No='1'>x</a></R> | 1 | <R><a #1 No='1'>x</a></R>
+    prune - - | <R><B #-2 Use='x'><a/></B></R> | <R><a #-2>x</a></R> | 0
+    prune - - | <R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R> | <R><a #3>z</a><B #9><a #1>X</a><a #3>y</a></B></R> | 3 | <R><a #3>z</a></R>
+    prune - - | <R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R> | <R><B #2 Use='u'><a #1>x</a><a #3>n</a><a>x</a></B></R> | 1 | <R><B #2 Use='u'><a #3>n</a><a>x</a></B></R>
+    prune - - | <R><a #1 Auto='A'>x</a><a #2>x</a></R> | <R><a #1 Auto='a'>X</a><a #2 Auto=''>x</a></R> | 1 | <R><a #2 Auto=''>x</a></R>
+)";
 
 TEST(CopyById, tables) {
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(&row - kRows);
-    RYXmlWrapperBase source = parse_ids(row.source);
-    RYXmlWrapperBase destination = parse_ids(row.destination);
-    EXPECT_EQ(row.copy(&source, &destination), row.result);
-    EXPECT_EQ(text(destination), text(parse_ids(row.after != nullptr ? row.after : row.destination)));
-    EXPECT_EQ(text(source), text(parse_ids(row.source)));
+  for (const auto& [by, from, to, result, after] : rows<5>(kCopies)) {
+    SCOPED_TRACE(by + from);
+    RYXmlWrapperBase source = parse_ids(from);
+    RYXmlWrapperBase destination = parse_ids(to);
+    EXPECT_EQ(copy(by, &source, &destination), std::stoi(result));
+    EXPECT_EQ(text(destination), text(parse_ids(after.empty() ? to : after)));
+    EXPECT_EQ(text(source), text(parse_ids(from)));
     RYXmlWrapperBase dead = dead_node();
     for (const Node bad : {Node(nullptr), &dead}) {
-      EXPECT_LE(row.copy(bad, &destination), 0);
-      EXPECT_LE(row.copy(&source, bad), 0);
+      EXPECT_LE(copy(by, bad, &destination), 0);
+      EXPECT_LE(copy(by, &source, bad), 0);
     }
   }
 }
@@ -112,37 +82,34 @@ int mark(_SETVALUESBYIDS* hook) {
   return 0;
 }
 
+int copy_hooked(RYXmlWrapperBase& source, RYXmlWrapperBase& to, _SETVALUESBYIDS& hook, int keep = 0,
+                int drop = 0) {
+  return vctree_copy_values_by_id(&source, &to, 0, nullptr, nullptr, 1, &hook, keep, drop);
+}
+
 TEST(CopyById, a_hook_rewrites_values_at_and_below_its_node) {
-  const struct {
-    int id;
-    const char* source;
-    int result;  // 99: throws
-    const char* after;
-  } rows[] = {
-      {2, kThree, 4, "<R><B #2 Use='u!'><a #2>u!</a><a #3>y!</a></B><a #1>x</a></R>"},
-      {3, kThree, 4, "<R><B #2 Use='u'><a #2>u</a><a #3>y!</a></B><a #1>x</a></R>"},
-      {2, "<R><a #1>x</a><a #3>throw</a></R>", 99, "<R><B #2><a #2/><a #3/></B><a #1/></R>"},
-      {2, "<R><a #1>::{p=1}x</a><a #3>::{p=1}</a></R>", 2,
-       "<R><B #2><a #2/><a #3 p='1'>!</a></B><a #1 p='1'>x</a></R>"},
-  };
-  for (const auto& row : rows) {
-    RYXmlWrapperBase source = parse_ids(row.source);
+  // the node of the hook, the source, the result or "throws", the destination
+  for (const auto& [id, from, result, after] : rows<4>(R"(
+      2 | <R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R> | 4 | <R><B #2 Use='u!'><a #2>u!</a><a #3>y!</a></B><a #1>x</a></R>
+      3 | <R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R> | 4 | <R><B #2 Use='u'><a #2>u</a><a #3>y!</a></B><a #1>x</a></R>
+      2 | <R><a #1>x</a><a #3>throw</a></R> | throws | <R><B #2><a #2/><a #3/></B><a #1/></R>
+      2 | <R><a #1>::{p=1}x</a><a #3>::{p=1}</a></R> | 2 | <R><B #2><a #2/><a #3 p='1'>!</a></B><a #1 p='1'>x</a></R>)")) {
+    RYXmlWrapperBase source = parse_ids(from);
     RYXmlWrapperBase destination = parse_ids("<R><B #2><a #2/><a #3/></B><a #1/></R>");
-    _SETVALUESBYIDS hook = {mark, row.id, 1, nullptr};
-    int result = 99;
+    _SETVALUESBYIDS hook = {mark, std::stoi(id), 1, nullptr};
     try {
-      result = vctree_copy_values_by_id(&source, &destination, 0, nullptr, nullptr, 1, &hook, 0, 0);
+      EXPECT_EQ(std::to_string(copy_hooked(source, destination, hook)), result);
     } catch (const std::runtime_error&) {
+      EXPECT_EQ(result, "throws");
     }
-    EXPECT_EQ(result, row.result);
-    EXPECT_EQ(text(destination), text(parse_ids(row.after)));
+    EXPECT_EQ(text(destination), text(parse_ids(after)));
     EXPECT_EQ(hook.active, 0);
     EXPECT_EQ(hook.value, nullptr);
   }
-  RYXmlWrapperBase source = parse_ids(kThree);
+  RYXmlWrapperBase source = parse_ids("<R><a #1>x</a></R>");
   RYXmlWrapperBase conflict = parse_ids("<R><B #2><a ^32767/></B></R>");
   _SETVALUESBYIDS hook = {nullptr, 2, 1, nullptr};
-  EXPECT_EQ(vctree_copy_values_by_id(&source, &conflict, 0, nullptr, nullptr, 1, &hook, 0, 0), -5);
+  EXPECT_EQ(copy_hooked(source, conflict, hook), -5);
   EXPECT_EQ(hook.active, 0);
 }
 
@@ -158,15 +125,9 @@ TEST(CopyById, agrees_with_the_model_on_random_trees) {
     if (random.one_in(12)) source = tree;
     // The model works on a clone, in which the two nodes may again be one, or one below the other.
     RYXmlWrapperBase expected_source;
-    RYXmlWrapperBase expected;
     source.Clone(expected_source, 1);
-    if (tree == source) {
-      expected = expected_source;
-    } else if (tree == at(source, {0})) {
-      expected = at(expected_source, {0});
-    } else {
-      tree.Clone(expected, 1);
-    }
+    RYXmlWrapperBase expected = tree == source ? expected_source : at(expected_source, {0});
+    if (!(tree == source || tree == at(source, {0}))) tree.Clone(expected, 1);
     const int job = random.below(3);
     const bool keep = random.one_in(2);
     const bool drop = random.one_in(2);
@@ -179,10 +140,9 @@ TEST(CopyById, agrees_with_the_model_on_random_trees) {
     int result = 0;
     int duplicate = 0;
     if (vctree_get_values_with_ids(&expected_source, &ids, &values, 1, 0, 0, nullptr, 1, nullptr) > 0) {
-      const int twice = slow::duplicate(ids);
       if (job == 2) {
-        if (twice >= 0) duplicate = ids[twice];
-        result = twice >= 0 ? -4 : slow::prune(expected, ids, values, 0);
+        if (const int twice = slow::duplicate(ids); twice >= 0) duplicate = ids[twice];
+        result = slow::duplicate(ids) >= 0 ? -4 : slow::prune(expected, ids, values, 0);
       } else {
         for (int entry = ids.GetSize() - 1; job == 0 && drop && entry >= 0; --entry) {
           if (!values[entry].IsEmpty()) continue;
@@ -192,16 +152,13 @@ TEST(CopyById, agrees_with_the_model_on_random_trees) {
         slow::Apply slow{ids, values, "DataID", nullptr, &duplicate};
         if (job == 0) slow.hook = &expected_hook;
         slow.keep_bit_18_off = job == 0 && keep;
-        result = slow.walk(expected, 0, 0);
+        result = slow.run(expected, 0);
       }
     }
-    if (duplicate > 0) result = -duplicate;
     const std::string expected_shown = std::exchange(shown, "");
-
-    EXPECT_EQ(job == 0   ? vctree_copy_values_by_id(&source, &tree, 0, nullptr, nullptr, 1, &hook, keep, drop)
-              : job == 1 ? rytree_whole_copy_values_by_id(&source, &tree)
-                         : prune(&source, &tree),
-              result);
+    EXPECT_EQ(job == 0 ? copy_hooked(source, tree, hook, keep, drop)
+                       : copy(job == 1 ? "whole" : "prune - -", &source, &tree),
+              duplicate > 0 ? -duplicate : result);
     EXPECT_EQ(text(tree), text(expected));
     EXPECT_EQ(text(source), text(expected_source));
     EXPECT_EQ(std::exchange(shown, ""), expected_shown);

@@ -1,78 +1,78 @@
 // Bulk edits: pruning, attributes and values of a branch.
 #include <rytree_Utils/edit.h>
 
-#include <climits>
 #include <functional>
+#include <map>
 #include <random>
 
 #include "tests/tree_text.h"
 
 namespace {
 
-struct Edit {
-  const char* what;
-  const char* before;
-  std::function<int(RYXmlWrapperBase&)> edit;
-  int result;
-  const char* after;
+using Edit = int (*)(RYXmlWrapperBase* node, bool a, bool b, bool c);
+const std::map<std::string, Edit> kEdits = {
+    {"missing", [](auto* node, bool a, bool b,
+                   bool c) { return rytree_delete_nodes_by_missing_attribute(node, "k", a, b, c); }},
+    {"by value", [](auto* node, bool a, bool b,
+                    bool) { return rytree_delete_nodes_by_attribute(node, "v", 1, a, b ? "x" : nullptr); }},
+    {"all hits", [](auto* node, bool, bool, bool) { return rytree_remove_nodes_by_attribute(node, "v", 1); }},
+    {"empty", [](auto* node, bool a, bool, bool) { return rytree_remove_empty_child_nodes(node, a); }},
+    {"hide", [](auto* node, bool a, bool b, bool) { return rytree_hide_empty_nodes(node, a, b); }},
+    {"set", [](auto* node, bool a, bool b,
+               bool c) { return rytree_set_attribute_to_all_nodes(node, "k", c ? nullptr : "1", a, b), 0; }},
+    {"remove", [](auto* node, bool a, bool, bool) { return rytree_remove_attribute(node, "k", a); }},
+    {"bits",
+     [](auto* node, bool a, bool, bool) { return rytree_set_attribute_bit_if_not_empty(node, "k", 3, a); }},
+    {"clear", [](auto* node, bool, bool, bool) { return rytree_clear_all_value(node), 0; }},
 };
 
-void check(std::initializer_list<Edit> edits) {
-  for (const Edit& edit : edits) {
-    SCOPED_TRACE(edit.what);
-    RYXmlWrapperBase tree = parse(edit.before);
-    EXPECT_EQ(edit.edit(tree), edit.result);
-    EXPECT_EQ(text(tree), edit.after);
+// No tree before: that of the row above; none after: it stays as it was.
+TEST(Edit, ChangesTheBranch) {
+  std::string tree;
+  for (const auto& [edit, flags, before, result, after] : rows<5>(R"(
+      missing  | 000 | <R><a/><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i></R> | 1 | <R><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i></R>
+      missing  | 100 | | 6 | <R><b k="">t</b><f><g k="1"/></f><i k="2"/></R>
+      missing  | 110 | | 6 | <R><b>t</b><f><g/></f><i/></R>
+      missing  | 111 | | 5 | <R><b>t</b><c/><f><g/></f><i k="2"/></R>
+      by value | 010 | <R><a v="1" x=""><b v="1" x="1"/><c v="2"/></a><d v="1"><e v="1"/></d><f><g v="1"/></f><h v="y"/></R> | 1 | <R><a v="1" x=""><b v="1" x="1"/><c v="2"/></a><f><g v="1"/></f><h v="y"/></R>
+      by value | 110 | | 3 | <R><a v="1" x=""><c v="2"/></a><f/><h v="y"/></R>
+      by value | 100 | | 3 | <R><f/><h v="y"/></R>
+      all hits | 000 | | 3 | <R><f/><h v="y"/></R>
+      empty    | 000 | <R><a/><b Show="0">t</b><c>u<d/><e/></c><f Show="0"><g>t</g><h Show="1"/><i Show="1">t</i></f></R> | 3 | <R><b Show="0">t</b><c>u<d/><e/></c><f Show="0"><g>t</g><h Show="1"/><i Show="1">t</i></f></R>
+      empty    | 100 | | 3 | <R><b Show="0">t</b><f Show="0"><g>t</g><i Show="1">t</i></f></R>
+      hide     | 010 | | 1 | <R><a Show="0"/><b>t</b><c>u<d/><e/></c><f Show="0"><g>t</g><h Show="1"/><i Show="1">t</i></f></R>
+      hide     | 100 | | 4 | <R><a Show="0"/><b Show="0">t</b><c>u<d Show="0"/><e Show="0"/></c><f Show="0"><g>t</g><h Show="0"/><i Show="1">t</i></f></R>
+      hide     | 110 | | 4 | <R><a Show="0"/><b>t</b><c>u<d Show="0"/><e Show="0"/></c><f Show="0"><g>t</g><h Show="0"/><i>t</i></f></R>
+      empty    | 100 | <R><c>t<d/><e><f/></e></c></R> | 0 | <R/>
+      set      | 000 | <R k="0"><a><b k=""/></a><c k="0"/></R> | 0 | <R k="1"><a k="1"><b k="1"/></a><c k="1"/></R>
+      set      | 010 | | 0 | <R k="1"><a k="1"><b k=""/></a><c k="0"/></R>
+      set      | 100 | | 0 | <R k="0"><a k="1"><b k=""/></a><c k="1"/></R>
+      set      | 111 | | 0 | <R k="0"><a k=""><b k=""/></a><c k="0"/></R>
+      remove   | 000 | | 2 | <R k="0"><a><b/></a><c/></R>
+      remove   | 100 | | 3 | <R><a><b/></a><c/></R>
+      bits     | 000 | <R k="5"><a>t</a></R> | 1 | <R k="7"><a>t</a></R>
+      bits     | 000 | <R k="-8"><c/><b><a>t</a></b></R> | 0 |
+      bits     | 100 | | 1 | <R k="-5"><c/><b><a>t</a></b></R>
+      bits     | 100 | <R k="4"><b>t<a/></b></R> | 0 |
+      bits     | 000 | <R><a>t</a></R> | 0 |
+      clear    | 000 | <R>r<a k="1">1</a><b>2<c>3</c></b></R> | 0 | <R>r<a k="1"/><b>2<c/></b></R>)")) {
+    SCOPED_TRACE(edit + flags + before);
+    if (!before.empty()) tree = before;
+    RYXmlWrapperBase node = parse(tree);
+    EXPECT_EQ(kEdits.at(edit)(&node, flags[0] == '1', flags[1] == '1', flags[2] == '1'), std::stoi(result));
+    EXPECT_EQ(text(node), after.empty() ? tree : after);
   }
 }
 
-auto missing(int recursive, int remove, int keep, const char* name = "k") {
-  return [=](RYXmlWrapperBase& tree) {
-    return rytree_delete_nodes_by_missing_attribute(&tree, name, recursive, remove, keep);
-  };
-}
-
-TEST(Edit, PrunesWhatLacksAnAttribute) {
-  const char* const tree =
-      "<R><a/><b k=\"\">t</b><c><d/><e/></c><f><g k=\"1\"/><h/></f><i k=\"2\"><j/></i></R>";
-  check({
-      {"flat", tree, missing(0, 0, 0), 1,
-       "<R><b k=\"\">t</b><c><d/><e/></c><f><g k=\"1\"/><h/></f><i k=\"2\"><j/></i></R>"},
-      {"recursive", tree, missing(1, 0, 0), 6, "<R><b k=\"\">t</b><f><g k=\"1\"/></f><i k=\"2\"/></R>"},
-      {"keeping branches", tree, missing(1, 0, 1), 5,
-       "<R><b k=\"\">t</b><c/><f><g k=\"1\"/></f><i k=\"2\"/></R>"},
-      {"removing the attribute", tree, missing(1, 1, 0), 6, "<R><b>t</b><f><g/></f><i/></R>"},
-      {"kept branches keep theirs", "<R><a k=\"1\"><b k=\"2\"/></a></R>", missing(1, 1, 1), 0,
-       "<R><a k=\"1\"><b/></a></R>"},
-      {"a branch with children left is not judged", "<R><a><b k=\"2\"/></a></R>", missing(1, 0, 0), 0,
-       "<R><a><b k=\"2\"/></a></R>"},
-      {"no name", tree, missing(1, 1, 0, nullptr), 0, tree},
-  });
-}
-
-TEST(Edit, PrunesByAttribute) {
-  const char* const tree =
-      "<R><a v=\"1\" x=\"\"><b v=\"1\" x=\"1\"/><c v=\"2\"/></a><d v=\"1\"><e v=\"1\"/></d><f><g "
-      "v=\"1\"/></f><h v=\"y\"/></R>";
-  const auto by = [](int recursive, const char* exempt) {
-    return [=](RYXmlWrapperBase& node) {
-      return rytree_delete_nodes_by_attribute(&node, "v", 1, recursive, exempt);
-    };
-  };
-  check({
-      {"flat", tree, by(0, nullptr), 2, "<R><f><g v=\"1\"/></f><h v=\"y\"/></R>"},
-      {"flat with exemption", tree, by(0, "x"), 1,
-       "<R><a v=\"1\" x=\"\"><b v=\"1\" x=\"1\"/><c v=\"2\"/></a><f><g v=\"1\"/></f><h v=\"y\"/></R>"},
-      {"recursive with exemption", tree, by(1, "x"), 3,
-       "<R><a v=\"1\" x=\"\"><c v=\"2\"/></a><f/><h v=\"y\"/></R>"},
-      {"recursive", tree, by(1, nullptr), 3, "<R><f/><h v=\"y\"/></R>"},
-      {"all hits", tree,
-       [](RYXmlWrapperBase& node) { return rytree_remove_nodes_by_attribute(&node, "v", 1); }, 3,
-       "<R><f/><h v=\"y\"/></R>"},
-  });
-  EXPECT_EQ(rytree_remove_nodes_by_attribute(nullptr, "v", 1), -1);
+TEST(Edit, BadArgumentsGiveNothing) {
   RYXmlWrapperBase dead = dead_node();
-  EXPECT_EQ(rytree_remove_nodes_by_attribute(&dead, "v", 1), -1);
+  for (const auto& [name, edit] : kEdits) {
+    EXPECT_EQ(edit(nullptr, true, true, true), name == "all hits" ? -1 : 0) << name;
+    EXPECT_EQ(edit(&dead, true, true, true), name == "all hits" ? -1 : 0) << name;
+  }
+  RYXmlWrapperBase tree = parse("<R><a/></R>");
+  EXPECT_EQ(rytree_delete_nodes_by_missing_attribute(&tree, nullptr, 1, 1, 0), 0);
+  EXPECT_EQ(text(tree), "<R><a/></R>");
 }
 
 TEST(Edit, OneWalkRemovesWhatRepeatedSearchesWould) {
@@ -88,110 +88,29 @@ TEST(Edit, OneWalkRemovesWhatRepeatedSearchesWould) {
     ours.Clone(literal, 1);
     int count = 0;
     RYXmlWrapperBase found;
-    while (literal.FindNodeByAttribute(found, "v", 1, 1) != 0) {
+    for (; literal.FindNodeByAttribute(found, "v", 1, 1) != 0; ++count) {
       RYXmlWrapperBase parent;
       found.GetParent(parent);
       parent.RemoveChild(found, nullptr);
-      ++count;
     }
     ASSERT_EQ(rytree_remove_nodes_by_attribute(&ours, "v", 1), count);
     ASSERT_EQ(text(ours), text(literal));
   }
 }
 
-TEST(Edit, RemovesAndHidesTheEmpty) {
-  const char* const tree =
-      "<R><a/><b>t</b><c><d/><e/></c><f><g>t</g><h Show=\"1\"/><i Show=\"1\">t</i></f></R>";
-  const auto remove = [](bool recursive) {
-    return [=](RYXmlWrapperBase& node) { return rytree_remove_empty_child_nodes(&node, recursive); };
-  };
-  const auto hide = [](bool recursive, bool show) {
-    return [=](RYXmlWrapperBase& node) { return rytree_hide_empty_nodes(&node, recursive, show); };
-  };
-  check({
-      {"flat", tree, remove(false), 3,
-       "<R><b>t</b><c><d/><e/></c><f><g>t</g><h Show=\"1\"/><i Show=\"1\">t</i></f></R>"},
-      {"recursive", tree, remove(true), 3, "<R><b>t</b><f><g>t</g><i Show=\"1\">t</i></f></R>"},
-      {"nothing left but the text of a branch", "<R><c>t<d/><e><f/></e></c></R>", remove(true), 0, "<R/>"},
-      {"hide flat", tree, hide(false, true), 1,
-       "<R><a Show=\"0\"/><b>t</b><c><d/><e/></c><f><g>t</g><h Show=\"1\"/><i Show=\"1\">t</i></f></R>"},
-      {"hide all", tree, hide(true, false), 4,
-       "<R><a Show=\"0\"/><b>t</b><c><d Show=\"0\"/><e Show=\"0\"/></c><f><g>t</g><h Show=\"0\"/><i "
-       "Show=\"1\">t</i></f></R>"},
-      {"and show the others", "<R Show=\"0\"><a Show=\"0\">t</a><b Show=\"0\"><c/></b></R>", hide(true, true),
-       1, "<R Show=\"0\"><a>t</a><b Show=\"0\"><c Show=\"0\"/></b></R>"},
-  });
-}
-
-TEST(Edit, SetsAndRemovesAttributes) {
-  const char* const tree = "<R k=\"0\"><a><b/></a><c k=\"0\"/></R>";
-  const auto set = [](bool children, bool branches) {
-    return [=](RYXmlWrapperBase& node) {
-      rytree_set_attribute_to_all_nodes(&node, "k", "1", children, branches);
-      return 0;
-    };
-  };
-  const auto remove = [](int self) {
-    return [=](RYXmlWrapperBase& node) { return rytree_remove_attribute(&node, "k", self); };
-  };
-  const auto bits = [](int word, bool recursive) {
-    return [=](RYXmlWrapperBase& node) {
-      return rytree_set_attribute_bit_if_not_empty(&node, "k", word, recursive);
-    };
-  };
-  check({
-      {"all", tree, set(false, false), 0, "<R k=\"1\"><a k=\"1\"><b k=\"1\"/></a><c k=\"1\"/></R>"},
-      {"branches", tree, set(false, true), 0, "<R k=\"1\"><a k=\"1\"><b/></a><c k=\"0\"/></R>"},
-      {"children", tree, set(true, false), 0, "<R k=\"0\"><a k=\"1\"><b/></a><c k=\"1\"/></R>"},
-      {"branches among children", tree, set(true, true), 0, "<R k=\"0\"><a k=\"1\"><b/></a><c k=\"0\"/></R>"},
-      {"a leaf is no branch", "<R/>", set(false, true), 0, "<R/>"},
-      {"remove below", "<R k=\"0\"><a><b k=\"\"/></a><c k=\"0\"/></R>", remove(0), 2,
-       "<R k=\"0\"><a><b/></a><c/></R>"},
-      {"remove all", "<R k=\"0\"><a><b k=\"\"/></a><c k=\"0\"/></R>", remove(1), 3, "<R><a><b/></a><c/></R>"},
-      {"bits", "<R k=\"4\"><a>t</a></R>", bits(3, false), 1, "<R k=\"7\"><a>t</a></R>"},
-      {"bits above 31", "<R k=\"1\"><a>t</a></R>", bits(INT_MIN, false), 1,
-       "<R k=\"-2147483647\"><a>t</a></R>"},
-      {"only deep text", "<R k=\"4\"><b><a>t</a></b></R>", bits(3, false), 0,
-       "<R k=\"4\"><b><a>t</a></b></R>"},
-      {"deep text", "<R k=\"4\"><c/><b><a>t</a></b></R>", bits(3, true), 1,
-       "<R k=\"7\"><c/><b><a>t</a></b></R>"},
-      {"the text of a branch", "<R k=\"4\"><b>t<a/></b></R>", bits(3, true), 0,
-       "<R k=\"4\"><b>t<a/></b></R>"},
-      {"no attribute", "<R><a>t</a></R>", bits(3, false), 0, "<R><a>t</a></R>"},
-      {"clear", "<R>r<a k=\"1\">1</a><b>2<c>3</c></b></R>",
-       [](RYXmlWrapperBase& node) { return rytree_clear_all_value(&node), 0; }, 0,
-       "<R>r<a k=\"1\"/><b>2<c/></b></R>"},
-  });
-}
-
 TEST(Edit, ModifiesFlagWords) {
-  const Rows<const char*, DWORD, DWORD, const char*> rows = {
-      {"<R k=\"4\"/>", 2, 3, "<R k=\"5\"/>"},
-      {"<R/>", 1, 0, "<R/>"},
-      {"<R/>", 1, 3, "<R k=\"2\"/>"},
-      {"<R k=\"6\"/>", 2, 0, "<R k=\"4\"/>"},
-      {"<R k=\"-1\"/>", 0x80000000U, 0, "<R k=\"2147483647\"/>"},
-      {"<R k=\"0\"/>", 0, 0x80000000U, "<R k=\"-2147483648\"/>"},
-      {"<R k=\"x\"/>", 1, 0, "<R k=\"x\"/>"},
-  };
-  for (const auto& [before, clear, set, after] : rows) {
+  for (const auto& [before, clear, set, after] : rows<4>(R"(
+      <R k="4"/>  | 2          | 3          | <R k="5"/>
+      <R/>        | 1          | 0          | <R/>
+      <R/>        | 1          | 3          | <R k="2"/>
+      <R k="6"/>  | 2          | 0          | <R k="4"/>
+      <R k="-1"/> | 0x80000000 | 0          | <R k="2147483647"/>
+      <R k="0"/>  | 0          | 0x80000000 | <R k="-2147483648"/>
+      <R k="x"/>  | 1          | 0          | <R k="x"/>)")) {
     RYXmlWrapperBase tree = parse(before);
-    vctree_modify_DWORD_attribute(tree, "k", clear, set);
+    const auto word = [](const std::string& hex) { return static_cast<DWORD>(std::stoul(hex, nullptr, 0)); };
+    vctree_modify_DWORD_attribute(tree, "k", word(clear), word(set));
     EXPECT_EQ(text(tree), after) << before << clear << set;
-  }
-}
-
-TEST(Edit, BadNodesGiveNothing) {
-  RYXmlWrapperBase dead = dead_node();
-  for (RYXmlWrapperBase* const node : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
-    EXPECT_EQ(rytree_delete_nodes_by_missing_attribute(node, "k", 1, 1, 0), 0);
-    EXPECT_EQ(rytree_delete_nodes_by_attribute(node, "k", 1, 1, "x"), 0);
-    EXPECT_EQ(rytree_remove_empty_child_nodes(node, true), 0);
-    EXPECT_EQ(rytree_hide_empty_nodes(node, true, true), 0);
-    EXPECT_EQ(rytree_set_attribute_bit_if_not_empty(node, "k", 1, true), 0);
-    EXPECT_EQ(rytree_remove_attribute(node, nullptr, 1), 0);
-    rytree_set_attribute_to_all_nodes(node, "k", nullptr, false, false);
-    rytree_clear_all_value(node);
   }
 }
 

@@ -1,187 +1,127 @@
 // The weighting of a fit.
 #include <rytree_Utils/fitting.h>
 
-#include <array>
-
 #include "tests/tree_text.h"
 
 namespace {
 
+using Text = const char*;
+
 TEST(WeightMethods, HaveTheirNamesAndNeeds) {
-  const Rows<int, const char*, std::array<int, 4>> rows = {
-      {0, "No Weighting", {0, 0, 0, 0}},
-      {1, "Instrumental", {1, 0, 0, 0}},
-      {2, "Statistical", {0, 0, 0, 0}},
-      {3, "Arbitrary Dataset", {1, 0, 0, 0}},
-      {4, "Direct Weighting", {1, 0, 0, 0}},
-      {5, "Variance ~ y^2", {0, 0, 0, 0}},
-      {6, "Variance = a*y^b", {0, 1, 1, 0}},
-      {7, "Variance = c^b+a*y^b", {0, 1, 1, 1}},
-      {8, "Variance = a*y^b*c^(tlast-t)", {1, 1, 1, 1}},
-      {9, "Variance ~ yfit", {0, 0, 0, 0}},
-      {10, "Variance ~ yfit^2", {0, 0, 0, 0}},
-      {11, "Variance = a*yfit^b", {0, 1, 1, 0}},
-      {12, "Variance = c^b+a*yfit^b", {0, 1, 1, 1}},
-      {13, "Variance = a*yfit^b*c^(tlast-t)", {1, 1, 1, 1}},
-      {14, "Variance = [max(z,a)]^b", {0, 1, 1, 0}},
-      {15, "", {0, 0, 0, 0}},
-      {-1, "", {0, 0, 0, 0}},
-  };
+  CString listed;
   CStringArray names;
-  EXPECT_EQ(VCTreeGetFitterWeightStrings(99, nullptr, &names), 15);
-  ASSERT_EQ(names.GetSize(), 15);
-  for (const auto& [method, wanted, needs] : rows) {
-    SCOPED_TRACE(method);
-    const bool valid = method >= 0 && method < 15;
+  for (int method = -1; method < 16; ++method) {
     CString name("x");
-    std::array<int, 4> got = {7, 7, 7, 7};
-    EXPECT_EQ(rytree_fitter_get_weight_mth_info(method, &name, &got[0], &got[1], &got[2], &got[3]),
-              valid ? 1 : 0);
-    EXPECT_STREQ(name, wanted);
-    EXPECT_EQ(got, needs);
-    if (valid) {
-      EXPECT_STREQ(names[method], wanted);
-    }
-    CStringArray left;
-    left.Add("old");
-    EXPECT_EQ(VCTreeGetFitterWeightStrings(method, &name, &left), valid ? 15 : -1);
-    EXPECT_EQ(left.GetSize(), valid ? 15 : 0);
+    int n[4] = {7, 7, 7, 7};
+    const int found = rytree_fitter_get_weight_mth_info(method, &name, &n[0], &n[1], &n[2], &n[3]);
+    listed.AppendFormat("%s %d%d%d%d %d; ", name.GetString(), n[0], n[1], n[2], n[3], found);
+    names.Add("old");
+    EXPECT_EQ(VCTreeGetFitterWeightStrings(method, &name, &names), found != 0 ? 15 : -1);
+    EXPECT_EQ(names.GetSize(), found * 15);
+    EXPECT_STREQ(found != 0 ? names[method] : "", name);
   }
+  EXPECT_EQ(
+      listed,
+      " 0000 0; No Weighting 0000 1; Instrumental 1000 1; Statistical 0000 1; Arbitrary Dataset 1000 1; "
+      "Direct Weighting 1000 1; Variance ~ y^2 0000 1; Variance = a*y^b 0110 1; "
+      "Variance = c^b+a*y^b 0111 1; Variance = a*y^b*c^(tlast-t) 1111 1; Variance ~ yfit 0000 1; "
+      "Variance ~ yfit^2 0000 1; Variance = a*yfit^b 0110 1; Variance = c^b+a*yfit^b 0111 1; "
+      "Variance = a*yfit^b*c^(tlast-t) 1111 1; Variance = [max(z,a)]^b 0110 1;  0000 0; ");
   EXPECT_EQ(rytree_fitter_get_weight_mth_info(3, nullptr, nullptr, nullptr, nullptr, nullptr), 1);
+  EXPECT_EQ(VCTreeGetFitterWeightStrings(99, nullptr, &names), 15);
+  EXPECT_STREQ(names[14], "Variance = [max(z,a)]^b");
 }
 
-// The expanded form that an update leaves.
-std::string expanded(const char* parent, int method, std::array<int, 4> show, const char* combo,
-                     const char* data, std::array<const char*, 3> parameters) {
-  const auto value = [](const char* tag, std::string attributes, const char* text) {
-    return "<" + std::string(tag) + attributes +
-           (*text != 0 ? ">" + std::string(text) + "</" + tag + ">" : "/>");
-  };
-  const auto shown = [&](int i) {
-    return " Show=\"" + std::to_string(show[static_cast<std::size_t>(i)]) + "\"";
-  };
-  return "<P" + std::string(parent) + ">" + "<WeightMethod _NodeID=\"11\" Show=\"0\">" +
-         std::to_string(method) + "</WeightMethod>" +
-         value("WeightData",
-               " _NodeID=\"13\" Label=\"Data\" Combo=\"" + std::string(combo) +
-                   "\" _ACTION_OBJECT_ID=\"1010\"" + shown(0),
-               data) +
-         value("WeightA", " _NodeID=\"14\" Label=\"a\"" + shown(1), parameters[0]) +
-         value("WeightB", " _NodeID=\"14\" Label=\"b\"" + shown(2), parameters[1]) +
-         value("WeightC", " _NodeID=\"14\" Label=\"c\"" + shown(3), parameters[2]) + "</P>";
+// The expanded form that an update leaves; `show` is of the data and the three parameters.
+std::string expanded(Text parent, int method, Text show, Text combo, Text data, Text a, Text b, Text c) {
+  CString xml;
+  xml.Format(
+      "<P %s><WeightMethod _NodeID='11' Show='0'>%d</WeightMethod><WeightData _NodeID='13' Label='Data' "
+      "Combo='%s' _ACTION_OBJECT_ID='1010' Show='%c'>%s</WeightData><WeightA _NodeID='14' Label='a' "
+      "Show='%c'>%s</WeightA><WeightB _NodeID='14' Label='b' Show='%c'>%s</WeightB><WeightC _NodeID='14' "
+      "Label='c' Show='%c'>%s</WeightC></P>",
+      parent, method, combo, show[0], data, show[1], a, show[2], b, show[3], c);
+  return text(parse(xml.GetString()));
 }
 
 TEST(WeightNode, FollowsItsMethod) {
-  RYXmlWrapperBase tree = parse("<P Combo=\"A|B\"/>");
-  double a = 1.5;
-  double b = 2;
-  double c = -3;
-  struct Step {
-    int method;
-    const char* data;
-    bool parameters;
-    int check_same, disable;
-    int result;
-    unsigned long change;
-    std::string tree;
-  };
-  const std::string done =
-      expanded(" DisableWeightMethod=\"1\"", 8, {1, 1, 1, 1}, "A|B", "col", {"1.5", "2", "-3"});
-  const Step steps[] = {
-      {8, "col", true, 1, 1, 1, 0, done},
-      {8, "no", true, 1, 1, 0, 9, done},
-      {0, nullptr, false, 1, 0, 1, 1,
-       expanded(" DisableWeightMethod=\"0\"", 0, {0, 0, 0, 0}, "", "col", {"1.5", "2", "-3"})},
-      {6, "d2", false, 0, 0, 1, 2,
-       expanded(" DisableWeightMethod=\"0\"", 6, {0, 1, 1, 0}, "", "d2", {"1.5", "2", "-3"})},
-      {11, nullptr, false, 0, 0, 1, 0,
-       expanded(" DisableWeightMethod=\"0\"", 11, {0, 1, 1, 0}, "", "d2", {"1.5", "2", "-3"})},
-      {15, "x", true, 0, 5, 0, 9,
-       expanded(" DisableWeightMethod=\"5\"", 11, {0, 1, 1, 0}, "", "d2", {"1.5", "2", "-3"})},
-  };
-  for (const Step& step : steps) {
-    SCOPED_TRACE(step.method);
-    unsigned long change = 9;
-    double* const p[3] = {step.parameters ? &a : nullptr, step.parameters ? &b : nullptr,
-                          step.parameters ? &c : nullptr};
-    EXPECT_EQ(vctree_update_fitter_data_weight_node(tree, step.method, change, step.data, p[0], p[1], p[2],
-                                                    step.check_same, step.disable),
-              step.result);
-    EXPECT_EQ(change, step.change);
-    EXPECT_EQ(text(tree), step.tree);
-  }
-}
-
-TEST(WeightNode, TakesOverWhatIsThere) {
-  // A stored method that is no number is not method 0.
-  RYXmlWrapperBase tree = parse(
-      "<P><WeightMethod _NodeID=\"3\">x</WeightMethod><WeightA _NodeID=\"5\" Label=\"old\">7</WeightA></P>");
-  unsigned long change = 9;
-  EXPECT_EQ(vctree_update_fitter_data_weight_node(tree, 0, change, nullptr, nullptr, nullptr, nullptr, 1, 0),
-            1);
-  EXPECT_EQ(change, 1u);
-  EXPECT_EQ(text(at(tree, {0})), "<WeightMethod _NodeID=\"3\" Show=\"0\">0</WeightMethod>");
-  EXPECT_EQ(text(at(tree, {1})), "<WeightA _NodeID=\"5\" Label=\"a\" Show=\"0\">7</WeightA>");
+  RYXmlWrapperBase tree = parse("<P Combo='A|B'/>");
   RYXmlWrapperBase none;
-  change = 9;
-  EXPECT_EQ(vctree_update_fitter_data_weight_node(none, 0, change, nullptr, nullptr, nullptr, nullptr, 0, 0),
-            0);
-  EXPECT_EQ(change, 9u);
+  double parameters[3] = {1.5, 2, -3};
+  unsigned long change = 9;
+  const auto update = [&](RYXmlWrapperBase& node, int method, Text data, bool all, int check, int disable) {
+    double* const p = all ? parameters : nullptr;
+    change = 9;
+    return vctree_update_fitter_data_weight_node(node, method, change, data, p, all ? p + 1 : p,
+                                                 all ? p + 2 : p, check, disable);
+  };
+  // The arguments, the result and the change; then the method, what is shown, the combo and the data.
+  const Rows<int, Text, bool, int, int, int, unsigned, int, Text, Text, Text> rows = {
+      {8, "col", true, 1, 1, 1, 0, 8, "1111", "A|B", "col"},
+      {8, "no", true, 1, 1, 0, 9, 8, "1111", "A|B", "col"},
+      {0, nullptr, false, 1, 0, 1, 1, 0, "0000", "", "col"},
+      {6, "d2", false, 0, 0, 1, 2, 6, "0110", "", "d2"},
+      {11, nullptr, false, 0, 0, 1, 0, 11, "0110", "", "d2"},
+      {15, "x", true, 0, 5, 0, 9, 11, "0110", "", "d2"}};
+  for (const auto& [method, data, all, check, disable, result, changed, left, show, combo, kept] : rows) {
+    EXPECT_EQ(update(tree, method, data, all, check, disable), result) << method;
+    EXPECT_EQ(change, changed) << method;
+    const std::string parent = "DisableWeightMethod='" + std::to_string(disable) + "'";
+    EXPECT_EQ(text(tree), expanded(parent.c_str(), left, show, combo, kept, "1.5", "2", "-3"));
+  }
+
+  // A stored method that is no number is not method 0.
+  tree =
+      parse("<P><WeightMethod _NodeID='3'>x</WeightMethod><WeightA _NodeID='5' Label='old'>7</WeightA></P>");
+  EXPECT_EQ(update(tree, 0, nullptr, false, 1, 0), 1);
+  EXPECT_EQ(change, 1U);
+  EXPECT_EQ(text(at(tree, {0})) + text(at(tree, {1})),
+            "<WeightMethod _NodeID=\"3\" Show=\"0\">0</WeightMethod>"
+            "<WeightA _NodeID=\"5\" Label=\"a\" Show=\"0\">7</WeightA>");
+  EXPECT_EQ(update(none, 0, nullptr, false, 0, 0), 0);
+  EXPECT_EQ(change, 9U);
 }
 
 TEST(WeightNode, ConvertsBothWays) {
-  RYXmlWrapperBase compact = parse(
-      "<W WeightMethod=\"7\" Weight_A=\"0.5\" Weight_C=\"4\" Combo=\"one\" "
-      "DisableWeightMethod=\"1\">src</W>");
-  RYXmlWrapperBase wide = parse("<P/>");
-  EXPECT_EQ(vctree_fitter_data_weight_node_compact_to_expanded(wide, compact), 1);
-  EXPECT_EQ(text(wide), expanded(" Label=\"Weighting\" DisableWeightMethod=\"1\"", 7, {0, 1, 1, 1}, "one",
-                                 "src", {"0.5", "0", "4"}));
-  RYXmlWrapperBase back = parse("<Other Combo=\"keep\"/>");
-  EXPECT_EQ(vctree_fitter_data_weight_node_expanded_to_compact(back, wide), 1);
-  EXPECT_EQ(
-      text(back),
-      "<Other Combo=\"keep\" WeightMethod=\"7\" Weight_A=\"0.5\" Weight_B=\"0\" Weight_C=\"4\">src</Other>");
-
-  RYXmlWrapperBase bad = parse("<W WeightMethod=\"20\" Combo=\"c\"/>");
-  RYXmlWrapperBase half = parse("<P/>");
-  EXPECT_EQ(vctree_fitter_data_weight_node_compact_to_expanded(half, bad), 1);
-  EXPECT_EQ(text(half),
-            "<P Label=\"Weighting\" Combo=\"c\" DisableWeightMethod=\"0\"><WeightMethod _NodeID=\"11\" "
-            "Show=\"0\"/></P>");
-
-  RYXmlWrapperBase poor = parse("<P><WeightB>x</WeightB><WeightMethod>3</WeightMethod></P>");
-  RYXmlWrapperBase small = parse("<W Weight_B=\"9\">old</W>");
-  EXPECT_EQ(vctree_fitter_data_weight_node_expanded_to_compact(small, poor), 1);
-  EXPECT_EQ(text(small), "<W Weight_B=\"9\" WeightMethod=\"3\"/>");
-  EXPECT_EQ(text(poor),
-            "<P><WeightB>x</WeightB><WeightMethod>3</WeightMethod><WeightData/><WeightA/><WeightC/></P>");
-
+  const auto expand = vctree_fitter_data_weight_node_compact_to_expanded;
+  const auto compact = vctree_fitter_data_weight_node_expanded_to_compact;
+  const std::string wide =
+      expanded("Label='Weighting' DisableWeightMethod='1'", 7, "0111", "one", "src", "0.5", "0", "4");
+  // The source, and the target before and after; the last source gets the nodes that it lacks.
+  const auto table = rows<3>(R"(
+    <W WeightMethod='7' Weight_A='0.5' Weight_C='4' Combo='one' DisableWeightMethod='1'>src</W> | <P/> |
+    | <W Combo='c'/> | <W Combo='c' WeightMethod='7' Weight_A='0.5' Weight_B='0' Weight_C='4'>src</W>
+    <W WeightMethod='20' Combo='c'/> | <P/> | <P Label='Weighting' Combo='c' DisableWeightMethod='0'><WeightMethod _NodeID='11' Show='0'/></P>
+    <P><WeightB>x</WeightB><WeightMethod>3</WeightMethod></P> | <W Weight_B='9'>old</W> | <W Weight_B='9' WeightMethod='3'/>)");
+  RYXmlWrapperBase source;
+  RYXmlWrapperBase target;
   RYXmlWrapperBase none;
-  EXPECT_EQ(vctree_fitter_data_weight_node_compact_to_expanded(none, compact), 0);
-  EXPECT_EQ(vctree_fitter_data_weight_node_compact_to_expanded(half, none), 0);
-  EXPECT_EQ(vctree_fitter_data_weight_node_expanded_to_compact(small, none), 0);
-  EXPECT_EQ(text(small), "<W Weight_B=\"9\" WeightMethod=\"3\"/>");
+  for (const auto& [from, before, after] : table) {
+    source = parse(from.empty() ? wide : from);
+    target = parse(before);
+    EXPECT_EQ((tag(target) == "P" ? expand : compact)(target, source), 1);
+    EXPECT_EQ(text(target), after.empty() ? wide : text(parse(after)));
+  }
+  EXPECT_EQ(text(source),
+            "<P><WeightB>x</WeightB><WeightMethod>3</WeightMethod><WeightData/><WeightA/><WeightC/></P>");
+  EXPECT_EQ(expand(none, target) + expand(source, none) + compact(target, none), 0);
+  EXPECT_EQ(text(target), "<W Weight_B=\"9\" WeightMethod=\"3\"/>");
 }
 
 TEST(WeightNode, ExtractsByTag) {
-  const Rows<const char*, const char*, bool> rows = {
-      {"<W WeightMethod=\"3\" Weight_A=\"1\" Weight_B=\"2\"/>", nullptr, true},
-      {"<W WeightMethod=\"3\" Weight_A=\"1\" Weight_B=\"2\"/>", "", true},
-      {"<X WeightMethod=\"3\" Weight_A=\"1\" Weight_B=\"2\"/>", "W", true},
-      {"<W WeightMethod=\"3\"/>", "X", false},
-      {"<w WeightMethod=\"3\"/>", nullptr, false},
-  };
+  const std::string values = " WeightMethod='3' Weight_A='1' Weight_B='2'/>";
+  const Rows<std::string, Text, double> rows = {{"<W" + values, nullptr, 3120},
+                                                {"<W/>", "", 0},
+                                                {"<X" + values, "W", 3120},
+                                                {"<W" + values, "X", 8777},
+                                                {"<w" + values, nullptr, 8777}};
   for (const auto& [xml, tag, wanted] : rows) {
     RYXmlWrapperBase node = parse(xml);
     int method = 8;
     double p[3] = {7, 7, 7};
-    EXPECT_EQ(vctree_extract_weight_info(node, tag, &method, &p[0], &p[1], &p[2]), wanted ? 1 : 0) << xml;
-    EXPECT_EQ(method, wanted ? 3 : 8);
-    EXPECT_EQ(p[0], wanted ? 1 : 7);
-    EXPECT_EQ(p[1], wanted ? 2 : 7);
-    EXPECT_EQ(p[2], wanted ? 0 : 7);
-    EXPECT_EQ(vctree_extract_weight_info(node, tag, nullptr, nullptr, nullptr, nullptr), wanted ? 1 : 0);
+    EXPECT_EQ(vctree_extract_weight_info(node, tag, &method, &p[0], &p[1], &p[2]), wanted < 8000 ? 1 : 0);
+    EXPECT_EQ(method * 1000 + p[0] * 100 + p[1] * 10 + p[2], wanted) << xml;
+    vctree_extract_weight_info(node, tag, nullptr, nullptr, nullptr, nullptr);
   }
 }
 

@@ -15,14 +15,13 @@ int loads = 0;
 // Holds no array; notes what it was asked for and leaves dirt in the scratch record.
 struct AskedObject final : HostArrayObject {
   int code = 0;
-  bool clean = true;
 
   void* GetInternalArray(int asked, void* record) override {
+    EXPECT_EQ(record == nullptr, asked == 0x1001B);
     code = asked;
-    clean = clean && (asked == 0x1001B) == (record == nullptr);
     if (record == nullptr) return nullptr;
     std::array<DWORD, 5>& words = *static_cast<std::array<DWORD, 5>*>(record);
-    clean = clean && words == std::array<DWORD, 5>{};
+    EXPECT_EQ(words, (std::array<DWORD, 5>{}));
     words.fill(~DWORD{0});
     return nullptr;
   }
@@ -33,10 +32,8 @@ void expect_opening(Array* (*open)(HostArrayObject*), int code) {
   Object object;
   AskedObject asked;
   EXPECT_EQ(open(&object), &object.array());
-  for (HostArrayObject* const none : {&asked, &asked, static_cast<AskedObject*>(nullptr)})
-    EXPECT_EQ(open(none), nullptr);
+  EXPECT_TRUE(!open(&asked) && !open(&asked) && !open(nullptr));
   EXPECT_EQ(asked.code, code);
-  EXPECT_TRUE(asked.clean) << code;
 }
 
 TEST(HostArrays, open_by_code) {
@@ -48,14 +45,11 @@ TEST(HostArrays, open_by_code) {
 
 TEST(Values, of_a_branch) {
   RYXmlWrapperBase tree = parse("<R>own<A>1</A><B>two<C>3</C><D/></B></R>");
-  RYXmlWrapperBase dead = dead_node();
-  const Rows<RYXmlWrapperBase, int, const char*> rows = {{at(tree, {0}), 0, "[old][1]"},
-                                                         {at(tree, {0}), 1, "[old][1]"},
-                                                         {at(tree, {1, 1}), 1, "[old][]"},
-                                                         {at(tree, {1}), 1, "[old][][3][]"},
+  const Rows<RYXmlWrapperBase, int, const char*> rows = {{at(tree, {0}), 1, "[old][1]"},
+                                                         {at(tree, {1, 1}), 0, "[old][]"},
                                                          {tree, 0, "[old][][1][][3][]"},
                                                          {tree, 256, "[old][][1][two]"},
-                                                         {dead, 0, "[old][]"}};
+                                                         {dead_node(), 0, "[old][]"}};
   for (const auto& [node, children_only, expected] : rows) {
     RYXmlWrapperBase start(node);
     HostStringArray values;
@@ -65,32 +59,28 @@ TEST(Values, of_a_branch) {
     for (const CString& value : values.array()) joined.append("[").append(value).append("]");
     EXPECT_EQ(joined, expected) << children_only;
   }
-  HostStringArray values;
+  HostStringArray strings;
   HostIntArray ints;
-  EXPECT_EQ(rytree_get_values(&tree, nullptr, 0), -1);
-  EXPECT_EQ(rytree_get_values(&tree, &ints, 0), -1);
-  EXPECT_EQ(rytree_get_values(nullptr, &values, 0), -1);
-  EXPECT_TRUE(values.array().IsEmpty());
+  EXPECT_EQ(rytree_get_values(&tree, &ints, 0) + rytree_get_values(nullptr, &strings, 0), -2);
 }
 
 TEST(State, block_flag) {
   bool value = true;
-  EXPECT_FALSE(VCTreeAccessBlockLocalization(&value, true));
-  EXPECT_FALSE(value);
+  EXPECT_TRUE(!VCTreeAccessBlockLocalization(&value, true) && !value);
   value = true;
   EXPECT_TRUE(VCTreeAccessBlockLocalization(&value, false));
   value = false;
   EXPECT_TRUE(VCTreeAccessBlockLocalization(nullptr, false));
-  EXPECT_TRUE(VCTreeAccessBlockLocalization(&value, true));
-  EXPECT_TRUE(value);
+  EXPECT_TRUE(VCTreeAccessBlockLocalization(&value, true) && value);
 }
 
 TEST(State, range_label_is_loaded_until_there_is_one) {
-  const Rows<const char*, const char*> rows = {{"", ""}, {"Range", "Range"}, {"Other", "Range"}};
-  for (const auto& [given, label] : rows) {
+  std::string labels;
+  for (const char* const given : {"", "Range", "Other"}) {
     message = given;
-    EXPECT_STREQ(VCTreeRangeLabelText(), label);
+    labels.append(VCTreeRangeLabelText()).append("|");
   }
+  EXPECT_EQ(labels, "|Range|Range|");
   EXPECT_EQ(loads, 2);
 }
 
@@ -98,8 +88,7 @@ TEST(State, range_label_is_loaded_until_there_is_one) {
 
 // Stands in for the host's.
 int ryu_load_err_msg_str(int number, CString* out, int option) {
-  EXPECT_TRUE(number == 1996 && option == -1);
-  ++loads;
+  loads += number == 1996 && option == -1;
   *out = message;
   return 1;
 }

@@ -18,19 +18,14 @@ std::string module_of(const std::string& folder) { return kFolder + "/" + folder
 
 bool is_loaded(const std::string& path) {
   void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
-  if (module != nullptr) dlclose(module);
-  return module != nullptr;
+  return module != nullptr && dlclose(module) == 0;
 }
 
 /// Runs a check in a new process that loads the framework from a folder.
 void check_in(const std::string& folder, void (*check)()) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   setenv("LD_LIBRARY_PATH", (kFolder + "/" + folder).c_str(), 1);
-  const auto run = [check] {
-    check();
-    std::exit(testing::Test::HasFailure() ? 1 : 0);
-  };
-  EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT((check(), std::exit(testing::Test::HasFailure() ? 1 : 0)), testing::ExitedWithCode(0), "");
 }
 
 TEST(Localization, module_is_kept_until_the_release) {
@@ -42,8 +37,7 @@ TEST(Localization, module_is_kept_until_the_release) {
     EXPECT_FALSE(is_loaded(module_of("present")));
     block = false;
     VCTreeAccessBlockLocalization(&block, false);
-    EXPECT_STREQ(report_localized_text(data.c_str()), "Data call 1, 32768, 0");
-    EXPECT_STREQ(report_localized_text("Range"), "Range call 2, 32768, 0");
+    EXPECT_STREQ(report_localized_text("Range"), "Range call 1, 32768, 0");
     report_release_localization();
     EXPECT_FALSE(is_loaded(module_of("present")));
     EXPECT_STREQ(report_localized_text("Dep"), "Dep call 1, 32768, 0");
@@ -86,8 +80,7 @@ TEST(Localization, missing_module_is_remembered) {
 
 TEST(Localization, module_without_entry_is_let_go) {
   check_in("without_entry", [] {
-    const std::string data = "Data";
-    EXPECT_EQ(report_localized_text(data.c_str()), data);
+    EXPECT_STREQ(report_localized_text("Data"), "Data");
     EXPECT_FALSE(is_loaded(module_of("without_entry")));
   });
 }

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <deque>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,9 +12,8 @@
 namespace model {
 
 struct Node {
-  std::string tag;
+  std::string tag, text = {};
   int id = -1;
-  std::string text = {};
   std::vector<std::pair<std::string, std::string>> attributes = {};  // in the order of their first writing
   std::vector<Node*> children = {};
   Node* parent = nullptr;
@@ -23,12 +22,7 @@ struct Node {
 
 inline bool valid(const Node* node) { return node != nullptr && node->alive; }
 
-inline Node* root_of(Node* node) {
-  while (node->parent != nullptr) node = node->parent;
-  return node;
-}
-
-inline std::size_t depth_of(const Node* node) { return node == nullptr ? 0 : 1 + depth_of(node->parent); }
+inline const Node* root_of(const Node* at) { return at->parent == nullptr ? at : root_of(at->parent); }
 
 inline std::size_t size_of(const Node* node) {
   std::size_t size = 1;
@@ -36,13 +30,14 @@ inline std::size_t size_of(const Node* node) {
   return size;
 }
 
-inline std::ptrdiff_t index_of(const Node* node) {
-  const std::vector<Node*>& row = node->parent->children;
-  return std::find(row.begin(), row.end(), node) - row.begin();
+inline Node* child_of(const Node* node, std::ptrdiff_t at) {
+  const bool within = node != nullptr && at >= 0 && at < std::ssize(node->children);
+  return within ? node->children[static_cast<std::size_t>(at)] : nullptr;
 }
 
 inline std::string xml_of(const Node* node) {
   std::string xml = "<" + node->tag;
+  if (node->id != -1) xml += " _NodeID=\"" + std::to_string(node->id) + "\"";
   for (const auto& [name, value] : node->attributes)
     xml.append(" ").append(name).append("=\"").append(value).append("\"");
   if (node->text.empty() && node->children.empty()) return xml + "/>";
@@ -54,74 +49,68 @@ inline std::string xml_of(const Node* node) {
 // The edits give what the host's should: false, and nothing changed, on a node that is none or dead.
 class Forest {
  public:
-  Node* create(const std::string& tag, int id = -1) {
-    return &nodes_.emplace_back(Node{.tag = tag, .id = id});
-  }
+  Node* create(const std::string& tag) { return &nodes_.emplace_back(Node{tag}); }
 
-  Node* add(Node* parent, const std::string& tag, int id) {
-    return valid(parent) ? put(parent, parent->children.size(), create(tag, id)) : nullptr;
+  Node* add(Node* parent, const std::string& tag, int id, const std::string& text) {
+    if (!valid(parent)) return nullptr;
+    return put(parent, std::ssize(parent->children), &nodes_.emplace_back(Node{tag, text, id}));
   }
   bool insert(Node* parent, Node* next, const std::string& tag, int id) {
     if (!valid(parent) || !valid(next) || next->parent != parent) return false;
-    return put(parent, static_cast<std::size_t>(index_of(next)), create(tag, id)) != nullptr;
+    const auto& row = parent->children;
+    return put(parent, std::find(row.begin(), row.end(), next) - row.begin(),
+               &nodes_.emplace_back(Node{tag, "", id})) != nullptr;
   }
   bool add_copy(Node* parent, const Node* source) {
-    if (!valid(parent) || !valid(source)) return false;
-    return put(parent, parent->children.size(), copy(source)) != nullptr;
+    Node* const made = valid(parent) ? clone(source) : nullptr;
+    return made != nullptr && put(parent, std::ssize(parent->children), made) != nullptr;
   }
-  Node* clone(const Node* source) { return valid(source) ? copy(source) : nullptr; }
+  Node* clone(const Node* source) {
+    if (!valid(source)) return nullptr;
+    Node* const made = &nodes_.emplace_back(Node{source->tag, source->text, source->id, source->attributes});
+    for (const Node* child : source->children) put(made, std::ssize(made->children), clone(child));
+    return made;
+  }
 
-  bool remove(Node* node) {
-    if (!valid(node)) return false;
-    if (node->parent != nullptr)
-      node->parent->children.erase(node->parent->children.begin() + index_of(node));
-    kill(node);
-    return true;
+  static bool remove(Node* node) {
+    if (!trim(node, 0)) return false;
+    if (node->parent != nullptr) std::erase(node->parent->children, node);
+    return node->alive = false, true;
   }
-  bool remove_child(Node* parent, Node* child) {
+  static bool remove_child(const Node* parent, Node* child) {
     return valid(parent) && valid(child) && child->parent == parent && remove(child);
   }
-  bool trim(Node* node, int count) {
+  static bool trim(Node* node, int count) {
     if (!valid(node) || count < 0) return false;
-    while (node->children.size() > static_cast<std::size_t>(count)) remove(node->children.back());
+    while (std::ssize(node->children) > count) remove(node->children.back());
     return true;
   }
-  bool reset(Node* node) {
-    if (!trim(node, 0)) return false;
-    node->text.clear();
-    return true;
-  }
+  static bool reset(Node* node) { return trim(node, 0) && (node->text.clear(), true); }
 
   bool replace(Node* target, const Node* source, bool keep_tag) {
-    if (!valid(target) || !valid(source)) return false;
-    Node* const content = copy(source);
-    if (keep_tag) content->tag = target->tag;
-    trim(target, 0);
-    swap_content(target, content);
-    return true;
+    Node* const content = valid(target) ? clone(source) : nullptr;
+    if (content != nullptr && keep_tag) content->tag = target->tag;
+    return content != nullptr && trim(target, 0) && become(target, *content);
   }
-  static bool arrange(Node* node, std::vector<int> order) {
+  // The contents move, not the nodes.
+  static bool arrange(Node* node, const std::vector<int>& order) {
     if (!valid(node) || order.size() != node->children.size()) return false;
-    std::vector<int> sorted(order);
-    std::sort(sorted.begin(), sorted.end());
-    for (std::size_t i = 0; i < sorted.size(); ++i) {
-      if (sorted[i] != static_cast<int>(i)) return false;
-    }
-    for (std::size_t i = 0; i < order.size(); ++i) {
-      const auto from = static_cast<std::size_t>(order[i]);
-      if (from == i) continue;
-      swap_content(node->children[i], node->children[from]);
-      const auto waiting = order.begin() + static_cast<std::ptrdiff_t>(i) + 1;
-      *std::find(waiting, order.end(), static_cast<int>(i)) = order[i];
+    std::vector<int> places(order.size());
+    std::iota(places.begin(), places.end(), 0);
+    if (!std::is_permutation(order.begin(), order.end(), places.begin())) return false;
+    std::vector<Node> former;
+    for (const Node* child : node->children) former.push_back(*child);
+    for (const int at : places) {
+      const auto i = static_cast<std::size_t>(at);
+      become(node->children[i], former[static_cast<std::size_t>(order[i])]);
     }
     return true;
   }
 
   static bool set(Node* node, const std::string& name, const std::string& value) {
     if (!valid(node)) return false;
-    for (auto& [known, former] : node->attributes) {
+    for (auto& [known, former] : node->attributes)
       if (known == name) return former = value, true;
-    }
     node->attributes.emplace_back(name, value);
     return true;
   }
@@ -136,28 +125,15 @@ class Forest {
   }
 
  private:
-  static Node* put(Node* parent, std::size_t index, Node* child) {
+  static Node* put(Node* parent, std::ptrdiff_t index, Node* child) {
     child->parent = parent;
-    parent->children.insert(parent->children.begin() + static_cast<std::ptrdiff_t>(index), child);
-    return child;
+    return *parent->children.insert(parent->children.begin() + index, child);
   }
-  Node* copy(const Node* source) {
-    Node* const made = create(source->tag, source->id);
-    made->text = source->text;
-    made->attributes = source->attributes;
-    for (const Node* child : source->children) put(made, made->children.size(), copy(child));
-    return made;
-  }
-  static void kill(Node* node) {
-    node->alive = false;
-    for (Node* child : node->children) kill(child);
-  }
-  static void swap_content(Node* a, Node* b) {
-    std::swap(a->parent, b->parent);
-    std::swap(*a, *b);
-    for (Node* side : {a, b}) {
-      for (Node* child : side->children) child->parent = side;
-    }
+  static bool become(Node* node, Node content) {
+    content.parent = node->parent;
+    *node = std::move(content);
+    for (Node* child : node->children) child->parent = node;
+    return true;
   }
 
   std::deque<Node> nodes_;  // none is given back: a removed node goes on saying that it is dead

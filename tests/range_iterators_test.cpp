@@ -19,16 +19,12 @@ std::string walked(RYXmlWrapperBase tree) {
   VCRangeTreeIterator ranges(elsewhere);
   ranges = VCRangeTreeIterator(ahead);
   ahead.Get(elsewhere);
-  for (int ends = 0; ends < 2;) {
-    RYXmlWrapperBase first(tree);
-    if (ranges.Get(first) == 0) {
-      ends += first == tree ? 1 : 0;
-      result += first == tree ? "0" : "-";
-      continue;
-    }
-    VCSubRangeTreeIterator sub_nodes(first);
-    result += "[";
+  while (!result.ends_with("00")) {
     RYXmlWrapperBase node(tree);
+    const bool found = ranges.Get(node) != 0;
+    result += found ? "[" : node == tree ? "0" : "-";
+    if (!found) continue;
+    VCSubRangeTreeIterator sub_nodes(node);
     while (sub_nodes.Get(node) != 0) result += value(node);
     const RYXmlWrapperBase last(node);
     result += sub_nodes.Get(node) == 0 && node == last ? "]" : "?";
@@ -47,15 +43,13 @@ std::string looped(const RYXmlWrapperBase& tree) {
 }
 
 TEST(RangeIterators, both_forms) {
-  const Rows<const char*, const char*, const char*> rows = {
-      {"<T/>", "00", ""},
-      {"<T><S/></T>", "00", ""},
-      {"<T><X>1</X><Y>2</Y><S>9</S><X>3</X><Y>4</Y></T>", "[12][34]00", "[12][34]"},
-      {"<T><S/><S/><X>1</X><S/><S/><s>2</s><SS>3</SS><S/></T>", "[1][23]00", "[1][23]"},
-      {"<T><X>1</X><R>2<X>9</X></R></T>", "[12]00", "[12]"},
-      {"<T><R><X>1</X></R><R/><S><X>2</X><Y>3</Y><S/><Y>9</Y></S></T>", "[1]-[23]00", "[1][][23]"},
-      {"<T><R><S/><X>9</X></R><R/></T>", "[]-00", "[][]"}};
-  for (const auto& [xml, walk, loop] : rows) {
+  for (const auto& [xml, walk, loop] : rows<3>(R"(
+      <T/> | 00 |
+      <T><S/></T> | 00 |
+      <T><S/><S/><X>1</X><Y>2</Y><S/><S/><s>2</s><SS>3</SS><S/></T> | [12][23]00 | [12][23]
+      <T><X>1</X><R>2<X>9</X></R></T> | [12]00 | [12]
+      <T><R><X>1</X></R><R/><S><X>2</X><Y>3</Y><S/><Y>9</Y></S></T> | [1]-[23]00 | [1][][23]
+      <T><R><S/><X>9</X></R><R/></T> | []-00 | [][])")) {
     EXPECT_EQ(walked(parse(xml)), walk) << xml;
     EXPECT_EQ(looped(parse(xml)), loop) << xml;
   }

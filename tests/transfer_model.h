@@ -6,8 +6,7 @@
 #include <rytree_Utils/lookup.h>
 #include <rytree_Utils/transfer.h>
 
-#include <cstdlib>
-#include <cstring>
+#include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,38 +15,29 @@
 #include "tree_text.h"
 
 /// A tree of XML text in which #5 is DataID="5", ^5 RepeatID="5" and ~16 ThemeApplicability with bit 16.
-inline RYXmlWrapperBase parse_ids(const char* xml) {
-  std::string whole;
-  for (; *xml != '\0'; ++xml) {
-    if (std::strchr("#^~", *xml) == nullptr) {
-      whole += *xml;
-      continue;
+inline RYXmlWrapperBase parse_ids(std::string xml) {
+  for (const std::string name : {"#DataID", "^RepeatID", "~ThemeApplicability"}) {
+    for (std::size_t at = 0; (at = xml.find(name[0])) != std::string::npos;) {
+      std::size_t length = 0;
+      const int number = std::stoi(xml.substr(at + 1), &length);
+      const std::string written = std::to_string(name[0] == '~' ? 1 << number : number);
+      xml.replace(at, length + 1, name.substr(1) + "='" + written + "'");
     }
-    char* end = nullptr;
-    const long number = std::strtol(xml + 1, &end, 10);
-    whole += *xml == '#' ? "DataID='" : *xml == '^' ? "RepeatID='" : "ThemeApplicability='";
-    whole += std::to_string(*xml == '~' ? 1L << number : number) + '\'';
-    xml = end - 1;
   }
-  return parse(whole);
+  return parse(xml);
 }
 
 namespace slow {
 
 inline int find(const CArray<int, int>& ids, int id) {
-  for (int at = 0; at < ids.GetSize(); ++at) {
-    if (ids[at] == id) return at;
-  }
-  return -1;
+  const auto* const at = std::find(ids.begin(), ids.end(), id);
+  return at == ids.end() ? -1 : static_cast<int>(at - ids.begin());
 }
 
 inline int duplicate(const CArray<int, int>& ids) {
-  for (int at = 0; at < ids.GetSize(); ++at) {
-    for (int later = at + 1; later < ids.GetSize(); ++later) {
-      if (ids[at] == ids[later]) return at;
-    }
-  }
-  return -1;
+  const auto twice = [&](int id) { return std::count(ids.begin(), ids.end(), id) > 1; };
+  const auto* const at = std::find_if(ids.begin(), ids.end(), twice);
+  return at == ids.end() ? -1 : static_cast<int>(at - ids.begin());
 }
 
 inline int combine(RYXmlWrapperBase& node, const char* attribute, int repeat, int& id, int& child_repeat) {
@@ -73,22 +63,19 @@ struct Apply {
   _SETVALUESBYIDS* hook = nullptr;
   DWORD options = 0;
   bool keep_bit_18_off = false;
-  bool tested = false;
+
+  int run(RYXmlWrapperBase& node, int repeat) {
+    if (ids.IsEmpty()) return -2;
+    const int twice = duplicate_out != nullptr ? duplicate(ids) : -1;
+    if (twice < 0) return walk(node, 0, repeat);
+    *duplicate_out = ids[twice];
+    if (error == nullptr) return -4;
+    error->Format("\n******  _tree_set_values_by_ids found dup id = %d, %X. RepeatID = %d\n", ids[twice],
+                  static_cast<unsigned>(ids[twice]), repeat);
+    return -4;
+  }
 
   int walk(RYXmlWrapperBase& node, int theme, int repeat) {
-    if (ids.GetSize() == 0 || values.GetSize() == 0) return -2;
-    if (ids.GetSize() != values.GetSize()) return -3;
-    if (duplicate_out != nullptr && !tested) {
-      tested = true;
-      if (const int at = duplicate(ids); at >= 0) {
-        *duplicate_out = ids[at];
-        if (error != nullptr) {
-          error->Format("\n******  _tree_set_values_by_ids found dup id = %d, %X. RepeatID = %d\n", ids[at],
-                        static_cast<unsigned>(ids[at]), repeat);
-        }
-        return -4;
-      }
-    }
     int count = 0;
     for (Children child(node); child; ++child) {
       const int below = visit(*child, theme, repeat);
@@ -99,38 +86,30 @@ struct Apply {
   }
 
   int visit(RYXmlWrapperBase& node, int theme, int repeat) {
-    int plain = -1;
-    node.GetPropertyValue(attribute, plain);
-    const bool activates = hook != nullptr && hook->active == 0 && hook->dataId == plain;
-    if (activates) hook->active = 1;
-    const int count = visit_combined(node, theme, repeat);
-    if (activates) hook->active = 0;
-    return count;
-  }
-
-  int visit_combined(RYXmlWrapperBase& node, int theme, int repeat) {
     int id = -1;
     int child_repeat = repeat;
+    node.GetPropertyValue(attribute, id);
+    const bool activates = hook != nullptr && hook->active == 0 && hook->dataId == id;
     if (const int code = combine(node, attribute, repeat, id, child_repeat); code < 0) {
       if (error != nullptr) describe(code, node, id, repeat);
       return -5;
     }
+    if (activates) hook->active = 1;
     node.GetPropertyValue("ThemeApplicability", theme);
     const bool branch = node.GetNodeCount() > 0;
     const int at = id >= 0 ? find(ids, id) : -1;
     if (at >= 0) store(node, std::string(values[at].View()), branch || (id & 0x200000) != 0 ? 1 : 0, theme);
     const int below = branch ? walk(node, theme, child_repeat) : 0;
+    if (activates) hook->active = 0;
     return below < 0 ? below : below + (at >= 0 ? 1 : 0);
   }
 
   void describe(int code, RYXmlWrapperBase& node, int id, int repeat) const {
     const char* const starts[] = {"DataID conflict with RepeatID", "Repeat ID conflict", "Repeat ID invalid"};
-    CString tag;
     CString label;
-    node.GetTagName(tag);
     node.GetPropertyValue("Label", label);
     error->Format("%s for Node with Name = %s, Label = %s, Repeat ID = %d", starts[-code - 1],
-                  tag.GetString(), label.GetString(), code == -1 ? id : repeat);
+                  tag(node).c_str(), label.GetString(), code == -1 ? id : repeat);
   }
 
   void store(RYXmlWrapperBase& node, const std::string& value, int form, int theme) const {
@@ -153,8 +132,8 @@ struct Apply {
     if ((options & 0x20000) != 0 && !dynamic && node.GetPropertyValue("DynaUseChck", check) != 0) {
       node.SetPropertyValue("DynaUseChck", 1);
     }
-    if ((theme & 0x10000) != 0) return;
-    if ((theme & 0x40000) != 0 && !keep_bit_18_off && !holds_a_tag(rest)) return;
+    const bool wants_tag = (theme & 0x40000) != 0 && !keep_bit_18_off;
+    if ((theme & 0x10000) != 0 || (wants_tag && !holds_a_tag(rest))) return;
     CString stored(rest.c_str());
     if (hook != nullptr && hook->active != 0) {
       hook->value = &stored;
@@ -173,11 +152,9 @@ inline void make_missing(RYXmlWrapperBase& source, RYXmlWrapperBase& destination
   RYXmlWrapperBase out;
   int id = 0;
   if (source.GetDataID(id) != 0 && rytree_get_node_by_id(&destination, &out, id, true) == 0) {
-    CString tag;
     CString label;
-    source.GetTagName(tag);
     source.GetPropertyValue("Label", label);
-    destination.AddNode(out, tag, -1);
+    destination.AddNode(out, tag(source).c_str(), -1);
     out.SetLabel(label);
     out.SetDataID(id);
   }
@@ -224,51 +201,36 @@ class RandomTrees {
 
   /// `distinct` gives each node an ID of its own, but for a rare one.
   RYXmlWrapperBase make(int nodes, bool distinct) {
-    RYXmlWrapperBase root;
-    root.CreateNew(0, nullptr);
-    std::vector<RYXmlWrapperBase> made{root};
+    std::vector<RYXmlWrapperBase> made{parse("<R/>")};
     for (int at = 1; at < nodes; ++at) {
       RYXmlWrapperBase node;
-      made[static_cast<std::size_t>(below(at > 8 && one_in(2) ? 8 : at))].AddNode(node, one_in(2) ? "n" : "m",
-                                                                                  one_in(9) ? below(30) : -1);
+      const auto parent = static_cast<std::size_t>(below(at > 8 && one_in(2) ? 8 : at));
+      made[parent].AddNode(node, one_in(2) ? "n" : "m", one_in(9) ? below(30) : -1);
       if (!one_in(8)) node.SetDataID(distinct && !one_in(150) ? at : below(nodes) - (one_in(20) ? 9 : 0));
       decorate(node);
       made.push_back(node);
     }
-    return root;
+    return made[0];
   }
 
  private:
   void decorate(RYXmlWrapperBase& node) {
-    static const char* const texts[] = {"",
-                                        "v",
-                                        "V",
-                                        "12.5",
-                                        "<autoX>",
-                                        "a<autoX><b>",
-                                        "<autoX><>",
-                                        "<b",
-                                        "::{A=1}",
-                                        "::{a=1}x",
-                                        "::{=1}xyz",
-                                        "::{a=}xyz",
-                                        "::{auto=1|x|2}::{DynaUseChck=5}v",
-                                        "p::{A=::{Use=1}2}q",
-                                        "::{ThemeApplicability=0}w",
-                                        "::{A}=1}tail::{Label=z}",
-                                        "::{A=1",
-                                        "::{1x=2}bad"};
+    static const auto texts = rows<18>(
+        " | v | V | 12.5 | <autoX> | a<autoX><b> | <autoX><> | <b | ::{A=1} | ::{a=1}x | ::{=1}xyz | "
+        "::{a=}xyz | ::{auto=1|x|2}::{DynaUseChck=5}v | p::{A=::{Use=1}2}q | ::{ThemeApplicability=0}w | "
+        "::{A}=1}tail::{Label=z} | ::{A=1 | ::{1x=2}bad")[0];
     static const int themes[] = {0x10000, 0x20000, 0x40000, 0x100000, 0x160000, 0};
     static const int repeats[] = {1, 2, 4, 32, 0, 32768};
-    CString text(texts[below(static_cast<int>(std::size(texts)))]);
+    const auto pick = [&](int count) { return texts[static_cast<std::size_t>(below(count))].c_str(); };
+    CString text(pick(18));
     node.NodeValue(text, 0, 1, nullptr);
-    if (one_in(6)) node.SetPropertyValue("Use", texts[below(4)]);
-    if (one_in(9)) node.SetPropertyValue("Data", texts[below(4)]);
+    if (one_in(6)) node.SetPropertyValue("Use", pick(4));
+    if (one_in(9)) node.SetPropertyValue("Data", pick(4));
     if (one_in(6)) node.SetPropertyValue("Auto", one_in(2) ? "1|x|3" : "");
     if (one_in(6)) node.SetPropertyValue("DynaUseChck", one_in(2) ? "0" : "x");
     if (one_in(6)) node.SetPropertyValue("ThemeApplicability", themes[below(6)]);
     if (one_in(9)) node.SetPropertyValue("RepeatID", one_in(40) ? 32767 : repeats[below(6)]);
-    if (one_in(3)) node.SetLabel(texts[below(4)]);
+    if (one_in(3)) node.SetLabel(pick(4));
   }
 
   std::mt19937 random_;

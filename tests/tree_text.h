@@ -5,16 +5,39 @@
 #include <pthread.h>
 #include <rytree_host/node.h>
 
+#include <array>
 #include <cstddef>
 #include <initializer_list>
+#include <sstream>
 #include <string>
 #include <tuple>
+#include <vector>
 
 /// A table of cases:
 ///     const Rows<int, const char*> rows = {{1, "A"}, {2, "B"}};
 ///     for (const auto& [id, found] : rows) …
 template <class... Column>
 using Rows = std::initializer_list<std::tuple<Column...>>;
+
+/// The cases of a raw string, one on a line, as `Count` cells parted by " |" (the last may lack), blanks
+/// trimmed:
+///     for (const auto& [before, after] : rows<2>(R"(<a/> | <b/>)")) …
+template <std::size_t Count>
+std::vector<std::array<std::string, Count>> rows(const char* table) {
+  std::vector<std::array<std::string, Count>> all;
+  std::istringstream lines(table);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find(" |") == std::string::npos) continue;
+    all.emplace_back();
+    for (std::string& cell : all.back()) {
+      cell = line.substr(0, line.find(" |"));
+      line.erase(0, cell.size() + 2);
+      cell.erase(0, cell.find_first_not_of(' '));
+      cell.erase(cell.find_last_not_of(' ') + 1);
+    }
+  }
+  return all;
+}
 
 /// The tree of an XML text; the handle stands on its root.
 inline RYXmlWrapperBase parse(const char* xml) {
