@@ -37,3 +37,7 @@
 #include <rytree_Utils/theme_lookup.h>
 #include <rytree_Utils/themes.h>
 #include <rytree_Utils/transfer.h>
+#include <rytree_host/Kelp60.h>
+#include <rytree_host/framework.h>
+#include <rytree_host/node.h>
+#include <rytree_host/ryUtils.h>
