@@ -10,6 +10,12 @@ bool reach(RYXmlWrapperBase& node, RYXmlWrapperBase& start, int get, const char*
   return tmxfu_tree_check_get_node_ex(node, start, get == 0 ? 1 : 0, first_tag, tags) != 0;
 }
 
+template <class Number>
+int number_value(RYXmlWrapperBase& start, Number& value, int get, const char* first_tag, va_list tags) {
+  RYXmlWrapperBase node;
+  return reach(node, start, get, first_tag, tags) ? node.NodeValue(value, get) : 0;
+}
+
 }  // namespace
 
 int tmxfu_tree_check_get_node_ex(RYXmlWrapperBase& out, RYXmlWrapperBase& start, int create,
@@ -64,19 +70,17 @@ int tmxfu_tree_node_string_value(RYXmlWrapperBase& start, CString& value, int ge
 }
 
 int tmxfu_tree_node_int_value(RYXmlWrapperBase& start, int& value, int get, const char* firstTag, ...) {
-  RYXmlWrapperBase node;
   va_list tags;
   va_start(tags, firstTag);
-  const bool reached = reach(node, start, get, firstTag, tags);
+  const int result = number_value(start, value, get, firstTag, tags);
   va_end(tags);
-  return reached ? node.NodeValue(value, get) : 0;
+  return result;
 }
 
 int tmxfu_tree_node_double_value(RYXmlWrapperBase& start, double& value, int get, const char* firstTag, ...) {
-  RYXmlWrapperBase node;
   va_list tags;
   va_start(tags, firstTag);
-  const bool reached = reach(node, start, get, firstTag, tags);
+  const int result = number_value(start, value, get, firstTag, tags);
   va_end(tags);
-  return reached ? node.NodeValue(value, get) : 0;
+  return result;
 }
