@@ -165,7 +165,7 @@ int RYXmlWrapperBase::RemoveAllChildren() {
 int RYXmlWrapperBase::SetSizeTrimFromEnd(int n) {
   if (IsNodeValid() == 0 || n < 0) return 0;
   while (node_->child_count > static_cast<std::uint32_t>(n)) {
-    Node* const last = node_->last;
+    Node* const last = node_->last();
     tree_->Unlink(last);
     tree_->Free(last);
   }

@@ -29,9 +29,9 @@ void* AllocateOrThrow(std::size_t bytes) {
 // page faults.
 void* AllocateChunk(std::size_t bytes) {
   if (bytes < kHugePage) return AllocateOrThrow(bytes);
-  void* const block = std::aligned_alloc(kHugePage, RoundUp(bytes, kHugePage));
+  void* const block = std::aligned_alloc(kHugePage, bytes);
   if (block == nullptr) throw std::bad_alloc();
-  madvise(block, RoundUp(bytes, kHugePage), MADV_HUGEPAGE);
+  madvise(block, bytes, MADV_HUGEPAGE);
   return block;
 }
 
@@ -72,10 +72,9 @@ struct Tree::Large {
 Tree* Tree::Create(std::size_t expected_bytes) {
   char* const block = static_cast<char*>(AllocateOrThrow(sizeof(Tree) + kFirstChunk));
   Tree* const tree = new (block) Tree();
-  tree->bump_ = block + RoundUp(sizeof(Tree), kStep);
-  tree->bump_end_ = block + sizeof(Tree) + kFirstChunk;
+  tree->room_ = block + RoundUp(sizeof(Tree), kStep);
+  tree->room_end_ = block + sizeof(Tree) + kFirstChunk;
   tree->bytes_ = sizeof(Tree) + kFirstChunk;
-  tree->next_chunk_ = 2 * kFirstChunk;
   if (expected_bytes > kFirstChunk) tree->AddChunk(std::min(expected_bytes, kMostExpected));
   return tree;
 }
@@ -96,30 +95,39 @@ void Tree::Destroy(Tree* tree) {
 }
 
 void Tree::AddChunk(std::size_t bytes) {
-  if (bytes > kHugePage / 2) bytes = RoundUp(bytes, kHugePage);
   char* const block = static_cast<char*>(AllocateChunk(bytes));
   chunks_ = new (block) Chunk{chunks_, 0};
-  next_chunk_ = std::min(2 * bytes, kHugePage);
   bytes_ += bytes;
-  bump_ = block + sizeof(Chunk);
-  bump_end_ = block + bytes;
+  room_ = block + sizeof(Chunk);
+  room_end_ = block + bytes;
 }
 
-void* Tree::BumpNewChunk(std::size_t bytes) {
-  AddChunk(std::max(next_chunk_, sizeof(Chunk) + bytes));
-  return Bump(bytes);
+// A tree grows by what is expected to come, or else by a quarter.
+void Tree::AddChunkFor(std::size_t bytes) {
+  const std::size_t step = expected_ > bytes_ ? std::min(expected_ - bytes_, bytes_) : std::min(bytes_ / 4, kHugePage);
+  AddChunk(RoundUp(std::max({step, 2 * kFirstChunk, sizeof(Chunk) + bytes}), kStep));
 }
 
-inline void* Tree::Bump(std::size_t bytes) {
-  if (static_cast<std::size_t>(bump_end_ - bump_) < bytes) return BumpNewChunk(bytes);
-  void* const block = bump_;
-  bump_ += bytes;
-  return block;
+inline Node* Tree::NewSlot() {
+  if (!HasRoom(sizeof(Node))) AddChunkFor(sizeof(Node));
+  void* const slot = room_;
+  room_ += sizeof(Node);
+  return static_cast<Node*>(slot);
+}
+
+inline void* Tree::NewBlock(std::size_t bytes) {
+  if (!HasRoom(bytes)) AddChunkFor(bytes);
+  return room_end_ -= bytes;
 }
 
 std::size_t Tree::expected_bytes() const {
   constexpr std::size_t kLargeNode = 256;  // a tree that has lost most of its nodes still holds their memory
   return std::min(bytes_, node_count_ * kLargeNode);
+}
+
+void Tree::ExpectWhole(unsigned long long part, unsigned long long whole) {
+  const std::size_t used = bytes_ - static_cast<std::size_t>(room_end_ - room_);
+  expected_ = static_cast<std::size_t>(static_cast<double>(used) * static_cast<double>(whole) / static_cast<double>(part) * 1.01);
 }
 
 void* Tree::Allocate(std::size_t bytes) {
@@ -137,7 +145,7 @@ void* Tree::Allocate(std::size_t bytes) {
     std::memcpy(&free_blocks_[index], block, sizeof(void*));
     return block;
   }
-  return Bump(index * kStep);
+  return NewBlock(index * kStep);
 }
 
 void Tree::Deallocate(void* block, std::size_t bytes) {
@@ -164,7 +172,7 @@ Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
     free_nodes_ = node->next;
     generation = node->generation;
   } else {
-    node = static_cast<Node*>(Bump(sizeof(Node)));
+    node = NewSlot();
   }
   *node = Node();
   node->generation = generation;
@@ -177,9 +185,13 @@ Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
 
 void Tree::Append(Node* parent, Node* child) {
   child->parent = parent;
-  child->previous = parent->last;
-  (parent->last != nullptr ? parent->last->next : parent->first) = child;
-  parent->last = child;
+  if (Node* const first = parent->first) {
+    child->back = first->back;
+    first->back->next = child;
+    first->back = child;
+  } else {
+    parent->first = child->back = child;
+  }
   ++parent->child_count;
 }
 
@@ -187,9 +199,9 @@ void Tree::InsertBefore(Node* next, Node* child) {
   Node* const parent = next->parent;
   child->parent = parent;
   child->next = next;
-  child->previous = next->previous;
-  (next->previous != nullptr ? next->previous->next : parent->first) = child;
-  next->previous = child;
+  child->back = next->back;
+  (next == parent->first ? parent->first : next->back->next) = child;
+  next->back = child;
   ++parent->child_count;
   seen_parent_ = nullptr;
 }
@@ -201,10 +213,10 @@ void Tree::Unlink(Node* node) {
     if (root == node) root = nullptr;
     return;
   }
-  (node->previous != nullptr ? node->previous->next : parent->first) = node->next;
-  (node->next != nullptr ? node->next->previous : parent->last) = node->previous;
+  (node->next != nullptr ? node->next : parent->first)->back = node->back;
+  (node == parent->first ? parent->first : node->back->next) = node->next;
   --parent->child_count;
-  node->parent = node->next = node->previous = nullptr;
+  node->parent = node->next = node->back = nullptr;
 }
 
 void Tree::FreeNode(Node* node) {
@@ -241,11 +253,11 @@ void Tree::FreeChildren(Node* node) {
   seen_parent_ = nullptr;
   for (Node* child = node->first; child != nullptr;) {
     Node* const next = child->next;
-    child->parent = child->next = nullptr;
+    child->parent = child->next = child->back = nullptr;
     Free(child);
     child = next;
   }
-  node->first = node->last = nullptr;
+  node->first = nullptr;
   node->child_count = 0;
 }
 
@@ -258,7 +270,7 @@ void PutContent(Node* target, const Node& content) {
   node.generation = target->generation;
   node.parent = target->parent;
   node.next = target->next;
-  node.previous = target->previous;
+  node.back = target->back;
   node.depth = target->depth;
   *target = node;
   for (Node* child = target->first; child != nullptr; child = child->next) child->parent = target;
@@ -350,11 +362,11 @@ Node* Tree::Child(const Node* parent, std::uint32_t index) const {
     place = seen_index_;
   }
   if (count - 1 - index < (index >= place ? index - place : place - index)) {
-    at = parent->last;
+    at = parent->last();
     place = count - 1;
   }
   for (; place < index; ++place) at = at->next;
-  for (; place > index; --place) at = at->previous;
+  for (; place > index; --place) at = at->back;
   seen_parent_ = parent;
   seen_child_ = at;
   seen_index_ = index;
@@ -426,7 +438,8 @@ Value& Tree::AddAttribute(Node* node, const Name* name) {
 
 Value& Tree::AppendAttribute(Node* node, const Name* name) {
   if (node->attribute_count == node->attribute_capacity) {
-    ReserveAttributes(node, node->attribute_capacity + std::max(2U, node->attribute_capacity / 2));
+    const std::uint32_t capacity = node->attribute_capacity;
+    ReserveAttributes(node, capacity == 0 ? 2 : capacity + std::max(1U, capacity / 2));
   }
   return (new (&node->attributes[node->attribute_count++]) Attribute{name, {}})->value;
 }

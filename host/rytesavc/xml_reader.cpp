@@ -323,6 +323,7 @@ Node* Reader::Read(InputFile& file) {
     if (!file.Read(static_cast<char*>(buffer), room, length)) return nullptr;
     fed_ += length;
     if (!Accepted(XML_ParseBuffer(parser, static_cast<int>(length), length == 0))) return nullptr;
+    if (fed_ < file.size()) tree_.ExpectWhole(fed_, file.size());
     const auto done = static_cast<unsigned long long>(XML_GetCurrentByteIndex(parser));
     if (fed_ - done >= room) room = std::min(2 * room, kLastPiece);
   }

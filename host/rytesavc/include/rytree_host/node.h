@@ -78,7 +78,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
     return IsNodeValid() != 0 ? out.Point(tree_, node_->next) : 0;
   }
   int PrevSibling(RYXmlWrapperBase& out) const {
-    return IsNodeValid() != 0 ? out.Point(tree_, node_->previous) : 0;
+    return IsNodeValid() != 0 ? out.Point(tree_, node_->previous()) : 0;
   }
   int GetParent(RYXmlWrapperBase& out) const {
     return IsNodeValid() != 0 ? out.Point(tree_, node_->parent) : 0;

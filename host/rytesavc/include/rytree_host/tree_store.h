@@ -66,10 +66,12 @@ struct Node {
   std::uint32_t attribute_count;
   std::uint32_t attribute_capacity;
   Value text;
-  Node* last;
-  Node* previous;
+  Node* back;           // the sibling before; at a first child the last one, at a node that hangs nowhere null
   int id;               // -1: none
   std::uint32_t depth;  // 1 at a root
+
+  Node* last() const { return first != nullptr ? first->back : nullptr; }
+  Node* previous() const { return back != nullptr && back->next != nullptr ? back : nullptr; }
 
   const Attribute* Find(std::string_view name) const {
     const Attribute* const end = attributes + attribute_count;
@@ -88,7 +90,7 @@ struct Node {
   }
 };
 
-static_assert(sizeof(Value) == 16 && sizeof(Attribute) == 24 && sizeof(Node) == 96);
+static_assert(sizeof(Value) == 16 && sizeof(Attribute) == 24 && sizeof(Node) == 88);
 
 // One tree: its nodes, names and texts stand in chunks that are freed whole. Counted by the handles on its
 // nodes; the count is plain because the handles of one tree belong to one thread.
@@ -115,6 +117,8 @@ class RYTREE_API Tree {
   std::size_t node_count() const { return node_count_; }
   // About what a copy of the tree takes.
   std::size_t expected_bytes() const;
+  // Tells a tree that is being filled which part of what will come is there, so that its memory fits.
+  void ExpectWhole(unsigned long long part, unsigned long long whole);
 
   // Nodes. New nodes hang nowhere; Append and InsertBefore put them into the tree.
   Node* NewNode(const Name* tag, int id, std::uint32_t depth);
@@ -156,8 +160,10 @@ class RYTREE_API Tree {
   static void Destroy(Tree* tree);
   void* Allocate(std::size_t bytes);
   void Deallocate(void* block, std::size_t bytes);
-  void* Bump(std::size_t bytes);
-  void* BumpNewChunk(std::size_t bytes);
+  Node* NewSlot();
+  void* NewBlock(std::size_t bytes);
+  bool HasRoom(std::size_t bytes) const { return static_cast<std::size_t>(room_end_ - room_) >= bytes; }
+  void AddChunkFor(std::size_t bytes);
   void AddChunk(std::size_t bytes);
   Node* CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth);
   void FreeText(Value& value);
@@ -167,12 +173,12 @@ class RYTREE_API Tree {
   void GrowNames();
 
   std::size_t references_ = 1;
-  char* bump_ = nullptr;
-  char* bump_end_ = nullptr;
+  char* room_ = nullptr;  // of the newest chunk: nodes fill it from the front, so that a walk meets nothing else,
+  char* room_end_ = nullptr;  // names, attributes and texts from the back
   Chunk* chunks_ = nullptr;
   Large* large_ = nullptr;
   Node* free_nodes_ = nullptr;
-  std::size_t next_chunk_ = 0;
+  std::size_t expected_ = 0;    // bytes, or 0
   std::size_t bytes_ = 0;       // of all blocks, those that wait for new use among them
   std::size_t node_count_ = 0;  // in the tree now
   mutable std::uint64_t copies_ = 0;
