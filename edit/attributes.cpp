@@ -15,7 +15,7 @@ struct SetEverywhere {
   }
   void set_branch(RYXmlWrapperBase& node) const {
     set(node);
-    for (Children child(node); child; ++child) set_branch(*child);
+    for (NodesBelow at(node); at; ++at) set(*at);
   }
 };
 
@@ -26,14 +26,13 @@ struct HideEmpty {
 
   int walk(const RYXmlWrapperBase& node) const {
     int hidden = 0;
-    for (Children child(node); child; ++child) {
-      if (child->GetNodeCount() > 0) {
-        if (recursive) hidden += walk(*child);
-      } else if (child->IsEmpty() != 0) {
-        child->SetPropertyValue(show, 0);
+    for (NodesBelow at(node, recursive); at; ++at) {
+      if (at->GetNodeCount() > 0) continue;
+      if (at->IsEmpty() != 0) {
+        at->SetPropertyValue(show, 0);
         ++hidden;
       } else if (remove_show) {
-        child->RemoveProperty(show);
+        at->RemoveProperty(show);
       }
     }
     return hidden;
@@ -41,30 +40,18 @@ struct HideEmpty {
 };
 
 bool has_leaf_with_text(const RYXmlWrapperBase& node, bool recursive) {
-  for (Children child(node); child; ++child) {
-    const bool branch = child->GetNodeCount() > 0;
-    if (branch ? recursive && has_leaf_with_text(*child, true) : child->IsEmpty() == 0) return true;
+  for (NodesBelow at(node, recursive); at; ++at) {
+    if (at->GetNodeCount() == 0 && at->IsEmpty() == 0) return true;
   }
   return false;
 }
 
 int remove_below(const RYXmlWrapperBase& node, const RYPropertyName& attribute) {
   int removed = 0;
-  for (Children child(node); child; ++child) {
-    if (child->RemoveProperty(attribute) != 0) ++removed;
-    removed += remove_below(*child, attribute);
+  for (NodesBelow at(node); at; ++at) {
+    if (at->RemoveProperty(attribute) != 0) ++removed;
   }
   return removed;
-}
-
-void clear_leaves(const RYXmlWrapperBase& node, CString& nothing) {
-  for (Children child(node); child; ++child) {
-    if (child->HasChildren(0) != 0) {
-      clear_leaves(*child, nothing);
-    } else {
-      child->NodeValue(nothing, 0, 1, nullptr);
-    }
-  }
 }
 
 }  // namespace
@@ -98,8 +85,11 @@ int rytree_remove_attribute(RYXmlWrapperBase* node, const char* attribute, int i
 }
 
 void rytree_clear_all_value(RYXmlWrapperBase* node) {
+  if (node == nullptr) return;
   CString nothing;
-  if (node != nullptr) clear_leaves(*node, nothing);
+  for (NodesBelow at(*node); at; ++at) {
+    if (at->HasChildren(0) == 0) at->NodeValue(nothing, 0, 1, nullptr);
+  }
 }
 
 void vctree_modify_DWORD_attribute(RYXmlWrapperBase& node, const char* attribute, DWORD clearBits,

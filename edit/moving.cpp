@@ -25,6 +25,19 @@ std::vector<RYXmlWrapperBase> children_with_prefix(const RYXmlWrapperBase& node,
   return found;
 }
 
+/// Whether the node got a DataID.
+bool prepare_for_menu(RYXmlWrapperBase& node, DWORD& next_data_id) {
+  if (node.GetNodeCount() > 0) {
+    node.SetID(kMenuBranch, false);
+    return false;
+  }
+  int id = 0;
+  if (node.GetDataID(id) != 0 && id > 0) return false;
+  node.SetID(kMenuItem, false);
+  node.SetDataID(static_cast<int>(next_data_id++));
+  return true;
+}
+
 bool lies_below(RYXmlWrapperBase node, const RYXmlWrapperBase& top) {
   while (node.GetParent(node) != 0) {
     if (node == top) return true;
@@ -137,15 +150,9 @@ bool VCTreeSetTagName(RYXmlWrapperBase* node, const char* name) {
 
 int VCTreePrepareForMenu(RYXmlWrapperBase* node, DWORD& nextDataId) {
   if (node == nullptr || node->IsNodeValid() == 0) return 0;
-  if (node->GetNodeCount() > 0) {
-    node->SetID(kMenuBranch, false);
-    int stamped = 0;
-    for (Children child(*node); child; ++child) stamped += VCTreePrepareForMenu(&*child, nextDataId);
-    return stamped;
+  int stamped = prepare_for_menu(*node, nextDataId) ? 1 : 0;
+  for (NodesBelow at(*node); at; ++at) {
+    if (prepare_for_menu(*at, nextDataId)) ++stamped;
   }
-  int id = 0;
-  if (node->GetDataID(id) != 0 && id > 0) return 0;
-  node->SetID(kMenuItem, false);
-  node->SetDataID(static_cast<int>(nextDataId++));
-  return 1;
+  return stamped;
 }

@@ -1,4 +1,4 @@
-// The one walk over the children of a node.
+// The one walk over the children of a node, and the one over all that is below it.
 #pragma once
 
 #include <rytree_host/node.h>
@@ -28,5 +28,28 @@ class Children {
   }
 
  private:
+  RYXmlWrapperBase at_;
+};
+
+/// Stands on all nodes below one, in document order; on its children alone if not `deep`:
+///     for (NodesBelow at(top); at; ++at) use(*at);
+/// The body removes and moves none of these nodes and leaves `top` on its node.
+class NodesBelow {
+ public:
+  explicit NodesBelow(const RYXmlWrapperBase& top, bool deep = true) : top_(top), deep_(deep) {
+    top.FirstChild(at_);
+  }
+
+  explicit operator bool() const { return at_.IsNodeValid() != 0; }
+  NodesBelow& operator++() {
+    deep_ ? at_.NextBelow(at_, top_) : at_.NextSibling(at_);
+    return *this;
+  }
+  RYXmlWrapperBase& operator*() { return at_; }
+  RYXmlWrapperBase* operator->() { return &at_; }
+
+ private:
+  const RYXmlWrapperBase& top_;
+  const bool deep_;
   RYXmlWrapperBase at_;
 };

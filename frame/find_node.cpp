@@ -6,28 +6,6 @@
 
 namespace {
 
-// Each search holds what stays the same on every level of it.
-
-struct IdSearch {
-  RYXmlWrapperBase& out;
-  const int id;
-  const bool recursive;
-  const RYPropertyName data_id{"DataID"};
-
-  bool find(const RYXmlWrapperBase& node) const {
-    for (Children child(node); child; ++child) {
-      int read = 0;
-      if ((child->GetID(read) != 0 && read == id) ||
-          (child->GetPropertyValue(data_id, read) != 0 && read == id)) {
-        out = *child;
-        return true;
-      }
-      if (recursive && find(*child)) return true;
-    }
-    return false;
-  }
-};
-
 struct TagSearch {
   RYXmlWrapperBase* const out;  // may be null
   const RYPropertyName tag;
@@ -37,24 +15,27 @@ struct TagSearch {
   CString read{};
 
   bool find(const RYXmlWrapperBase& node) {
-    const bool branch = node.HasChildren(0) != 0;
-    if (!(leaves_only && branch) && matches(node)) {
-      if (out != nullptr) *out = node;
-      return true;
-    }
-    if (!recursive || !branch) return false;
-    for (Children child(node); child; ++child) {
-      if (find(*child)) return true;
+    if (matches(node)) return take(node);
+    if (!recursive) return false;
+    for (NodesBelow at(node); at; ++at) {
+      if (matches(*at)) return take(*at);
     }
     return false;
   }
 
+  bool take(const RYXmlWrapperBase& node) const {
+    if (out != nullptr) *out = node;
+    return true;
+  }
+
   bool matches(const RYXmlWrapperBase& node) {
+    if (leaves_only && node.HasChildren(0) != 0) return false;
     if (case_sensitive) return node.HasTagName(tag) != 0;
     return node.GetTagName(read) != 0 && _mbsicmp(read, tag.c_str()) == 0;
   }
 };
 
+// Holds what stays the same on every level.
 struct ValueSearch {
   RYXmlWrapperBase& found;
   const RYPropertyName attribute;
@@ -83,7 +64,15 @@ struct ValueSearch {
 
 int rytree_get_node_by_id(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int id, bool recursive) {
   if (node == nullptr || out == nullptr) return 0;
-  return IdSearch{*out, id, recursive}.find(*node) ? 1 : 0;
+  const RYPropertyName data_id("DataID");
+  for (NodesBelow at(*node, recursive); at; ++at) {
+    int read = 0;
+    if ((at->GetID(read) != 0 && read == id) || (at->GetPropertyValue(data_id, read) != 0 && read == id)) {
+      *out = *at;
+      return 1;
+    }
+  }
+  return 0;
 }
 
 int rytree_get_root_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out) {

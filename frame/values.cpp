@@ -15,10 +15,9 @@ void append_text(RYXmlWrapperBase& node, CStringArray& values) {
   values.Add(std::move(text));
 }
 
-void append_branch(RYXmlWrapperBase& node, CStringArray& values) {
+void append_leaf_text(RYXmlWrapperBase& node, CStringArray& values) {
   if (node.HasChildren(0) == 0) return append_text(node, values);
   values.Add(CString());
-  for (Children child(node); child; ++child) append_branch(*child, values);
 }
 
 }  // namespace
@@ -33,7 +32,8 @@ int rytree_get_values(RYXmlWrapperBase* tree, HostArrayObject* values, int child
 int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenOnly) {
   if (tree == nullptr || values == nullptr) return -1;
   if (!childrenOnly || tree->HasChildren(0) == 0) {
-    append_branch(*tree, *values);
+    append_leaf_text(*tree, *values);
+    for (NodesBelow at(*tree); at; ++at) append_leaf_text(*at, *values);
     return 0;
   }
   values->Add(CString());

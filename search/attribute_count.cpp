@@ -15,9 +15,8 @@ struct Count {
 
   int below(const RYXmlWrapperBase& node) {
     int count = 0;
-    for (Children child(node); child; ++child) {
-      if (counts(*child)) ++count;
-      if (recursive) count += below(*child);
+    for (NodesBelow at(node, recursive); at; ++at) {
+      if (counts(*at)) ++count;
     }
     return count;
   }

@@ -19,10 +19,9 @@ struct Collector {
   const RYPropertyName data_id{"DataID"};
 
   void below(const RYXmlWrapperBase& node) {
-    for (Children child(node); child; ++child) {
+    for (NodesBelow at(node); at; ++at) {
       int read = 0;
-      if (child->GetPropertyValue(data_id, read) != 0 && read == id) add(*child);
-      below(*child);
+      if (at->GetPropertyValue(data_id, read) != 0 && read == id) add(*at);
     }
   }
 

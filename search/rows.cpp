@@ -8,7 +8,7 @@ namespace {
 
 int subtree_size(const RYXmlWrapperBase& node) {
   int size = 1;
-  for (Children child(node); child; ++child) size += subtree_size(*child);
+  for (NodesBelow at(node); at; ++at) ++size;
   return size;
 }
 

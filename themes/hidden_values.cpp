@@ -19,16 +19,14 @@ struct Reset {
   bool recursive;
   RYPropertyName data_id{"DataID"};
 
-  int children_of(const RYXmlWrapperBase& parent) const {
+  int below(const RYXmlWrapperBase& parent) const {
     int count = 0;
-    for (Children child(parent); child; ++child) {
+    for (NodesBelow at(parent, recursive); at; ++at) {
       int id = -1;
-      child->GetPropertyValue(data_id, id);
-      if (id > 0 && vctree_sorted_id_index(id, ids) >= 0) {
-        vctree_GETN_reset_node_value(*child);
-        ++count;
-      }
-      if (recursive) count += children_of(*child);
+      at->GetPropertyValue(data_id, id);
+      if (id <= 0 || vctree_sorted_id_index(id, ids) < 0) continue;
+      vctree_GETN_reset_node_value(*at);
+      ++count;
     }
     return count;
   }
@@ -61,7 +59,7 @@ void vctree_GETN_reset_node_value(RYXmlWrapperBase& node) {
 
 int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids, bool recursive) {
   if (tree == nullptr || ids == nullptr) return 0;
-  return Reset{SortedIds(*ids), recursive}.children_of(*tree);
+  return Reset{SortedIds(*ids), recursive}.below(*tree);
 }
 
 int rytree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, HostArrayObject* ids, bool recursive) {

@@ -53,10 +53,7 @@ struct AttributeStep {
     }
   }
   void act_below(const RYXmlWrapperBase& node) const {
-    for (Children child(node); child; ++child) {
-      act(*child);
-      act_below(*child);
-    }
+    for (NodesBelow at(node); at; ++at) act(*at);
   }
 };
 
@@ -68,13 +65,10 @@ struct LeafTexts {
 
   int write_below(const RYXmlWrapperBase& node) const {
     int written = 0;
-    for (Children child(node); child; ++child) {
+    for (NodesBelow at(node); at; ++at) {
       int id = 0;
-      if (child->HasChildren(0) != 0) {
-        written += write_below(*child);
-      } else if (child->GetPropertyValue(node_id, id) != 0) {
-        written += write(*child, index.find(id));
-      }
+      if (at->HasChildren(0) == 0 && at->GetPropertyValue(node_id, id) != 0)
+        written += write(*at, index.find(id));
     }
     return written;
   }

@@ -38,10 +38,7 @@ struct Comparison {
   int changed = 0;
 
   void walk(const RYXmlWrapperBase& node) {
-    for (Children child(node); child; ++child) {
-      compare(*child);
-      if (child->GetNodeCount() > 0) walk(*child);
-    }
+    for (NodesBelow at(node); at; ++at) compare(*at);
   }
 
   void compare(RYXmlWrapperBase& node) {

@@ -24,35 +24,29 @@ void drop_empty_values(CArray<int, int>& ids, CStringArray& values) {
 /// The result of a copy: a duplicate, negated, goes before what the apply gave.
 int copy_result(int duplicate, int result) { return duplicate > 0 ? -duplicate : result; }
 
-/// The node IDs and DataIDs of the nodes below one, in any order.
-struct KnownIds {
-  CArray<int, int> ids{};
-  const RYPropertyName data_id{"DataID"};
-
-  explicit KnownIds(const RYXmlWrapperBase& node) { collect(node); }
-
-  void collect(const RYXmlWrapperBase& node) {
-    for (Children child(node); child; ++child) {
-      int id = 0;
-      if (child->GetID(id) != 0) ids.Add(id);
-      if (child->GetPropertyValue(data_id, id) != 0) ids.Add(id);
-      collect(*child);
-    }
+/// The node IDs and DataIDs of the nodes below one.
+CArray<int, int> known_ids(const RYXmlWrapperBase& node) {
+  CArray<int, int> ids;
+  const RYPropertyName data_id("DataID");
+  for (NodesBelow at(node); at; ++at) {
+    int id = 0;
+    if (at->GetID(id) != 0) ids.Add(id);
+    if (at->GetPropertyValue(data_id, id) != 0) ids.Add(id);
   }
-};
+  return ids;
+}
 
 /// Makes the nodes that the destination lacks.
 class MissingNodes {
  public:
   explicit MissingNodes(RYXmlWrapperBase& destination)
-      : destination_(destination), known_(KnownIds(destination).ids) {}
+      : destination_(destination), known_(known_ids(destination)) {}
 
   void make_for(const RYXmlWrapperBase& source) {
     int id = 0;
     if (source.GetPropertyValue(data_id_, id) != 0 && known_.find(id) < 0 && made_.find(id) < 0) {
       make_one(source, id);
     }
-    for (Children child(source); child; ++child) make_for(*child);
   }
 
  private:
@@ -104,7 +98,9 @@ int rytree_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destina
 
 int rytree_whole_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination) {
   if (source == nullptr || destination == nullptr) return kBadArgument;
-  MissingNodes(*destination).make_for(*source);
+  MissingNodes missing(*destination);
+  missing.make_for(*source);
+  for (NodesBelow at(*source); at; ++at) missing.make_for(*at);
   return rytree_copy_values_by_id(source, destination, 0, nullptr, nullptr, 1, 0, 0);
 }
 

@@ -20,17 +20,15 @@ struct TagList {
 
   int collect_below(const RYXmlWrapperBase& node) const {
     int count = 0;
-    for (Children child(node); child; ++child) {
-      if (!leaves_only || child->HasChildren(0) == 0) {
-        CString tag;
-        int id = -1;
-        child->GetTagName(tag);
-        child->GetPropertyValue(data_id, id);
-        tags.Add(std::move(tag));
-        ids.Add(id);
-        ++count;
-      }
-      count += collect_below(*child);
+    for (NodesBelow at(node); at; ++at) {
+      if (leaves_only && at->HasChildren(0) != 0) continue;
+      CString tag;
+      int id = -1;
+      at->GetTagName(tag);
+      at->GetPropertyValue(data_id, id);
+      tags.Add(std::move(tag));
+      ids.Add(id);
+      ++count;
     }
     return count;
   }
@@ -43,12 +41,10 @@ struct FirstByTag {
   std::vector<RYXmlWrapperBase> nodes{};
   CString tag{};
 
-  void add_branch(const RYXmlWrapperBase& node) {
-    if ((!leaves_only || node.HasChildren(0) == 0) && node.GetTagName(tag) != 0) {
-      tags.add(case_key(tag));
-      if (nodes.size() < static_cast<std::size_t>(tags.count())) nodes.push_back(node);
-    }
-    for (Children child(node); child; ++child) add_branch(*child);
+  void add(const RYXmlWrapperBase& node) {
+    if ((leaves_only && node.HasChildren(0) != 0) || node.GetTagName(tag) == 0) return;
+    tags.add(case_key(tag));
+    if (nodes.size() < static_cast<std::size_t>(tags.count())) nodes.push_back(node);
   }
 };
 
@@ -62,7 +58,8 @@ int rytree_collect_tags_and_ids(const RYXmlWrapperBase& node, CStringArray& tags
 int rytree_set_ids_by_tagname(RYXmlWrapperBase& node, const CStringArray& tags, const CArray<int, int>& ids,
                               bool leaves_only) {
   FirstByTag first{leaves_only};
-  first.add_branch(node);
+  first.add(node);
+  for (NodesBelow at(node); at; ++at) first.add(*at);
   // Of the IDs for one node the last holds.
   std::vector<int> places(first.nodes.size(), -1);
   int given = 0;

@@ -49,9 +49,8 @@ struct Rytree {
   // ---- Jobs.
 
   static std::size_t walk(const RYXmlWrapperBase& node) {
-    std::size_t nodes = 1;
-    RYXmlWrapperBase child;
-    for (node.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) nodes += walk(child);
+    std::size_t nodes = 0;
+    for (RYXmlWrapperBase at(node); at.IsNodeValid() != 0; at.NextBelow(at, node)) ++nodes;
     return nodes;
   }
 

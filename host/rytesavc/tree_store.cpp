@@ -29,8 +29,8 @@ void* AllocateOrThrow(std::size_t bytes) {
 // page faults.
 void* AllocateChunk(std::size_t bytes) {
   if (bytes < kHugePage) return AllocateOrThrow(bytes);
-  void* const block = std::aligned_alloc(kHugePage, bytes);
-  if (block == nullptr) throw std::bad_alloc();
+  void* block = nullptr;
+  if (posix_memalign(&block, kHugePage, bytes) != 0) throw std::bad_alloc();
   madvise(block, bytes, MADV_HUGEPAGE);
   return block;
 }
@@ -104,7 +104,8 @@ void Tree::AddChunk(std::size_t bytes) {
 
 // A tree grows by what is expected to come, or else by a quarter.
 void Tree::AddChunkFor(std::size_t bytes) {
-  const std::size_t step = expected_ > bytes_ ? std::min(expected_ - bytes_, bytes_) : std::min(bytes_ / 4, kHugePage);
+  const std::size_t step =
+      expected_ > bytes_ ? std::min(expected_ - bytes_, bytes_) : std::min(bytes_ / 4, kHugePage);
   AddChunk(RoundUp(std::max({step, 2 * kFirstChunk, sizeof(Chunk) + bytes}), kStep));
 }
 
@@ -127,7 +128,8 @@ std::size_t Tree::expected_bytes() const {
 
 void Tree::ExpectWhole(unsigned long long part, unsigned long long whole) {
   const std::size_t used = bytes_ - static_cast<std::size_t>(room_end_ - room_);
-  expected_ = static_cast<std::size_t>(static_cast<double>(used) * static_cast<double>(whole) / static_cast<double>(part) * 1.01);
+  expected_ = static_cast<std::size_t>(static_cast<double>(used) * static_cast<double>(whole) /
+                                       static_cast<double>(part) * 1.01);
 }
 
 void* Tree::Allocate(std::size_t bytes) {

@@ -83,6 +83,15 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int GetParent(RYXmlWrapperBase& out) const {
     return IsNodeValid() != 0 ? out.Point(tree_, node_->parent) : 0;
   }
+  /// The node after this one, in document order, among all those below `top`, which is above this node or the
+  /// node itself. A whole walk takes O(1) a step.
+  int NextBelow(RYXmlWrapperBase& out, const RYXmlWrapperBase& top) const {
+    if (IsNodeValid() == 0) return 0;
+    const rytesavc::Node* at = node_;
+    if (at->first != nullptr) return out.Point(tree_, at->first);
+    while (at != nullptr && at != top.node_ && at->next == nullptr) at = at->parent;
+    return out.Point(tree_, at != nullptr && at != top.node_ ? at->next : nullptr);
+  }
   /// The child at `index`, from 0. Asking for one child after the other, either way, is O(1) each.
   int GetChild(RYXmlWrapperBase& out, int index) const;
   /// The number of children, O(1).

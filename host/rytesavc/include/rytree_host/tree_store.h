@@ -66,8 +66,8 @@ struct Node {
   std::uint32_t attribute_count;
   std::uint32_t attribute_capacity;
   Value text;
-  Node* back;           // the sibling before; at a first child the last one, at a node that hangs nowhere null
-  int id;               // -1: none
+  Node* back;  // the sibling before; at a first child the last one, at a node that hangs nowhere null
+  int id;      // -1: none
   std::uint32_t depth;  // 1 at a root
 
   Node* last() const { return first != nullptr ? first->back : nullptr; }
@@ -173,7 +173,8 @@ class RYTREE_API Tree {
   void GrowNames();
 
   std::size_t references_ = 1;
-  char* room_ = nullptr;  // of the newest chunk: nodes fill it from the front, so that a walk meets nothing else,
+  char* room_ =
+      nullptr;  // of the newest chunk: nodes fill it from the front, so that a walk meets nothing else,
   char* room_end_ = nullptr;  // names, attributes and texts from the back
   Chunk* chunks_ = nullptr;
   Large* large_ = nullptr;
