@@ -63,7 +63,7 @@ class Apply {
         const char* id_attribute, CString* error, bool keep_bit_18_off)
       : index_(index),
         values_(record.values),
-        columns_(record),
+        columns_(columns_of(record)),
         state_(state),
         store_argument_(store_argument),
         error_(error),
@@ -102,9 +102,8 @@ class Apply {
       const bool as_branch = branch || (static_cast<unsigned>(id) & kStoredAsBranch) != 0;
       store(node, values_->GetAt(place), as_branch ? 1 : 0, theme);
     }
-    for (const Column& column : columns_.both) {
-      if (column.values == nullptr) continue;
-      const CString& text = column.values->GetAt(place);
+    for (const Column& column : columns_) {
+      const CString& text = column.values.GetAt(place);
       if (text.IsEmpty()) {
         node.RemoveProperty(column.name);
       } else {
@@ -154,7 +153,7 @@ class Apply {
 
   const IdIndex& index_;
   const CStringArray* const values_;
-  const Columns columns_;
+  const std::vector<Column> columns_;
   const _IDWALKSTATE& state_;
   const int store_argument_;
   CString* const error_;

@@ -16,33 +16,23 @@ CString between(const char* begin, const char* end) {
 
 }  // namespace
 
-void DecoratedValues::read_leaf(const RYXmlWrapperBase& leaf, CString& value) {
-  if (leaf.GetNodeStringWithBlobInfo(value, 0) == 0) value.Empty();
-  decorate(leaf, value);
-}
-
 bool DecoratedValues::read_branch(const RYXmlWrapperBase& branch, bool from_data, CString& value) {
   const bool found = branch.GetPropertyValue(from_data ? data_ : use_, value) != 0;
   if (!found) value = "-1";
   return decorate(branch, value) || found;
 }
 
-bool DecoratedValues::decorate(const RYXmlWrapperBase& node, CString& value) {
-  bool decorated = false;
-  for (const RYPropertyName& name : decorations_) {
-    if (node.GetPropertyValue(name, text_) == 0) continue;
-    std::string whole;
-    whole.reserve(kStart.size() + name.view().size() + text_.View().size() + value.View().size() + 2);
-    whole.append(kStart)
-        .append(name.view())
-        .append(1, '=')
-        .append(text_.View())
-        .append(1, '}')
-        .append(value.View());
-    value = CString(std::move(whole));
-    decorated = true;
-  }
-  return decorated;
+void DecoratedValues::put_in_front(const RYXmlWrapperBase& node, const RYPropertyName& name, CString& value) {
+  node.GetPropertyValue(name, text_);
+  std::string whole;
+  whole.reserve(kStart.size() + name.view().size() + text_.View().size() + value.View().size() + 2);
+  whole.append(kStart)
+      .append(name.view())
+      .append(1, '=')
+      .append(text_.View())
+      .append(1, '}')
+      .append(value.View());
+  value = CString(std::move(whole));
 }
 
 bool may_be_decorated(const CString& value) {

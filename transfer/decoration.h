@@ -10,13 +10,25 @@
 class DecoratedValues {
  public:
   /// The text of a leaf with its decorations.
-  void read_leaf(const RYXmlWrapperBase& leaf, CString& value);
+  void read_leaf(const RYXmlWrapperBase& leaf, CString& value) {
+    if (leaf.GetNodeStringWithBlobInfo(value, 0) == 0) value.Empty();
+    decorate(leaf, value);
+  }
   /// The value attribute of a branch, "Data" or "Use", with its decorations; "-1" stands in for a missing
   /// attribute. Tells whether the attribute or a decoration was there.
   bool read_branch(const RYXmlWrapperBase& branch, bool from_data, CString& value);
 
  private:
-  bool decorate(const RYXmlWrapperBase& node, CString& value);
+  bool decorate(const RYXmlWrapperBase& node, CString& value) {
+    bool decorated = false;
+    for (const RYPropertyName& name : decorations_) {
+      if (node.HasProperty(name) == 0) continue;
+      put_in_front(node, name, value);
+      decorated = true;
+    }
+    return decorated;
+  }
+  void put_in_front(const RYXmlWrapperBase& node, const RYPropertyName& name, CString& value);
 
   RYPropertyName use_{"Use"};
   RYPropertyName data_{"Data"};

@@ -15,7 +15,7 @@ class Harvest {
           const char* id_attribute, CString* error)
       : ids_(ids),
         record_(record),
-        columns_(record),
+        columns_(columns_of(record)),
         recursive_(recursive),
         changed_only_(changed_only),
         wants_data_id_(id_attribute == nullptr),
@@ -72,15 +72,23 @@ class Harvest {
       ids_.Add(id);
       record_.values->Add(std::move(value_));
     }
-    const bool has_attribute = read_columns(node);
-    if (!has_value && !has_attribute) return false;
+    return columns_.empty() ? has_value : read_columns(node, id, has_value);
+  }
+
+  /// Makes the entry for a node without a value too, if an attribute of a column has a text.
+  bool read_columns(const RYXmlWrapperBase& node, int id, bool has_value) {
+    bool has_text = false;
+    for (Column& column : columns_) {
+      column.read.Empty();
+      if (!column.name.empty() && node.GetPropertyValue(column.name, column.read) != 0)
+        has_text = has_text || !column.read.IsEmpty();
+    }
+    if (!has_value && !has_text) return false;
     if (!has_value) {
       ids_.Add(id);
       if (record_.values != nullptr) record_.values->Add(CString());
     }
-    for (Column& column : columns_.both) {
-      if (column.values != nullptr) column.values->Add(std::move(column.read));
-    }
+    for (Column& column : columns_) column.values.Add(std::move(column.read));
     return true;
   }
 
@@ -101,18 +109,6 @@ class Harvest {
     return true;
   }
 
-  bool read_columns(const RYXmlWrapperBase& node) {
-    bool found = false;
-    for (Column& column : columns_.both) {
-      if (column.values == nullptr) continue;
-      column.read.Empty();
-      if (!column.name.empty() && node.GetPropertyValue(column.name, column.read) != 0) {
-        found = found || !column.read.IsEmpty();
-      }
-    }
-    return found;
-  }
-
   void add_label(const RYXmlWrapperBase& node) {
     CString label;
     if (node.GetPropertyValue(label_, label) == 0) node.GetTagName(label);
@@ -121,7 +117,7 @@ class Harvest {
 
   CArray<int, int>& ids_;
   const _VALUESWITHIDS& record_;
-  Columns columns_;
+  std::vector<Column> columns_;
   const bool recursive_;
   const bool changed_only_;
   const bool wants_data_id_;

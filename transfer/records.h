@@ -3,6 +3,9 @@
 
 #include <rytree_Utils/transfer.h>
 
+#include <utility>
+#include <vector>
+
 /// What travels beside an array of IDs: the same index is the same node. A column is an attribute of every
 /// node.
 struct _VALUESWITHIDS {
@@ -38,18 +41,20 @@ inline constexpr int kSizesDiffer = -3;
 inline constexpr int kDuplicateId = -4;
 inline constexpr int kIdConflict = -5;
 
-/// The columns of a record with their attribute names made ready for a walk.
+/// A column of a record with its attribute name made ready for a walk.
 struct Column {
   RYPropertyName name;
-  CStringArray* values;  // may be null
-  CString read{};        // from the node at hand
+  CStringArray& values;
+  CString read{};  // from the node at hand
 };
-struct Columns {
-  explicit Columns(const _VALUESWITHIDS& record)
-      : both{{RYPropertyName(record.attributeName1), record.attributeValues1},
-             {RYPropertyName(record.attributeName2), record.attributeValues2}} {}
-  Column both[2];
-};
+inline std::vector<Column> columns_of(const _VALUESWITHIDS& record) {
+  std::vector<Column> columns;
+  for (const auto& [name, values] : {std::pair(record.attributeName1, record.attributeValues1),
+                                     std::pair(record.attributeName2, record.attributeValues2)}) {
+    if (values != nullptr) columns.push_back({RYPropertyName(name), *values});
+  }
+  return columns;
+}
 
 /// Reads the values below `node`, which is valid, as vctree_get_values_with_ids tells; with a record without
 /// values only nodes that have an attribute of a column.

@@ -68,11 +68,17 @@ struct Rytree {
     return rytree_find_node(&tree, &found, "DataID", id, true, 0, 0) != 0;
   }
 
-  static int number_all(Tree& tree, const char* name) { return number_below(tree, RYPropertyName(name), 0); }
+  static int number_all(Tree& tree, const char* name) { return number_below(tree, RYPropertyName(name)); }
 
   static std::size_t remove_every_second_leaf(Tree& tree) {
     std::size_t leaves = 0;
-    remove_below(tree, leaves);
+    RYXmlWrapperBase next;
+    RYXmlWrapperBase node;
+    for (tree.FirstChild(next); next.IsNodeValid() != 0;) {
+      node = next;
+      next.NextBelow(next, tree);
+      if (node.HasChildren(0) == 0 && ++leaves % 2 == 0) node.RemoveNode();
+    }
     return leaves / 2;
   }
 
@@ -125,28 +131,14 @@ struct Rytree {
     return child;
   }
 
- private:
-  static int number_below(RYXmlWrapperBase& parent, const RYPropertyName& name, int number) {
+ protected:
+  template <class Name>
+  static int number_below(Tree& tree, const Name& name) {
+    int number = 0;
     RYXmlWrapperBase node;
-    for (parent.FirstChild(node); node.IsNodeValid() != 0; node.NextSibling(node)) {
+    for (tree.FirstChild(node); node.IsNodeValid() != 0; node.NextBelow(node, tree))
       node.SetPropertyValue(name, ++number);
-      number = number_below(node, name, number);
-    }
     return number;
-  }
-
-  static void remove_below(RYXmlWrapperBase& parent, std::size_t& leaves) {
-    RYXmlWrapperBase next;
-    RYXmlWrapperBase node;
-    for (parent.FirstChild(next); next.IsNodeValid() != 0;) {
-      node = next;
-      next.NextSibling(next);
-      if (node.GetNodeCount() > 0) {
-        remove_below(node, leaves);
-      } else if (++leaves % 2 == 0) {
-        node.RemoveNode();
-      }
-    }
   }
 };
 
@@ -157,14 +149,7 @@ struct RytreePlainNames : Rytree {
     return tree.FindNodeByAttribute(found, "DataID", id, 1) != 0;
   }
 
-  static int number_all(RYXmlWrapperBase& parent, const char* name, int number = 0) {
-    RYXmlWrapperBase node;
-    for (parent.FirstChild(node); node.IsNodeValid() != 0; node.NextSibling(node)) {
-      node.SetPropertyValue(name, ++number);
-      number = number_all(node, name, number);
-    }
-    return number;
-  }
+  static int number_all(Tree& tree, const char* name) { return number_below(tree, name); }
 };
 
 const Enrol enrolled(0, Jobs<Rytree>::library("rytree_Utils"));

@@ -35,7 +35,11 @@ class CString {
   operator const char*() const noexcept { return text_.c_str(); }
   const char* GetString() const noexcept { return text_.c_str(); }
   std::string_view View() const noexcept { return text_; }
-  void Assign(const char* text, std::size_t length) { text_.assign(text, length); }
+  /// `text` is no part of this string.
+  void Assign(const char* text, std::size_t length) {
+    text_.clear();  // and append: half the work of an assignment that looks for an overlap
+    text_.append(text, length);
+  }
 
   int GetLength() const noexcept { return static_cast<int>(std::min<std::size_t>(text_.size(), INT_MAX)); }
   bool IsEmpty() const noexcept { return text_.empty(); }
