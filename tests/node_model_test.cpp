@@ -51,7 +51,8 @@ class Duel {
       if (!model::valid(handle.twin) || !seen.insert(model::root_of(handle.twin)).second) continue;
       RYXmlWrapperBase top = handle.real;
       for (RYXmlWrapperBase up; top.GetParent(up) != 0;) top = up;
-      if (below(4) == 0) check_branch(top, model::root_of(handle.twin));
+      std::vector<RYXmlWrapperBase> order;
+      if (below(4) == 0) check_branch(top, model::root_of(handle.twin), order);
       ASSERT_EQ(text(top), model::xml_of(model::root_of(handle.twin)));
       if (testing::Test::HasFatalFailure()) return;
     }
@@ -198,8 +199,10 @@ class Duel {
     }
   }
 
-  // Goes down by every way there is: first and next, last and previous, by index here and there.
-  void check_branch(RYXmlWrapperBase& real, const model::Node* twin) {
+  // Goes down by every way there is: first and next, last and previous, by index here and there, and over all
+  // that is below.
+  void check_branch(RYXmlWrapperBase& real, const model::Node* twin, std::vector<RYXmlWrapperBase>& order) {
+    const std::size_t first = order.size();
     check_node(real, twin);
     int last = static_cast<int>(twin->children.size());
     std::vector<RYXmlWrapperBase> row;
@@ -213,9 +216,14 @@ class Duel {
       const std::size_t other = random_() % row.size();
       ASSERT_TRUE(real.GetChild(at, static_cast<int>(other)) != 0 && at == row[other]);
       ASSERT_TRUE(at.GetParent(at) != 0 && at == real);
-      check_branch(row[i], twin->children[i]);
+      order.push_back(row[i]);
+      check_branch(row[i], twin->children[i], order);
       if (testing::Test::HasFatalFailure()) return;
     }
+    at = real;
+    for (std::size_t i = first; i < order.size(); ++i)
+      ASSERT_TRUE(at.NextBelow(at, real) != 0 && at == order[i]);
+    ASSERT_TRUE(at.NextBelow(at, real) == 0 && at.IsNodeValid() == 0);
   }
 
   std::mt19937 random_;

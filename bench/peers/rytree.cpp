@@ -72,12 +72,13 @@ struct Rytree {
 
   static std::size_t remove_every_second_leaf(Tree& tree) {
     std::size_t leaves = 0;
-    RYXmlWrapperBase next;
-    RYXmlWrapperBase node;
-    for (tree.FirstChild(next); next.IsNodeValid() != 0;) {
-      node = next;
-      next.NextBelow(next, tree);
-      if (node.HasChildren(0) == 0 && ++leaves % 2 == 0) node.RemoveNode();
+    RYXmlWrapperBase at;
+    RYXmlWrapperBase removed;
+    for (tree.FirstChild(at); at.IsNodeValid() != 0;) {
+      const bool remove = at.HasChildren(0) == 0 && ++leaves % 2 == 0;
+      if (remove) removed = at;
+      at.NextBelow(at, tree);
+      if (remove) removed.RemoveNode();
     }
     return leaves / 2;
   }

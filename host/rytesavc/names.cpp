@@ -5,6 +5,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "rytree_host/tree_store.h"
 
@@ -81,7 +82,7 @@ const Name* Tree::Intern(const Name* name, const Tree& of_tree) {
 
 const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
   if (2 * (name_count_ + 1) > name_slots_) GrowNames();
-  void* const block = Allocate(sizeof(Name) + name.size() + 1);
+  void* const block = memory_.Allocate(sizeof(Name) + name.size() + 1);
   Name* const added = new (block) Name{static_cast<std::uint32_t>(name.size()), hash, 0, nullptr};
   char* const text = static_cast<char*>(block) + sizeof(Name);
   std::memcpy(text, name.data(), name.size());
@@ -95,16 +96,15 @@ const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
 
 void Tree::GrowNames() {
   const std::uint32_t slots = 2 * name_slots_;
-  auto** const names = static_cast<const Name**>(Allocate(slots * sizeof(Name*)));
-  std::fill_n(names, slots, nullptr);
+  auto names = std::make_unique<const Name*[]>(slots);
   for (std::uint32_t i = 0; i < name_slots_; ++i) {
     if (names_[i] == nullptr) continue;
     std::uint32_t slot = names_[i]->hash & (slots - 1);
     while (names[slot] != nullptr) slot = (slot + 1) & (slots - 1);
     names[slot] = names_[i];
   }
-  if (names_ != first_names_) Deallocate(names_, name_slots_ * sizeof(Name*));
-  names_ = names;
+  more_names_ = std::move(names);
+  names_ = more_names_.get();
   name_slots_ = slots;
 }
 

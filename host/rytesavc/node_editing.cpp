@@ -50,7 +50,6 @@ Node* FindByAttribute(Node* parent, const Name* name, bool deep, const Test& tes
 
 }  // namespace
 
-TESAObj::~TESAObj() = default;
 int TESAObj::IsValid() const { return 0; }
 int RYXmlWrapperBase::IsValid() const { return IsNodeValid(); }
 
@@ -149,13 +148,6 @@ int RYXmlWrapperBase::RemoveChild(RYXmlWrapperBase& child, int* status) {
   return ours ? child.RYXmlWrapperBase::RemoveNode() : 0;
 }
 
-int RYXmlWrapperBase::RemoveNode() {
-  if (IsNodeValid() == 0) return 0;
-  tree_->Unlink(node_);
-  tree_->Free(node_);
-  return 1;
-}
-
 int RYXmlWrapperBase::RemoveAllChildren() {
   if (IsNodeValid() == 0) return 0;
   tree_->FreeChildren(node_);
@@ -165,9 +157,7 @@ int RYXmlWrapperBase::RemoveAllChildren() {
 int RYXmlWrapperBase::SetSizeTrimFromEnd(int n) {
   if (IsNodeValid() == 0 || n < 0) return 0;
   while (node_->child_count > static_cast<std::uint32_t>(n)) {
-    Node* const last = node_->last();
-    tree_->Unlink(last);
-    tree_->Free(last);
+    tree_->Remove(node_->last());
   }
   return 1;
 }

@@ -62,6 +62,15 @@ void RYXmlWrapperBase::AssignNumber(int from, CString& to) {
   to.Assign(text.view().data(), text.view().size());
 }
 
+const rytesavc::Name* RYXmlWrapperBase::Intern(const char* name) const {
+  return name != nullptr ? tree_->Intern(std::string_view(name)) : nullptr;
+}
+
+const rytesavc::Name* RYXmlWrapperBase::Intern(const RYPropertyName& name) const {
+  const rytesavc::Name* const known = name.In(tree_);
+  return known != nullptr ? known : tree_->Intern(name.view());
+}
+
 // Finds or makes the attribute and lets `write` fill it; an attribute made for a value that is refused goes
 // again.
 template <class PropertyName, class Write>
@@ -70,13 +79,7 @@ int RYXmlWrapperBase::WriteAttribute(const PropertyName& name, const Write& writ
   if (const rytesavc::Attribute* const found = FindAttribute(name)) {
     return write(node_->attributes[found - node_->attributes].value) ? 1 : 0;
   }
-  const rytesavc::Name* interned = nullptr;
-  if constexpr (std::is_same_v<PropertyName, RYPropertyName>) {
-    interned = name.In(tree_);
-    if (interned == nullptr) interned = tree_->Intern(name.view());
-  } else {
-    if (name != nullptr) interned = tree_->Intern(std::string_view(name));
-  }
+  const rytesavc::Name* const interned = Intern(name);
   if (interned == nullptr) return 0;
   if (write(tree_->AppendAttribute(node_, interned))) return 1;
   tree_->RemoveAttribute(node_, interned);
@@ -84,10 +87,6 @@ int RYXmlWrapperBase::WriteAttribute(const PropertyName& name, const Write& writ
 }
 
 int RYXmlWrapperBase::SetPropertyValue(const char* name, int value) {
-  return WriteAttribute(name, [this, value](Value& to) { return tree_->SetInt(to, value), true; });
-}
-
-int RYXmlWrapperBase::SetPropertyValue(const RYPropertyName& name, int value) {
   return WriteAttribute(name, [this, value](Value& to) { return tree_->SetInt(to, value), true; });
 }
 

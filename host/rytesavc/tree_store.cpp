@@ -1,7 +1,5 @@
 #include "rytree_host/tree_store.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <new>
@@ -10,30 +8,6 @@
 namespace rytesavc {
 
 namespace {
-
-constexpr std::size_t kFirstChunk = 1536;
-constexpr std::size_t kHugePage = std::size_t{1} << 21;
-constexpr std::size_t kMostExpected = std::size_t{1} << 30;
-
-constexpr std::size_t RoundUp(std::size_t bytes, std::size_t step) {
-  return (bytes + step - 1) / step * step;
-}
-
-void* AllocateOrThrow(std::size_t bytes) {
-  void* const block = std::malloc(bytes);
-  if (block == nullptr) throw std::bad_alloc();
-  return block;
-}
-
-// Big chunks are huge pages where the platform has them: a large tree would else spend a third of its time on
-// page faults.
-void* AllocateChunk(std::size_t bytes) {
-  if (bytes < kHugePage) return AllocateOrThrow(bytes);
-  void* block = nullptr;
-  if (posix_memalign(&block, kHugePage, bytes) != 0) throw std::bad_alloc();
-  madvise(block, bytes, MADV_HUGEPAGE);
-  return block;
-}
 
 // A text block holds the text alone: its size follows from the length.
 std::size_t TextBytes(std::uint32_t length) { return length; }
@@ -57,112 +31,41 @@ bool IsPlainInt(std::string_view text, int& number) {
 
 }  // namespace
 
-struct Tree::Chunk {
-  Chunk* next;
-  std::size_t unused;  // keeps what follows on a 16-byte boundary
-};
-
-struct Tree::Large {
-  Large* next;
-  Large** link;  // what points here
-};
-
-// ---- The tree's own memory.
+// ---- The tree as a whole. Its first chunk stands with it, so that a small tree is one block.
 
 Tree* Tree::Create(std::size_t expected_bytes) {
-  char* const block = static_cast<char*>(AllocateOrThrow(sizeof(Tree) + kFirstChunk));
-  Tree* const tree = new (block) Tree();
-  tree->room_ = block + RoundUp(sizeof(Tree), kStep);
-  tree->room_end_ = block + sizeof(Tree) + kFirstChunk;
-  tree->bytes_ = sizeof(Tree) + kFirstChunk;
-  if (expected_bytes > kFirstChunk) tree->AddChunk(std::min(expected_bytes, kMostExpected));
+  constexpr std::size_t kFirstChunk = 1536;
+  static_assert(sizeof(Tree) % alignof(Node) == 0);
+  char* const block = static_cast<char*>(std::malloc(sizeof(Tree) + kFirstChunk));
+  if (block == nullptr) throw std::bad_alloc();
+  Tree* const tree = new (block) Tree(block + sizeof(Tree), block + sizeof(Tree) + kFirstChunk);
+  tree->memory_.Reserve(expected_bytes);
   return tree;
 }
 
 void Tree::Destroy(Tree* tree) {
-  for (Chunk* chunk = tree->chunks_; chunk != nullptr;) {
-    Chunk* const next = chunk->next;
-    std::free(chunk);
-    chunk = next;
-  }
-  for (Large* large = tree->large_; large != nullptr;) {
-    Large* const next = large->next;
-    std::free(large);
-    large = next;
-  }
   tree->~Tree();
   std::free(tree);
 }
 
-void Tree::AddChunk(std::size_t bytes) {
-  char* const block = static_cast<char*>(AllocateChunk(bytes));
-  chunks_ = new (block) Chunk{chunks_, 0};
-  bytes_ += bytes;
-  room_ = block + sizeof(Chunk);
-  room_end_ = block + bytes;
-}
-
-// A tree grows by what is expected to come, or else by a quarter.
-void Tree::AddChunkFor(std::size_t bytes) {
-  const std::size_t step =
-      expected_ > bytes_ ? std::min(expected_ - bytes_, bytes_) : std::min(bytes_ / 4, kHugePage);
-  AddChunk(RoundUp(std::max({step, 2 * kFirstChunk, sizeof(Chunk) + bytes}), kStep));
-}
-
-inline Node* Tree::NewSlot() {
-  if (!HasRoom(sizeof(Node))) AddChunkFor(sizeof(Node));
-  void* const slot = room_;
-  room_ += sizeof(Node);
-  return static_cast<Node*>(slot);
-}
-
-inline void* Tree::NewBlock(std::size_t bytes) {
-  if (!HasRoom(bytes)) AddChunkFor(bytes);
-  return room_end_ -= bytes;
-}
-
 std::size_t Tree::expected_bytes() const {
   constexpr std::size_t kLargeNode = 256;  // a tree that has lost most of its nodes still holds their memory
-  return std::min(bytes_, node_count_ * kLargeNode);
+  return std::min(memory_.bytes(), node_count_ * kLargeNode);
 }
 
-void Tree::ExpectWhole(unsigned long long part, unsigned long long whole) {
-  const std::size_t used = bytes_ - static_cast<std::size_t>(room_end_ - room_);
-  expected_ = static_cast<std::size_t>(static_cast<double>(used) * static_cast<double>(whole) /
-                                       static_cast<double>(part) * 1.01);
+// What removed nodes hold is used before new memory is.
+inline void* Tree::Allocate(std::size_t bytes) {
+  if (removed_nodes_ != nullptr && !memory_.Holds(bytes)) Reclaim();
+  return memory_.Allocate(bytes);
 }
 
-void* Tree::Allocate(std::size_t bytes) {
-  if (bytes > kLargest) {
-    Large* const large = static_cast<Large*>(AllocateOrThrow(sizeof(Large) + bytes));
-    large->next = large_;
-    large->link = &large_;
-    if (large_ != nullptr) large_->link = &large->next;
-    large_ = large;
-    bytes_ += bytes;
-    return large + 1;
+[[gnu::noinline]] void Tree::Reclaim() {
+  while (Node* const node = removed_nodes_) {
+    FreeContent(node);
+    removed_nodes_ = node->next;
+    node->next = free_nodes_;
+    free_nodes_ = node;
   }
-  const std::size_t index = (bytes + kStep - 1) / kStep;
-  if (void* const block = free_blocks_[index]) {
-    std::memcpy(&free_blocks_[index], block, sizeof(void*));
-    return block;
-  }
-  return NewBlock(index * kStep);
-}
-
-void Tree::Deallocate(void* block, std::size_t bytes) {
-  if (block == nullptr) return;
-  if (bytes > kLargest) {
-    Large* const large = static_cast<Large*>(block) - 1;
-    *large->link = large->next;
-    if (large->next != nullptr) large->next->link = large->link;
-    std::free(large);
-    bytes_ -= bytes;
-    return;
-  }
-  const std::size_t index = (bytes + kStep - 1) / kStep;
-  std::memcpy(block, &free_blocks_[index], sizeof(void*));
-  free_blocks_[index] = block;
 }
 
 // ---- Nodes.
@@ -173,8 +76,13 @@ Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
   if (node != nullptr) {
     free_nodes_ = node->next;
     generation = node->generation;
+  } else if (removed_nodes_ != nullptr) {
+    node = removed_nodes_;
+    removed_nodes_ = node->next;
+    generation = node->generation;
+    FreeContent(node);
   } else {
-    node = NewSlot();
+    node = static_cast<Node*>(memory_.NewSlot(sizeof(Node)));
   }
   *node = Node();
   node->generation = generation;
@@ -208,7 +116,7 @@ void Tree::InsertBefore(Node* next, Node* child) {
   seen_parent_ = nullptr;
 }
 
-void Tree::Unlink(Node* node) {
+inline void Tree::Unlink(Node* node) {
   seen_parent_ = nullptr;
   Node* const parent = node->parent;
   if (parent == nullptr) {
@@ -218,18 +126,29 @@ void Tree::Unlink(Node* node) {
   (node->next != nullptr ? node->next : parent->first)->back = node->back;
   (node == parent->first ? parent->first : node->back->next) = node->next;
   --parent->child_count;
-  node->parent = node->next = node->back = nullptr;
 }
 
-void Tree::FreeNode(Node* node) {
-  if (node->text.kind() == Value::kLong) FreeText(node->text);
-  ClearAttributes(node);
+// Most of the work of a removal would be to free attributes, in memory that the caller has not looked at: it
+// waits until the slot or the memory is needed. Large blocks do not wait.
+inline void Tree::FreeNode(Node* node) {
   --node_count_;
   // Generations start at 1. A slot that has used them up is given up, so that no old handle can ever fit
   // again.
-  if (++node->generation == 0) return;
-  node->next = free_nodes_;
-  free_nodes_ = node;
+  const bool given_up = ++node->generation == 0;
+  if (given_up || memory_.has_large_blocks()) FreeContent(node);
+  if (given_up) return;
+  node->next = removed_nodes_;
+  removed_nodes_ = node;
+}
+
+void Tree::FreeContent(Node* node) {
+  if (node->text.kind() == Value::kLong) FreeText(node->text);
+  for (std::uint32_t i = 0; i < node->attribute_count; ++i) {
+    if (node->attributes[i].value.kind() == Value::kLong) FreeText(node->attributes[i].value);
+  }
+  memory_.Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
+  node->attributes = nullptr;
+  node->attribute_count = node->attribute_capacity = 0;
 }
 
 void Tree::Free(Node* branch) {
@@ -249,6 +168,11 @@ void Tree::Free(Node* branch) {
       node->first = nullptr;
     }
   }
+}
+
+void Tree::Remove(Node* branch) {
+  Unlink(branch);
+  branch->first == nullptr ? FreeNode(branch) : Free(branch);
 }
 
 void Tree::FreeChildren(Node* node) {
@@ -282,9 +206,7 @@ void PutContent(Node* target, const Node& content) {
 
 void Tree::TakeContent(Node* target, Node* source, bool keep_tag) {
   FreeChildren(target);
-  ClearAttributes(target);
-  if (target->text.kind() == Value::kLong) FreeText(target->text);
-  target->text = Value();
+  FreeContent(target);
   if (keep_tag) source->tag = target->tag;
   PutContent(target, *source);
   source->text = Value();
@@ -378,7 +300,7 @@ Node* Tree::Child(const Node* parent, std::uint32_t index) const {
 // ---- Values.
 
 void Tree::FreeText(Value& value) {
-  Deallocate(value.body_.heap.chars, TextBytes(value.length()));
+  memory_.Deallocate(value.body_.heap.chars, TextBytes(value.length()));
   value.meta_ = 0;
 }
 
@@ -421,48 +343,50 @@ inline void Tree::CopyValue(Value& target, const Value& source) {
 
 // ---- Attributes.
 
-void Tree::ReserveAttributes(Node* node, std::uint32_t capacity) {
-  if (capacity <= node->attribute_capacity) return;
+[[gnu::always_inline]] inline void Tree::GrowAttributes(Node* node, std::uint32_t capacity) {
   auto* const block = static_cast<Attribute*>(Allocate(capacity * sizeof(Attribute)));
-  if (node->attributes != nullptr) {
-    std::memcpy(static_cast<void*>(block), node->attributes, node->attribute_count * sizeof(Attribute));
-    Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
-  }
+  std::copy_n(node->attributes, node->attribute_count, block);
+  memory_.Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
   node->attributes = block;
   node->attribute_capacity = capacity;
 }
 
+void Tree::ReserveAttributes(Node* node, std::uint32_t capacity) {
+  if (capacity > node->attribute_capacity) GrowAttributes(node, capacity);
+}
+
 Value& Tree::AddAttribute(Node* node, const Name* name) {
-  if (const Attribute* const found = node->Find(name))
-    return node->attributes[found - node->attributes].value;
-  return AppendAttribute(node, name);
+  Attribute* const found = node->Find(name);
+  return found != nullptr ? found->value : AppendAttribute(node, name);
+}
+
+inline Attribute& Tree::NewAttribute(Node* node, const Name* name) {
+  if (const std::uint32_t count = node->attribute_count; count == node->attribute_capacity)
+    GrowAttributes(node, count < 2 ? 2 : count + count / 2);
+  Attribute& made = node->attributes[node->attribute_count++];
+  made.name = name;
+  return made;
 }
 
 Value& Tree::AppendAttribute(Node* node, const Name* name) {
-  if (node->attribute_count == node->attribute_capacity) {
-    const std::uint32_t capacity = node->attribute_capacity;
-    ReserveAttributes(node, capacity == 0 ? 2 : capacity + std::max(1U, capacity / 2));
-  }
-  return (new (&node->attributes[node->attribute_count++]) Attribute{name, {}})->value;
+  Attribute& made = NewAttribute(node, name);
+  made.value = Value();
+  return made.value;
+}
+
+void Tree::AppendInt(Node* node, const Name* name, int number) {
+  Value& value = NewAttribute(node, name).value;
+  value.meta_ = Value::kInt;
+  value.body_.number = number;
 }
 
 bool Tree::RemoveAttribute(Node* node, const Name* name) {
-  const Attribute* const found = node->Find(name);
-  if (found == nullptr) return false;
-  Attribute* const at = node->attributes + (found - node->attributes);
+  Attribute* const at = node->Find(name);
+  if (at == nullptr) return false;
   if (at->value.kind() == Value::kLong) FreeText(at->value);
   std::copy(at + 1, node->attributes + node->attribute_count, at);
   --node->attribute_count;
   return true;
-}
-
-void Tree::ClearAttributes(Node* node) {
-  for (std::uint32_t i = 0; i < node->attribute_count; ++i) {
-    if (node->attributes[i].value.kind() == Value::kLong) FreeText(node->attributes[i].value);
-  }
-  Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
-  node->attributes = nullptr;
-  node->attribute_count = node->attribute_capacity = 0;
 }
 
 }  // namespace rytesavc

@@ -131,7 +131,17 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int SetPropertyValue(const char* name, const char* value);
   /// A null variant leaves the attribute there with an empty value.
   int SetPropertyValue(const char* name, const _variant_t* value);
-  int SetPropertyValue(const RYPropertyName& name, int value);
+  int SetPropertyValue(const RYPropertyName& name, int value) {
+    if (IsNodeValid() == 0) return 0;
+    const rytesavc::Name* const known = name.In(tree_);
+    if (known == nullptr) return SetPropertyValue(name.c_str(), value);
+    if (rytesavc::Attribute* const found = node_->Find(known)) {
+      tree_->SetInt(found->value, value);
+    } else {
+      tree_->AppendInt(node_, known, value);
+    }
+    return 1;
+  }
   int SetPropertyValue(const RYPropertyName& name, const CString& value);
   /// 0 if the attribute is not there.
   int RemoveProperty(const char* name);
@@ -216,7 +226,11 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   /// `child` is a direct child of this node. The status, which may be null, becomes 0, or -1 on a failure.
   int RemoveChild(RYXmlWrapperBase& child, int* status);
-  virtual int RemoveNode();
+  virtual int RemoveNode() {
+    if (IsNodeValid() == 0) return 0;
+    tree_->Remove(node_);
+    return 1;
+  }
   int RemoveAllChildren();
   /// Keeps the first `n` children.
   int SetSizeTrimFromEnd(int n);
@@ -306,6 +320,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   static int ParseDouble(const rytesavc::Value& from, double& to);
   static void AssignNumber(int from, CString& to);
 
+  const rytesavc::Name* Intern(const char* name) const;
+  const rytesavc::Name* Intern(const RYPropertyName& name) const;
   int AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, std::string_view text);
   template <class Name, class Write>
   int WriteAttribute(const Name& name, const Write& write);

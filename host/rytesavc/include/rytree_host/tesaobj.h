@@ -8,6 +8,6 @@ class RYTREE_API TESAObj {
   TESAObj() = default;
   TESAObj(const TESAObj&) = default;
   TESAObj& operator=(const TESAObj&) = default;
-  virtual ~TESAObj();
+  virtual ~TESAObj() = default;
   virtual int IsValid() const;
 };

@@ -5,9 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <string_view>
 
 #include "rytree_host/export.h"
+#include "rytree_host/tree_memory.h"
 
 namespace rytesavc {
 
@@ -73,17 +75,17 @@ struct Node {
   Node* last() const { return first != nullptr ? first->back : nullptr; }
   Node* previous() const { return back != nullptr && back->next != nullptr ? back : nullptr; }
 
-  const Attribute* Find(std::string_view name) const {
-    const Attribute* const end = attributes + attribute_count;
-    for (const Attribute* at = attributes; at != end; ++at) {
+  Attribute* Find(std::string_view name) const {
+    Attribute* const end = attributes + attribute_count;
+    for (Attribute* at = attributes; at != end; ++at) {
       if (at->name->length == name.size() && std::memcmp(at->name->text(), name.data(), name.size()) == 0)
         return at;
     }
     return nullptr;
   }
-  const Attribute* Find(const Name* name) const {
-    const Attribute* const end = attributes + attribute_count;
-    for (const Attribute* at = attributes; at != end; ++at) {
+  Attribute* Find(const Name* name) const {
+    Attribute* const end = attributes + attribute_count;
+    for (Attribute* at = attributes; at != end; ++at) {
       if (at->name == name) return at;
     }
     return nullptr;
@@ -92,7 +94,7 @@ struct Node {
 
 static_assert(sizeof(Value) == 16 && sizeof(Attribute) == 24 && sizeof(Node) == 88);
 
-// One tree: its nodes, names and texts stand in chunks that are freed whole. Counted by the handles on its
+// One tree: its nodes, names and texts stand in memory that is freed whole. Counted by the handles on its
 // nodes; the count is plain because the handles of one tree belong to one thread.
 class RYTREE_API Tree {
  public:
@@ -117,17 +119,16 @@ class RYTREE_API Tree {
   std::size_t node_count() const { return node_count_; }
   // About what a copy of the tree takes.
   std::size_t expected_bytes() const;
-  // Tells a tree that is being filled which part of what will come is there, so that its memory fits.
-  void ExpectWhole(unsigned long long part, unsigned long long whole);
+  // Tells a tree that is being read which part of what will come is there.
+  void ExpectWhole(unsigned long long part, unsigned long long whole) { memory_.ExpectWhole(part, whole); }
 
   // Nodes. New nodes hang nowhere; Append and InsertBefore put them into the tree.
   Node* NewNode(const Name* tag, int id, std::uint32_t depth);
   void Append(Node* parent, Node* child);
   void InsertBefore(Node* next, Node* child);
-  void Unlink(Node* node);
-  void Free(Node* branch);
+  void Remove(Node* branch);
+  void Free(Node* branch);  // one that hangs nowhere
   void FreeChildren(Node* node);
-  void ClearAttributes(Node* node);
   void TakeContent(Node* target, Node* source, bool keep_tag);
   void ArrangeChildren(Node* parent, const int* order);
   Node* Copy(const Node* source, const Tree& source_tree, std::uint32_t depth);
@@ -142,46 +143,38 @@ class RYTREE_API Tree {
     value.body_.number = number;
   }
   Value& AddAttribute(Node* node, const Name* name);
-  Value& AppendAttribute(Node* node, const Name* name);  // one that the node has not
+  // The same for one that the node has not.
+  Value& AppendAttribute(Node* node, const Name* name);
+  void AppendInt(Node* node, const Name* name, int number);
   void ReserveAttributes(Node* node, std::uint32_t capacity);
   bool RemoveAttribute(Node* node, const Name* name);
 
   Node* root = nullptr;
 
  private:
-  struct Chunk;
-  struct Large;
-  static constexpr std::size_t kStep = 8;
-  static constexpr std::size_t kLargest = 512;  // longer blocks stand on their own
   static constexpr std::uint32_t kFirstNames = 32;
 
-  Tree() = default;
+  Tree(char* room, char* room_end) : memory_(room, room_end) {}
   ~Tree() = default;
   static void Destroy(Tree* tree);
   void* Allocate(std::size_t bytes);
-  void Deallocate(void* block, std::size_t bytes);
-  Node* NewSlot();
-  void* NewBlock(std::size_t bytes);
-  bool HasRoom(std::size_t bytes) const { return static_cast<std::size_t>(room_end_ - room_) >= bytes; }
-  void AddChunkFor(std::size_t bytes);
-  void AddChunk(std::size_t bytes);
+  void Reclaim();
+  void Unlink(Node* node);
+  Attribute& NewAttribute(Node* node, const Name* name);
+  void GrowAttributes(Node* node, std::uint32_t capacity);
   Node* CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth);
   void FreeText(Value& value);
   void FreeNode(Node* node);
+  void FreeContent(Node* node);
   void CopyValue(Value& target, const Value& source);
   const Name* AddName(std::string_view name, std::uint32_t hash);
   void GrowNames();
 
   std::size_t references_ = 1;
-  char* room_ =
-      nullptr;  // of the newest chunk: nodes fill it from the front, so that a walk meets nothing else,
-  char* room_end_ = nullptr;  // names, attributes and texts from the back
-  Chunk* chunks_ = nullptr;
-  Large* large_ = nullptr;
+  TreeMemory memory_;
   Node* free_nodes_ = nullptr;
-  std::size_t expected_ = 0;    // bytes, or 0
-  std::size_t bytes_ = 0;       // of all blocks, those that wait for new use among them
-  std::size_t node_count_ = 0;  // in the tree now
+  Node* removed_nodes_ = nullptr;  // as free, but attributes and text are still there
+  std::size_t node_count_ = 0;     // in the tree now
   mutable std::uint64_t copies_ = 0;
   mutable const Node* seen_parent_ = nullptr;  // where the last Child() ended
   mutable Node* seen_child_ = nullptr;
@@ -190,7 +183,7 @@ class RYTREE_API Tree {
   std::uint32_t name_slots_ = kFirstNames;
   const Name** names_ = first_names_;
   const Name* first_names_[kFirstNames] = {};
-  void* free_blocks_[kLargest / kStep + 1] = {};
+  std::unique_ptr<const Name*[]> more_names_;
 };
 
 }  // namespace rytesavc

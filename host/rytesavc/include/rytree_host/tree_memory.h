@@ -1,0 +1,82 @@
+// The memory of one tree: chunks that are freed whole with it.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+
+namespace rytesavc {
+
+// Hands out slots that are never given back, and blocks that are. Slots fill a chunk from the front and
+// blocks from the back, so that a walk over the slots meets nothing else.
+class TreeMemory {
+ public:
+  TreeMemory(char* first_chunk, char* end)
+      : room_(first_chunk), room_end_(end), bytes_(static_cast<std::size_t>(end - first_chunk)) {}
+  TreeMemory(const TreeMemory&) = delete;
+  TreeMemory& operator=(const TreeMemory&) = delete;
+  ~TreeMemory();
+
+  void* NewSlot(std::size_t bytes) {
+    if (!HasRoom(bytes)) AddChunkFor(bytes);
+    void* const slot = room_;
+    room_ += bytes;
+    return slot;
+  }
+
+  void* Allocate(std::size_t bytes) {
+    if (bytes > kLargest) return AllocateLarge(bytes);
+    void*& free_block = free_blocks_[Steps(bytes)];
+    if (free_block == nullptr) return NewBlock(Steps(bytes) * kStep);
+    void* const block = free_block;
+    std::memcpy(&free_block, block, sizeof free_block);
+    return block;
+  }
+  // `block` may be null. `bytes` is what it was allocated with.
+  void Deallocate(void* block, std::size_t bytes) {
+    if (block == nullptr) return;
+    if (bytes > kLargest) return DeallocateLarge(block, bytes);
+    void*& free_block = free_blocks_[Steps(bytes)];
+    std::memcpy(block, &free_block, sizeof free_block);
+    free_block = block;
+  }
+  // Whether a block can be had without a new chunk.
+  bool Holds(std::size_t bytes) const {
+    return bytes > kLargest || free_blocks_[Steps(bytes)] != nullptr || HasRoom(Steps(bytes) * kStep);
+  }
+  // Blocks that stand on their own go back to the system at once.
+  bool has_large_blocks() const { return large_ != nullptr; }
+
+  // Makes room for about so many bytes.
+  void Reserve(std::size_t bytes);
+  // Tells which part of all that will come is there, so that what is taken fits.
+  void ExpectWhole(unsigned long long part, unsigned long long whole);
+  // Of all chunks and large blocks.
+  std::size_t bytes() const { return bytes_; }
+
+ private:
+  struct Chunk;
+  struct Large;
+  static constexpr std::size_t kStep = 8;
+  static constexpr std::size_t kLargest = 512;  // longer blocks stand on their own
+
+  static std::size_t Steps(std::size_t bytes) { return (bytes + kStep - 1) / kStep; }
+  bool HasRoom(std::size_t bytes) const { return static_cast<std::size_t>(room_end_ - room_) >= bytes; }
+  void* NewBlock(std::size_t bytes) {
+    if (!HasRoom(bytes)) AddChunkFor(bytes);
+    return room_end_ -= bytes;
+  }
+  void AddChunkFor(std::size_t bytes);
+  void AddChunk(std::size_t bytes);
+  void* AllocateLarge(std::size_t bytes);
+  void DeallocateLarge(void* block, std::size_t bytes);
+
+  char* room_;  // of the newest chunk
+  char* room_end_;
+  std::size_t bytes_;
+  std::size_t expected_ = 0;  // or 0
+  Chunk* chunks_ = nullptr;
+  Large* large_ = nullptr;
+  void* free_blocks_[kLargest / kStep + 1] = {};
+};
+
+}  // namespace rytesavc

@@ -1,0 +1,107 @@
+#include "rytree_host/tree_memory.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace rytesavc {
+
+namespace {
+
+constexpr std::size_t kLeast = 3072;
+constexpr std::size_t kHugePage = std::size_t{1} << 21;
+constexpr std::size_t kMostReserved = std::size_t{1} << 30;
+
+constexpr std::size_t RoundUp(std::size_t bytes, std::size_t step) {
+  return (bytes + step - 1) / step * step;
+}
+
+void* AllocateOrThrow(std::size_t bytes) {
+  void* const block = std::malloc(bytes);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+
+// Big chunks are huge pages where the platform has them: a large tree would else spend a third of its time on
+// page faults.
+void* AllocateChunk(std::size_t bytes) {
+  if (bytes < kHugePage) return AllocateOrThrow(bytes);
+  void* block = nullptr;
+  if (posix_memalign(&block, kHugePage, bytes) != 0) throw std::bad_alloc();
+  madvise(block, bytes, MADV_HUGEPAGE);
+  return block;
+}
+
+template <class Block>
+void FreeAll(Block* first) {
+  while (first != nullptr) {
+    Block* const next = first->next;
+    std::free(first);
+    first = next;
+  }
+}
+
+}  // namespace
+
+struct TreeMemory::Chunk {
+  Chunk* next;
+  std::size_t unused;  // keeps what follows on a 16-byte boundary
+};
+
+struct TreeMemory::Large {
+  Large* next;
+  Large** link;  // what points here
+};
+
+TreeMemory::~TreeMemory() {
+  FreeAll(chunks_);
+  FreeAll(large_);
+}
+
+void TreeMemory::Reserve(std::size_t bytes) {
+  if (!HasRoom(bytes)) AddChunk(std::min(RoundUp(bytes, kStep), kMostReserved));
+}
+
+void TreeMemory::ExpectWhole(unsigned long long part, unsigned long long whole) {
+  constexpr double kMargin = 1.01;
+  const std::size_t used = bytes_ - static_cast<std::size_t>(room_end_ - room_);
+  expected_ = static_cast<std::size_t>(kMargin * static_cast<double>(used) * static_cast<double>(whole) /
+                                       static_cast<double>(part));
+}
+
+// Grows to what is expected, doubling at most, or else by a quarter.
+void TreeMemory::AddChunkFor(std::size_t bytes) {
+  const std::size_t step =
+      expected_ > bytes_ ? std::min(expected_ - bytes_, bytes_) : std::min(bytes_ / 4, kHugePage);
+  AddChunk(RoundUp(std::max({step, kLeast, sizeof(Chunk) + bytes}), kStep));
+}
+
+void TreeMemory::AddChunk(std::size_t bytes) {
+  char* const block = static_cast<char*>(AllocateChunk(bytes));
+  chunks_ = new (block) Chunk{chunks_, 0};
+  bytes_ += bytes;
+  room_ = block + sizeof(Chunk);
+  room_end_ = block + bytes;
+}
+
+void* TreeMemory::AllocateLarge(std::size_t bytes) {
+  Large* const large = static_cast<Large*>(AllocateOrThrow(sizeof(Large) + bytes));
+  large->next = large_;
+  large->link = &large_;
+  if (large_ != nullptr) large_->link = &large->next;
+  large_ = large;
+  bytes_ += bytes;
+  return large + 1;
+}
+
+void TreeMemory::DeallocateLarge(void* block, std::size_t bytes) {
+  Large* const large = static_cast<Large*>(block) - 1;
+  *large->link = large->next;
+  if (large->next != nullptr) large->next->link = large->link;
+  std::free(large);
+  bytes_ -= bytes;
+}
+
+}  // namespace rytesavc
