@@ -2,11 +2,12 @@
 #include <rytree_Utils/lookup.h>
 #include <rytree_Utils/ranges.h>
 
-#include <string_view>
-#include <unordered_map>
+#include <cstddef>
+#include <vector>
 
 #include "frame/children.h"
 #include "frame/host_arrays.h"
+#include "frame/text_index.h"
 #include "ranges/range_names.h"
 
 namespace {
@@ -14,20 +15,30 @@ namespace {
 constexpr int kInputDataId = 35;
 constexpr int kDateId = 14;
 
-// For each of the tags the first child that has it, or an invalid handle.
-using ChildrenByTag = std::unordered_map<std::string_view, RYXmlWrapperBase>;
-
-ChildrenByTag children_by_tag(const RYXmlWrapperBase& parent, const CStringArray& tags) {
-  ChildrenByTag children;
-  for (const CString& tag : tags) children.try_emplace(tag.GetString());
-  CString tag;
-  for (Children child(parent); child; ++child) {
-    child->GetTagName(tag);
-    const auto wanted = children.find(tag.View());
-    if (wanted != children.end() && wanted->second.IsNodeValid() == 0) wanted->second = *child;
+/// The first child of each of some tags.
+class ChildrenByTag {
+ public:
+  ChildrenByTag(const RYXmlWrapperBase& parent, const CStringArray& tags) {
+    for (const CString& tag : tags) numbers_.push_back(static_cast<std::size_t>(index_.add(tag.GetString())));
+    children_.resize(static_cast<std::size_t>(index_.count()));
+    CString tag;
+    for (Children child(parent); child; ++child) {
+      child->GetTagName(tag);
+      const int number = index_.find(tag.View());
+      if (number < 0) continue;
+      RYXmlWrapperBase& first = children_[static_cast<std::size_t>(number)];
+      if (first.IsNodeValid() == 0) first = *child;
+    }
   }
-  return children;
-}
+
+  /// That of the tag at the place; an invalid handle, shared by the equal tags, where there is none.
+  RYXmlWrapperBase& at(int place) { return children_[numbers_[static_cast<std::size_t>(place)]]; }
+
+ private:
+  TextIndex index_;
+  std::vector<std::size_t> numbers_;  // in the index, of the tags
+  std::vector<RYXmlWrapperBase> children_;
+};
 
 }  // namespace
 
@@ -48,10 +59,10 @@ bool VCTreeCheckAddInputDataBranch(RYXmlWrapperBase* out, RYXmlWrapperBase* pare
   if (rangeNumber > 0) {
     rytree_tree_check_get_node(out, parent, range_tag(rangeNumber), id, "Label", range_label(rangeNumber), 1);
   }
-  ChildrenByTag children = children_by_tag(*out, *tags);
+  ChildrenByTag children(*out, *tags);
   for (int index = 0; index < tags->GetSize(); ++index) {
     const char* const tag = (*tags)[index].GetString();
-    RYXmlWrapperBase& child = children[tag];
+    RYXmlWrapperBase& child = children.at(index);
     if (child.IsNodeValid() == 0) out->AddNode(child, tag, kInputDataId);
     const char* const label = (*labels)[index].GetString();
     if (*label != '\0') child.SetPropertyValue("Label", label);

@@ -162,17 +162,11 @@ class TableWriter {
   std::unordered_map<std::string, RYXmlWrapperBase> rows_;
 };
 
-void collect(const RYXmlWrapperBase& parent, std::size_t limit, std::vector<RYXmlWrapperBase>& nodes) {
-  for (Children child(parent); child && nodes.size() < limit; ++child) {
-    nodes.push_back(*child);
-    collect(*child, limit, nodes);
-  }
-}
-
 /// The first nodes below `tree` (which may be null) in the order of their numbers.
 std::vector<RYXmlWrapperBase> first_nodes(const RYXmlWrapperBase* tree, std::size_t limit) {
   std::vector<RYXmlWrapperBase> nodes;
-  if (tree != nullptr) collect(*tree, limit, nodes);
+  if (tree == nullptr) return nodes;
+  for (NodesBelow at(*tree); at && nodes.size() < limit; ++at) nodes.push_back(*at);
   return nodes;
 }
 

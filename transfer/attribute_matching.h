@@ -8,7 +8,7 @@
 #include <deque>
 #include <vector>
 
-#include "transfer/text_index.h"
+#include "frame/text_index.h"
 
 /// What matches and what is written.
 struct MatchRule {

@@ -8,7 +8,7 @@
 
 #include "frame/case_key.h"
 #include "frame/children.h"
-#include "transfer/text_index.h"
+#include "frame/text_index.h"
 
 namespace {
 
