@@ -345,8 +345,13 @@ inline void Tree::CopyValue(Value& target, const Value& source) {
 
 [[gnu::always_inline]] inline void Tree::GrowAttributes(Node* node, std::uint32_t capacity) {
   auto* const block = static_cast<Attribute*>(Allocate(capacity * sizeof(Attribute)));
-  std::copy_n(node->attributes, node->attribute_count, block);
-  memory_.Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
+  Attribute* const former = node->attributes;
+  Attribute* to = block;
+  for (const Attribute *from = former, *end = from + node->attribute_count; from != end; ++from, ++to) {
+    to->name = from->name;
+    to->value = from->value;
+  }
+  memory_.Deallocate(former, node->attribute_capacity * sizeof(Attribute));
   node->attributes = block;
   node->attribute_capacity = capacity;
 }
