@@ -20,7 +20,7 @@ GROWTH_NOISE = 1.05
 # Why a goal is missed, if it is, and what is left to try.
 REASONS = {
     'set new': 'The attributes of a node stand in one block, as many as were read: one more moves them to a larger '
-               'block, where RapidXML hangs one more link onto a list. Attributes of 16 bytes in place of 24, with the '
+               'block, where RapidXML hangs one more link onto a list. Attributes of 20 bytes in place of 24, with the '
                'number of the name in place of its address, would move less.',
     'remove': 'The branch that is removed dies at once for every handle, and its memory is used again; RapidXML leaves '
               'it where it is until the document goes.',
