@@ -5,6 +5,16 @@
 
 #include <utility>
 
+/// Makes room in an array for what a walk from `top` will find: for all nodes of a tree if `top` is its root
+/// and the walk goes `deep`, else for the children. An array that holds something already grows by itself:
+/// many small additions would else copy it each time.
+template <class Array>
+void make_room(Array& array, const RYXmlWrapperBase& top, bool deep) {
+  if (!array.IsEmpty()) return;
+  RYXmlWrapperBase above;
+  array.Reserve(deep && top.GetParent(above) == 0 ? top.GetTreeSize() : top.GetNodeCount());
+}
+
 /// Stands on the children of a node, first to last:
 ///     for (Children child(node); child; ++child) use(*child);
 /// An invalid node has no children. A body that may remove the child takes it first, which moves the walk on:

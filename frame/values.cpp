@@ -31,6 +31,7 @@ int rytree_get_values(RYXmlWrapperBase* tree, HostArrayObject* values, int child
 
 int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenOnly) {
   if (tree == nullptr || values == nullptr) return -1;
+  make_room(*values, *tree, !childrenOnly);
   if (!childrenOnly || tree->HasChildren(0) == 0) {
     append_leaf_text(*tree, *values);
     for (NodesBelow at(*tree); at; ++at) append_leaf_text(*at, *values);

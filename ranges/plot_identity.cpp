@@ -37,6 +37,7 @@ int vctree_set_data_marker_id_to_tree(RYXmlWrapperBase& tree, int id) {
 }
 
 void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values) {
+  make_room(values, node, false);
   for (Children child(node); child; ++child) {
     CString text;
     read_text(*child, text);

@@ -20,10 +20,10 @@ int rytree_get_node_names(RYXmlWrapperBase* node, HostArrayObject* names, int to
 
 void vctree_get_node_names(RYXmlWrapperBase* node, CStringArray* names, bool topLevelOnly) {
   if (node == nullptr || names == nullptr) return;
-  for (Children child(*node); child; ++child) {
-    const int at = names->GetSize();
-    names->SetSize(at + 1);
-    child->GetTagName((*names)[at]);
-    if (!topLevelOnly) vctree_get_node_names(&*child, names, false);
+  make_room(*names, *node, !topLevelOnly);
+  for (NodesBelow at(*node, !topLevelOnly); at; ++at) {
+    const int place = names->GetSize();
+    names->SetSize(place + 1);
+    at->GetTagName((*names)[place]);
   }
 }

@@ -51,6 +51,8 @@ bool vctree_build_values_tree(RYXmlWrapperBase* target, const CArray<int, int>* 
 void vctree_get_theme(RYXmlWrapperBase* theme, CArray<int, int>* ids, CStringArray* values,
                       CString* comment) {
   if (theme == nullptr || ids == nullptr || values == nullptr) return;
+  make_room(*ids, *theme, false);
+  make_room(*values, *theme, false);
   CString tag;
   for (Children child(*theme); child; ++child) {
     CString value;

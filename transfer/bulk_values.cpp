@@ -30,6 +30,7 @@ struct AttributeList {
 int list_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute, bool children_only,
                     bool carry) {
   if (tree == nullptr || values == nullptr) return -1;
+  make_room(*values, *tree, !children_only);
   AttributeList{RYPropertyName(attribute), *values, children_only, carry}.append_below(*tree);
   return 0;
 }
@@ -100,6 +101,7 @@ int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int val
                           CArray<int, int>* collected, int removeIfNegative, int includeTop) {
   if (tree == nullptr) return -1;
   const AttributeStep step{RYPropertyName(attribute), value, collected, removeIfNegative != 0 && value < 0};
+  if (collected != nullptr) make_room(*collected, *tree, true);
   if (includeTop != 0) step.act(*tree);
   step.act_below(*tree);
   return 0;

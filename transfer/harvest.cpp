@@ -137,10 +137,8 @@ int _tree_get_values_with_ids(RYXmlWrapperBase& node, CArray<int, int>& ids, con
                               int allBranches, CString* error) {
   ids.RemoveAll();
   if (record.values != nullptr) record.values->RemoveAll();
-  if (RYXmlWrapperBase parent; recursive != 0 && node.GetParent(parent) == 0) {
-    ids.Reserve(node.GetTreeSize());
-    if (record.values != nullptr) record.values->Reserve(node.GetTreeSize());
-  }
+  make_room(ids, node, recursive != 0);
+  if (record.values != nullptr) make_room(*record.values, node, recursive != 0);
   return Harvest(ids, record, recursive != 0, changedOnly != 0, idAttribute, error)
       .walk(node, repeat, allBranches != 0);
 }

@@ -52,6 +52,8 @@ struct FirstByTag {
 
 int rytree_collect_tags_and_ids(const RYXmlWrapperBase& node, CStringArray& tags, CArray<int, int>& ids,
                                 bool leaves_only) {
+  make_room(tags, node, true);
+  make_room(ids, node, true);
   return TagList{tags, ids, leaves_only}.collect_below(node);
 }
 
