@@ -228,15 +228,23 @@ void Reader::TakeOwn(Open& element, const char* name, std::string_view value) {
   if (error == std::errc() && end == value.data() + value.size()) element.node->id = id;
 }
 
-// Expat gives an attribute's name at the same address each time.
+// Expat gives an attribute's name at the same address each time. A few places are tried, so that no two of
+// the names that stand on every element drive each other out.
 const Name* Reader::AttributeName(const char* name) {
-  KnownName& known = known_[(reinterpret_cast<std::uintptr_t>(name) >> 3) % std::size(known_)];
-  if (known.from != name || std::strcmp(known.name->text(), name) != 0) {
-    const Name* const found = tree_.Intern(name);
-    if (found == nullptr) return nullptr;
-    known = {name, found};
+  constexpr std::size_t kTried = 4;
+  const std::size_t start = reinterpret_cast<std::uintptr_t>(name) >> 3;
+  KnownName* place = &known_[start % std::size(known_)];
+  for (std::size_t i = 0; i < kTried; ++i) {
+    KnownName& known = known_[(start + i) % std::size(known_)];
+    if (known.from == name && std::strcmp(known.name->text(), name) == 0) return known.name;
+    if (known.from == nullptr || known.from == name) {
+      place = &known;
+      break;
+    }
   }
-  return known.name;
+  const Name* const found = tree_.Intern(name);
+  if (found != nullptr) *place = {name, found};
+  return found;
 }
 
 void Reader::End() {
