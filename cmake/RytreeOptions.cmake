@@ -33,7 +33,7 @@ target_compile_options(rytree_build_flags INTERFACE
   # GCC 12 falsely sees an overlap in "text" + std::string where it optimizes.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 
-target_link_options(rytree_build_flags INTERFACE "LINKER:-Bsymbolic-functions")  # between its files too
+target_link_options(rytree_build_flags INTERFACE "LINKER:-Bsymbolic-functions")  # the same for calls between the files of one library
 
 if(RYTREE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)  # what the fuzzers watch while they search

@@ -14,8 +14,7 @@ struct SetEverywhere {
     if (!branches_only || node.GetNodeCount() > 0) node.SetPropertyValue(attribute, value);
   }
   void set_branch(RYXmlWrapperBase& node) const {
-    set(node);
-    for (NodesBelow at(node); at; ++at) set(*at);
+    for (NodesOf at(node); at; ++at) set(*at);
   }
 };
 

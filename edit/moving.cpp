@@ -150,8 +150,8 @@ bool VCTreeSetTagName(RYXmlWrapperBase* node, const char* name) {
 
 int VCTreePrepareForMenu(RYXmlWrapperBase* node, DWORD& nextDataId) {
   if (node == nullptr || node->IsNodeValid() == 0) return 0;
-  int stamped = prepare_for_menu(*node, nextDataId) ? 1 : 0;
-  for (NodesBelow at(*node); at; ++at) {
+  int stamped = 0;
+  for (NodesOf at(*node); at; ++at) {
     if (prepare_for_menu(*at, nextDataId)) ++stamped;
   }
   return stamped;

@@ -1,4 +1,4 @@
-// The one walk over the children of a node, and the one over all that is below it.
+// The walks over the children of a node and over whole branches, and the room that arrays get for them.
 #pragma once
 
 #include <rytree_host/node.h>
@@ -43,12 +43,14 @@ class Children {
 
 /// Stands on all nodes below one, in document order; on its children alone if not `deep`:
 ///     for (NodesBelow at(top); at; ++at) use(*at);
-/// The body removes and moves none of these nodes and leaves `top` on its node.
+/// The body removes and moves none of these nodes and leaves `top` on its node; what it adds further on is
+/// visited too.
 class NodesBelow {
  public:
   explicit NodesBelow(const RYXmlWrapperBase& top, bool deep = true) : top_(top), deep_(deep) {
     top.FirstChild(at_);
   }
+  explicit NodesBelow(const RYXmlWrapperBase&& top, bool deep = true) = delete;
 
   explicit operator bool() const { return at_.IsNodeValid() != 0; }
   NodesBelow& operator++() {
@@ -58,8 +60,17 @@ class NodesBelow {
   RYXmlWrapperBase& operator*() { return at_; }
   RYXmlWrapperBase* operator->() { return &at_; }
 
+ protected:
+  RYXmlWrapperBase at_;
+
  private:
   const RYXmlWrapperBase& top_;
   const bool deep_;
-  RYXmlWrapperBase at_;
+};
+
+/// The same with the top as the first.
+class NodesOf : public NodesBelow {
+ public:
+  explicit NodesOf(const RYXmlWrapperBase& top) : NodesBelow(top) { at_ = top; }
+  explicit NodesOf(const RYXmlWrapperBase&& top) = delete;
 };

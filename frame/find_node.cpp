@@ -15,17 +15,14 @@ struct TagSearch {
   CString read{};
 
   bool find(const RYXmlWrapperBase& node) {
-    if (matches(node)) return take(node);
-    if (!recursive) return false;
-    for (NodesBelow at(node); at; ++at) {
-      if (matches(*at)) return take(*at);
+    for (NodesOf at(node); at; ++at) {
+      if (matches(*at)) {
+        if (out != nullptr) *out = *at;
+        return true;
+      }
+      if (!recursive) break;
     }
     return false;
-  }
-
-  bool take(const RYXmlWrapperBase& node) const {
-    if (out != nullptr) *out = node;
-    return true;
   }
 
   bool matches(const RYXmlWrapperBase& node) {

@@ -16,7 +16,7 @@ class IdIndex {
  public:
   IdIndex() : slots_(kFewest) {}
   explicit IdIndex(const CArray<int, int>& ids) {
-    make_room(ids);
+    choose_form(ids);
     for (int place = 0; place < ids.GetSize(); ++place) {
       const int first = add(ids[place], place);
       if (first != place && (duplicate_ < 0 || first < duplicate_)) duplicate_ = first;
@@ -45,7 +45,7 @@ class IdIndex {
   static constexpr std::size_t kBlock = 8;
   static constexpr std::size_t kFewest = 2 * kBlock;
 
-  void make_room(const CArray<int, int>& ids) {
+  void choose_form(const CArray<int, int>& ids) {
     const auto [lowest, highest] = std::minmax_element(ids.begin(), ids.end());
     const std::size_t wanted = 2 * static_cast<std::size_t>(ids.end() - ids.begin());
     if (wanted == 0) return;

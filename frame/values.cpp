@@ -15,7 +15,7 @@ void append_text(RYXmlWrapperBase& node, CStringArray& values) {
   values.Add(std::move(text));
 }
 
-void append_leaf_text(RYXmlWrapperBase& node, CStringArray& values) {
+void append_entry(RYXmlWrapperBase& node, CStringArray& values) {
   if (node.HasChildren(0) == 0) return append_text(node, values);
   values.Add(CString());
 }
@@ -33,8 +33,8 @@ int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenO
   if (tree == nullptr || values == nullptr) return -1;
   make_room(*values, *tree, !childrenOnly);
   if (!childrenOnly || tree->HasChildren(0) == 0) {
-    append_leaf_text(*tree, *values);
-    for (NodesBelow at(*tree); at; ++at) append_leaf_text(*at, *values);
+    append_entry(*tree, *values);
+    for (NodesBelow at(*tree); at; ++at) append_entry(*at, *values);
     return 0;
   }
   values->Add(CString());

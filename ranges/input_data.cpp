@@ -19,6 +19,7 @@ constexpr int kDateId = 14;
 class ChildrenByTag {
  public:
   ChildrenByTag(const RYXmlWrapperBase& parent, const CStringArray& tags) {
+    numbers_.reserve(static_cast<std::size_t>(tags.GetSize()));
     for (const CString& tag : tags) numbers_.push_back(static_cast<std::size_t>(index_.add(tag.GetString())));
     children_.resize(static_cast<std::size_t>(index_.count()));
     CString tag;

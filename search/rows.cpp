@@ -7,8 +7,8 @@
 namespace {
 
 int subtree_size(const RYXmlWrapperBase& node) {
-  int size = 1;
-  for (NodesBelow at(node); at; ++at) ++size;
+  int size = 0;
+  for (NodesOf at(node); at; ++at) ++size;
   return size;
 }
 

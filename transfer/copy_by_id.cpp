@@ -99,8 +99,7 @@ int rytree_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destina
 int rytree_whole_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination) {
   if (source == nullptr || destination == nullptr) return kBadArgument;
   MissingNodes missing(*destination);
-  missing.make_for(*source);
-  for (NodesBelow at(*source); at; ++at) missing.make_for(*at);
+  for (NodesOf at(*source); at; ++at) missing.make_for(*at);
   return rytree_copy_values_by_id(source, destination, 0, nullptr, nullptr, 1, 0, 0);
 }
 

@@ -23,7 +23,7 @@ bool DecoratedValues::read_branch(const RYXmlWrapperBase& branch, bool from_data
 }
 
 void DecoratedValues::put_in_front(const RYXmlWrapperBase& node, const RYPropertyName& name, CString& value) {
-  node.GetPropertyValue(name, text_);
+  if (node.GetPropertyValue(name, text_) == 0) text_.Empty();
   std::string whole;
   whole.reserve(kStart.size() + name.view().size() + text_.View().size() + value.View().size() + 2);
   whole.append(kStart)

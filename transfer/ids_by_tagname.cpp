@@ -60,8 +60,7 @@ int rytree_collect_tags_and_ids(const RYXmlWrapperBase& node, CStringArray& tags
 int rytree_set_ids_by_tagname(RYXmlWrapperBase& node, const CStringArray& tags, const CArray<int, int>& ids,
                               bool leaves_only) {
   FirstByTag first{leaves_only};
-  first.add(node);
-  for (NodesBelow at(node); at; ++at) first.add(*at);
+  for (NodesOf at(node); at; ++at) first.add(*at);
   // Of the IDs for one node the last holds.
   std::vector<int> places(first.nodes.size(), -1);
   int given = 0;

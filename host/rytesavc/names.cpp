@@ -1,7 +1,6 @@
 // The names that a tree holds, and which names can be names.
 #include <expat.h>
 
-#include <algorithm>
 #include <memory>
 #include <new>
 #include <string>

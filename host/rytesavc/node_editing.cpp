@@ -10,16 +10,10 @@ using rytesavc::Tree;
 
 namespace {
 
-const Node* NextInPreOrder(const Node* node, const Node* top) {
-  if (node->first != nullptr) return node->first;
-  while (node != top && node->next == nullptr) node = node->parent;
-  return node == top ? nullptr : node->next;
-}
-
 // How many levels a branch has. Counting stops above `enough`.
 std::uint32_t Levels(const Node* branch, std::uint32_t enough) {
   std::uint32_t deepest = branch->depth;
-  for (const Node* node = branch; node != nullptr; node = NextInPreOrder(node, branch)) {
+  for (const Node* node = branch; node != nullptr; node = node->NextBelow(branch)) {
     if (node->depth > deepest) deepest = node->depth;
     if (deepest - branch->depth >= enough) break;
   }
@@ -39,11 +33,11 @@ bool Fits(const Node* branch, std::uint32_t depth) {
 template <class Test>
 Node* FindByAttribute(Node* parent, const Name* name, bool deep, const Test& test) {
   if (name == nullptr) return nullptr;
-  const Node* node = parent->first;
+  Node* node = parent->first;
   while (node != nullptr) {
     const rytesavc::Attribute* const attribute = node->Find(name);
-    if (attribute != nullptr && test(*attribute)) return const_cast<Node*>(node);
-    node = deep ? NextInPreOrder(node, parent) : node->next;
+    if (attribute != nullptr && test(*attribute)) return node;
+    node = deep ? node->NextBelow(parent) : node->next;
   }
   return nullptr;
 }

@@ -1,6 +1,6 @@
 // Attributes and values of a node.
+#include <algorithm>
 #include <string>
-#include <vector>
 
 #include "node_access.h"
 #include "numbers.h"
@@ -76,9 +76,7 @@ const rytesavc::Name* RYXmlWrapperBase::Intern(const RYPropertyName& name) const
 template <class PropertyName, class Write>
 int RYXmlWrapperBase::WriteAttribute(const PropertyName& name, const Write& write) {
   if (IsNodeValid() == 0) return 0;
-  if (const rytesavc::Attribute* const found = FindAttribute(name)) {
-    return write(node_->attributes[found - node_->attributes].value) ? 1 : 0;
-  }
+  if (rytesavc::Attribute* const found = FindAttribute(name)) return write(found->value) ? 1 : 0;
   const rytesavc::Name* const interned = Intern(name);
   if (interned == nullptr) return 0;
   if (write(tree_->AppendAttribute(node_, interned))) return 1;

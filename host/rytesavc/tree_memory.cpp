@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t kLeast = 3072;
 constexpr std::size_t kHugePage = std::size_t{1} << 21;
 constexpr std::size_t kMostReserved = std::size_t{1} << 30;
+constexpr std::size_t kMostExpected = std::size_t{1} << 40;
 
 constexpr std::size_t RoundUp(std::size_t bytes, std::size_t step) {
   return (bytes + step - 1) / step * step;
@@ -67,11 +68,12 @@ void TreeMemory::Reserve(std::size_t bytes) {
 void TreeMemory::ExpectWhole(unsigned long long part, unsigned long long whole) {
   constexpr double kMargin = 1.01;
   const std::size_t used = bytes_ - static_cast<std::size_t>(room_end_ - room_);
-  expected_ = static_cast<std::size_t>(kMargin * static_cast<double>(used) * static_cast<double>(whole) /
-                                       static_cast<double>(part));
+  const double wanted =
+      kMargin * static_cast<double>(used) * static_cast<double>(whole) / static_cast<double>(part);
+  expected_ = wanted < static_cast<double>(kMostExpected) ? static_cast<std::size_t>(wanted) : 0;
 }
 
-// Grows to what is expected, doubling at most, or else by a quarter.
+// Grows to what is expected, doubling at most; where nothing is, by a quarter, a huge page at most.
 void TreeMemory::AddChunkFor(std::size_t bytes) {
   const std::size_t step =
       expected_ > bytes_ ? std::min(expected_ - bytes_, bytes_) : std::min(bytes_ / 4, kHugePage);

@@ -38,9 +38,10 @@ Tree* Tree::Create(std::size_t expected_bytes) {
   static_assert(sizeof(Tree) % alignof(Node) == 0);
   char* const block = static_cast<char*>(std::malloc(sizeof(Tree) + kFirstChunk));
   if (block == nullptr) throw std::bad_alloc();
-  Tree* const tree = new (block) Tree(block + sizeof(Tree), block + sizeof(Tree) + kFirstChunk);
+  std::unique_ptr<Tree, void (*)(Tree*)> tree(
+      new (block) Tree(block + sizeof(Tree), block + sizeof(Tree) + kFirstChunk), Destroy);
   tree->memory_.Reserve(expected_bytes);
-  return tree;
+  return tree.release();
 }
 
 void Tree::Destroy(Tree* tree) {
@@ -71,14 +72,11 @@ inline void* Tree::Allocate(std::size_t bytes) {
 // ---- Nodes.
 
 Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
-  Node* node = free_nodes_;
+  Node*& free = free_nodes_ != nullptr ? free_nodes_ : removed_nodes_;
+  Node* node = free;
   std::uint32_t generation = 1;
   if (node != nullptr) {
-    free_nodes_ = node->next;
-    generation = node->generation;
-  } else if (removed_nodes_ != nullptr) {
-    node = removed_nodes_;
-    removed_nodes_ = node->next;
+    free = node->next;
     generation = node->generation;
     FreeContent(node);
   } else {
@@ -179,7 +177,6 @@ void Tree::FreeChildren(Node* node) {
   seen_parent_ = nullptr;
   for (Node* child = node->first; child != nullptr;) {
     Node* const next = child->next;
-    child->parent = child->next = child->back = nullptr;
     Free(child);
     child = next;
   }
@@ -334,10 +331,13 @@ bool Tree::SetText(Value& value, std::string_view text) {
 }
 
 inline void Tree::CopyValue(Value& target, const Value& source) {
-  target = source;
-  if (source.kind() != Value::kLong) return;
+  if (source.kind() != Value::kLong) {
+    target = source;
+    return;
+  }
   char* const chars = static_cast<char*>(Allocate(TextBytes(source.length())));
   std::memcpy(chars, source.chars(), source.length());
+  target.meta_ = source.meta_;
   target.body_.heap.chars = chars;
 }
 

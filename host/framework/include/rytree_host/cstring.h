@@ -35,7 +35,7 @@ class CString {
   operator const char*() const noexcept { return text_.c_str(); }
   const char* GetString() const noexcept { return text_.c_str(); }
   std::string_view View() const noexcept { return text_; }
-  /// `text` is no part of this string.
+  /// `text` must not be a part of this string.
   void Assign(const char* text, std::size_t length) {
     text_.clear();  // and append: half the work of an assignment that looks for an overlap
     text_.append(text, length);

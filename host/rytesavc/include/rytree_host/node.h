@@ -86,11 +86,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// The node after this one, in document order, among all those below `top`, which is above this node or the
   /// node itself. A whole walk takes O(1) a step.
   int NextBelow(RYXmlWrapperBase& out, const RYXmlWrapperBase& top) const {
-    if (IsNodeValid() == 0) return 0;
-    const rytesavc::Node* at = node_;
-    if (at->first != nullptr) return out.Point(tree_, at->first);
-    while (at != nullptr && at != top.node_ && at->next == nullptr) at = at->parent;
-    return out.Point(tree_, at != nullptr && at != top.node_ ? at->next : nullptr);
+    return IsNodeValid() != 0 ? out.Point(tree_, node_->NextBelow(top.node_)) : 0;
   }
   /// The child at `index`, from 0. Asking for one child after the other, either way, is O(1) each.
   int GetChild(RYXmlWrapperBase& out, int index) const;
@@ -287,10 +283,10 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
     if (rytesavc::Tree* const former = std::exchange(tree_, tree)) former->Release();
   }
 
-  const rytesavc::Attribute* FindAttribute(const char* name) const {
+  rytesavc::Attribute* FindAttribute(const char* name) const {
     return IsNodeValid() != 0 && name != nullptr ? node_->Find(std::string_view(name)) : nullptr;
   }
-  const rytesavc::Attribute* FindAttribute(const RYPropertyName& name) const {
+  rytesavc::Attribute* FindAttribute(const RYPropertyName& name) const {
     if (IsNodeValid() == 0) return nullptr;
     const rytesavc::Name* const found = name.In(tree_);
     return found != nullptr ? node_->Find(found) : nullptr;

@@ -10,6 +10,7 @@ namespace rytesavc {
 // blocks from the back, so that a walk over the slots meets nothing else.
 class TreeMemory {
  public:
+  // The first chunk stays the caller's.
   TreeMemory(char* first_chunk, char* end)
       : room_(first_chunk), room_end_(end), bytes_(static_cast<std::size_t>(end - first_chunk)) {}
   TreeMemory(const TreeMemory&) = delete;
@@ -43,12 +44,12 @@ class TreeMemory {
   bool Holds(std::size_t bytes) const {
     return bytes > kLargest || free_blocks_[Steps(bytes)] != nullptr || HasRoom(Steps(bytes) * kStep);
   }
-  // Blocks that stand on their own go back to the system at once.
+  // Whether there are blocks that stand on their own, and go back to the system when they are freed.
   bool has_large_blocks() const { return large_ != nullptr; }
 
   // Makes room for about so many bytes.
   void Reserve(std::size_t bytes);
-  // Tells which part of all that will come is there, so that what is taken fits.
+  // Tells which part of all that will come is there, so that what is taken fits. `part` is above 0.
   void ExpectWhole(unsigned long long part, unsigned long long whole);
   // Of all chunks and large blocks.
   std::size_t bytes() const { return bytes_; }
@@ -73,7 +74,7 @@ class TreeMemory {
   char* room_;  // of the newest chunk
   char* room_end_;
   std::size_t bytes_;
-  std::size_t expected_ = 0;  // or 0
+  std::size_t expected_ = 0;  // of all that will be; 0: not known
   Chunk* chunks_ = nullptr;
   Large* large_ = nullptr;
   void* free_blocks_[kLargest / kStep + 1] = {};

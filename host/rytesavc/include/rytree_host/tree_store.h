@@ -74,6 +74,13 @@ struct Node {
 
   Node* last() const { return first != nullptr ? first->back : nullptr; }
   Node* previous() const { return back != nullptr && back->next != nullptr ? back : nullptr; }
+  // The next in document order of those below `top`.
+  Node* NextBelow(const Node* top) const {
+    if (first != nullptr) return first;
+    const Node* at = this;
+    while (at != nullptr && at != top && at->next == nullptr) at = at->parent;
+    return at != nullptr && at != top ? at->next : nullptr;
+  }
 
   Attribute* Find(std::string_view name) const {
     Attribute* const end = attributes + attribute_count;
@@ -127,7 +134,7 @@ class RYTREE_API Tree {
   void Append(Node* parent, Node* child);
   void InsertBefore(Node* next, Node* child);
   void Remove(Node* branch);
-  void Free(Node* branch);  // one that hangs nowhere
+  void Free(Node* branch);  // one that no other node names as its child or sibling any more
   void FreeChildren(Node* node);
   void TakeContent(Node* target, Node* source, bool keep_tag);
   void ArrangeChildren(Node* parent, const int* order);
