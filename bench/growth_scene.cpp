@@ -1,7 +1,6 @@
 #include "growth_scene.h"
 
 #include <algorithm>
-#include <map>
 #include <string>
 
 #include "inputs.h"
@@ -28,24 +27,9 @@ std::string letters(int number) {
   return text;
 }
 
-void copy_ids(const RYXmlWrapperBase& parent) {
-  RYXmlWrapperBase node;
-  for (int there = parent.FirstChild(node); there != 0; there = node.NextSibling(node)) {
-    int id = 0;
-    node.GetDataID(id);
-    node.SetPropertyValue("NodeID", id);
-    copy_ids(node);
-  }
-}
-
 }  // namespace
 
-const SceneInput& scene_input(int nodes) {
-  static std::map<int, SceneInput> all;
-  auto found = all.find(nodes);
-  if (found == all.end()) found = all.emplace(nodes, load_input(nodes)).first;
-  return found->second;
-}
+const SceneInput& scene_input(int nodes) { return made_once(nodes, load_input); }
 
 Scene::Scene(const SceneInput& from) : SceneInput(from) {
   from.tree.Clone(tree, 1);
@@ -94,7 +78,14 @@ void make_flat_ranges(Scene& scene) {
   }
 }
 
-void make_node_ids(Scene& scene) { copy_ids(scene.tree); }
+void make_node_ids(Scene& scene) {
+  RYXmlWrapperBase node;
+  for (int there = scene.tree.FirstChild(node); there != 0; there = node.NextBelow(node, scene.tree)) {
+    int id = 0;
+    node.GetDataID(id);
+    node.SetPropertyValue("NodeID", id);
+  }
+}
 
 void make_arrays(Scene& scene) {
   for (int i = 1; i <= scene.nodes; ++i) {

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <numeric>
 #include <random>
 
@@ -70,11 +69,6 @@ Input make_input(int nodes) {
 
 }  // namespace
 
-const Input& input(int nodes) {
-  static std::map<int, Input> made;
-  auto found = made.find(nodes);
-  if (found == made.end()) found = made.emplace(nodes, make_input(nodes)).first;
-  return found->second;
-}
+const Input& input(int nodes) { return made_once(nodes, make_input); }
 
 std::string scratch_path() { return folder().file("scratch"); }

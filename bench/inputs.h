@@ -1,8 +1,18 @@
 // What the jobs work on, made once for each number of nodes.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
+
+/// What `make` gives for a number of nodes, kept for the next who asks.
+template <class Made>
+const Made& made_once(int nodes, Made (*make)(int)) {
+  static std::map<int, Made> all;
+  auto found = all.find(nodes);
+  if (found == all.end()) found = all.emplace(nodes, make(nodes)).first;
+  return found->second;
+}
 
 struct Input {
   int nodes;

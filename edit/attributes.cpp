@@ -5,39 +5,6 @@
 
 namespace {
 
-struct SetEverywhere {
-  const RYPropertyName attribute;
-  const CString value;
-  const bool branches_only;
-
-  void set(RYXmlWrapperBase& node) const {
-    if (!branches_only || node.GetNodeCount() > 0) node.SetPropertyValue(attribute, value);
-  }
-  void set_branch(RYXmlWrapperBase& node) const {
-    for (NodesOf at(node); at; ++at) set(*at);
-  }
-};
-
-struct HideEmpty {
-  const bool recursive;
-  const bool remove_show;
-  const RYPropertyName show{"Show"};
-
-  int walk(const RYXmlWrapperBase& node) const {
-    int hidden = 0;
-    for (NodesBelow at(node, recursive); at; ++at) {
-      if (at->GetNodeCount() > 0) continue;
-      if (at->IsEmpty() != 0) {
-        at->SetPropertyValue(show, 0);
-        ++hidden;
-      } else if (remove_show) {
-        at->RemoveProperty(show);
-      }
-    }
-    return hidden;
-  }
-};
-
 bool has_leaf_with_text(const RYXmlWrapperBase& node, bool recursive) {
   for (NodesBelow at(node, recursive); at; ++at) {
     if (at->GetNodeCount() == 0 && at->IsEmpty() == 0) return true;
@@ -45,26 +12,34 @@ bool has_leaf_with_text(const RYXmlWrapperBase& node, bool recursive) {
   return false;
 }
 
-int remove_below(const RYXmlWrapperBase& node, const RYPropertyName& attribute) {
-  int removed = 0;
-  for (NodesBelow at(node); at; ++at) {
-    if (at->RemoveProperty(attribute) != 0) ++removed;
-  }
-  return removed;
-}
-
 }  // namespace
 
 void rytree_set_attribute_to_all_nodes(RYXmlWrapperBase* node, const char* attribute, const char* value,
                                        bool childrenOnly, bool branchesOnly) {
   if (node == nullptr) return;
-  const SetEverywhere setting{RYPropertyName(attribute), CString(value), branchesOnly};
-  if (!childrenOnly) return setting.set_branch(*node);
-  for (Children child(*node); child; ++child) setting.set(*child);
+  const RYPropertyName name(attribute);
+  const CString text(value);
+  const auto set = [&](RYXmlWrapperBase& at) {
+    if (!branchesOnly || at.GetNodeCount() > 0) at.SetPropertyValue(name, text);
+  };
+  if (!childrenOnly) set(*node);
+  for (NodesBelow at(*node, !childrenOnly); at; ++at) set(*at);
 }
 
 int rytree_hide_empty_nodes(RYXmlWrapperBase* node, bool recursive, bool removeShow) {
-  return node != nullptr ? HideEmpty{recursive, removeShow}.walk(*node) : 0;
+  if (node == nullptr) return 0;
+  const RYPropertyName show("Show");
+  int hidden = 0;
+  for (NodesBelow at(*node, recursive); at; ++at) {
+    if (at->GetNodeCount() > 0) continue;
+    if (at->IsEmpty() != 0) {
+      at->SetPropertyValue(show, 0);
+      ++hidden;
+    } else if (removeShow) {
+      at->RemoveProperty(show);
+    }
+  }
+  return hidden;
 }
 
 int rytree_set_attribute_bit_if_not_empty(RYXmlWrapperBase* node, const char* attribute, int bits,
@@ -79,8 +54,12 @@ int rytree_set_attribute_bit_if_not_empty(RYXmlWrapperBase* node, const char* at
 
 int rytree_remove_attribute(RYXmlWrapperBase* node, const char* attribute, int includeSelf) {
   if (node == nullptr) return 0;
-  const int self = includeSelf != 0 && node->RemoveProperty(attribute) != 0 ? 1 : 0;
-  return self + remove_below(*node, RYPropertyName(attribute));
+  const RYPropertyName name(attribute);
+  int removed = includeSelf != 0 && node->RemoveProperty(name) != 0 ? 1 : 0;
+  for (NodesBelow at(*node); at; ++at) {
+    if (at->RemoveProperty(name) != 0) ++removed;
+  }
+  return removed;
 }
 
 void rytree_clear_all_value(RYXmlWrapperBase* node) {

@@ -3,37 +3,20 @@
 
 #include "frame/children.h"
 
-namespace {
-
-struct Count {
-  const bool any;  // without regard to attributes
-  const RYPropertyName attribute;
-  const char* const value;  // may be null
-  const bool count_missing;
-  const bool recursive;
-  CString read{};
-
-  int below(const RYXmlWrapperBase& node) {
-    int count = 0;
-    for (NodesBelow at(node, recursive); at; ++at) {
-      if (counts(*at)) ++count;
-    }
-    return count;
-  }
-
-  bool counts(const RYXmlWrapperBase& node) {
-    if (any) return true;
-    if (value == nullptr) return count_missing || node.HasProperty(attribute) != 0;
-    if (node.GetPropertyValue(attribute, read) == 0) return count_missing;
-    return lstrcmpA(value, read) == 0;
-  }
-};
-
-}  // namespace
-
 int rytree_count_items_by_attribute(RYXmlWrapperBase* node, const char* attribute, const char* value,
                                     int countMissing, int recursive) {
   if (node == nullptr || node->IsNodeValid() == 0) return -1;
-  Count count{attribute == nullptr, RYPropertyName(attribute), value, countMissing != 0, recursive != 0};
-  return count.below(*node);
+  const RYPropertyName name(attribute);
+  CString read;
+  const auto counts = [&](const RYXmlWrapperBase& at) {
+    if (attribute == nullptr) return true;
+    if (value == nullptr) return countMissing != 0 || at.HasProperty(name) != 0;
+    if (at.GetPropertyValue(name, read) == 0) return countMissing != 0;
+    return lstrcmpA(value, read) == 0;
+  };
+  int count = 0;
+  for (NodesBelow at(*node, recursive != 0); at; ++at) {
+    if (counts(*at)) ++count;
+  }
+  return count;
 }

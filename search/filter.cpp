@@ -13,25 +13,6 @@ namespace {
 enum IncludeMode { kIncludeAll = 0, kIncludeAny = 1 };
 enum ExcludeMode { kOnlyIncluded = 0, kExcludeAny = 1, kExcludeAll = 2 };
 
-struct Collector {
-  CStringArray& texts;
-  const int id;
-  const RYPropertyName data_id{"DataID"};
-
-  void below(const RYXmlWrapperBase& node) {
-    for (NodesBelow at(node); at; ++at) {
-      int read = 0;
-      if (at->GetPropertyValue(data_id, read) != 0 && read == id) add(*at);
-    }
-  }
-
-  void add(RYXmlWrapperBase& node) {
-    const int at = texts.GetSize();
-    texts.SetSize(at + 1);
-    read_text(node, texts[at]);
-  }
-};
-
 CStringArray texts_below(RYXmlWrapperBase* node, int id) {
   CStringArray texts;
   rytree_collect_texts_by_dataid(node, &texts, id);
@@ -60,7 +41,14 @@ bool passes_include(RYXmlWrapperBase* node, int mode, int include_id, const CStr
 }  // namespace
 
 void rytree_collect_texts_by_dataid(RYXmlWrapperBase* node, CStringArray* texts, int dataId) {
-  Collector{*texts, dataId}.below(*node);
+  const RYPropertyName data_id("DataID");
+  for (NodesBelow at(*node); at; ++at) {
+    int id = 0;
+    if (at->GetPropertyValue(data_id, id) == 0 || id != dataId) continue;
+    const int place = texts->GetSize();
+    texts->SetSize(place + 1);
+    read_text(*at, (*texts)[place]);
+  }
 }
 
 int rytree_filter_test_node(RYXmlWrapperBase* candidate, int includeMode, int includeId,

@@ -14,24 +14,6 @@ constexpr int kIntNode = 10;
 constexpr int kIntListNode = 13;
 constexpr int kBranchNode = 0x10000000;
 
-struct Reset {
-  SortedIds ids;
-  bool recursive;
-  RYPropertyName data_id{"DataID"};
-
-  int below(const RYXmlWrapperBase& parent) const {
-    int count = 0;
-    for (NodesBelow at(parent, recursive); at; ++at) {
-      int id = -1;
-      at->GetPropertyValue(data_id, id);
-      if (id <= 0 || vctree_sorted_id_index(id, ids) < 0) continue;
-      vctree_GETN_reset_node_value(*at);
-      ++count;
-    }
-    return count;
-  }
-};
-
 }  // namespace
 
 SortedIds::SortedIds(const CArray<int, int>& ids) : ids_(ids) {
@@ -59,7 +41,17 @@ void vctree_GETN_reset_node_value(RYXmlWrapperBase& node) {
 
 int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids, bool recursive) {
   if (tree == nullptr || ids == nullptr) return 0;
-  return Reset{SortedIds(*ids), recursive}.below(*tree);
+  const SortedIds sorted(*ids);
+  const RYPropertyName data_id("DataID");
+  int count = 0;
+  for (NodesBelow at(*tree, recursive); at; ++at) {
+    int id = -1;
+    at->GetPropertyValue(data_id, id);
+    if (id <= 0 || vctree_sorted_id_index(id, sorted) < 0) continue;
+    vctree_GETN_reset_node_value(*at);
+    ++count;
+  }
+  return count;
 }
 
 int rytree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, HostArrayObject* ids, bool recursive) {

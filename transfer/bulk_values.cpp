@@ -53,31 +53,6 @@ struct AttributeStep {
       node.SetPropertyValue(attribute, value);
     }
   }
-  void act_below(const RYXmlWrapperBase& node) const {
-    for (NodesBelow at(node); at; ++at) act(*at);
-  }
-};
-
-/// Texts for leaves by their "NodeID".
-struct LeafTexts {
-  const IdIndex index;
-  CStringArray& values;
-  const RYPropertyName node_id{"NodeID"};
-
-  int write_below(const RYXmlWrapperBase& node) const {
-    int written = 0;
-    for (NodesBelow at(node); at; ++at) {
-      int id = 0;
-      if (at->HasChildren(0) == 0 && at->GetPropertyValue(node_id, id) != 0)
-        written += write(*at, index.find(id));
-    }
-    return written;
-  }
-  int write(RYXmlWrapperBase& leaf, int place) const {
-    if (place < 0) return 0;
-    leaf.NodeValue(values[place], 0, 1, nullptr);
-    return 1;
-  }
 };
 
 }  // namespace
@@ -103,7 +78,7 @@ int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int val
   const AttributeStep step{RYPropertyName(attribute), value, collected, removeIfNegative != 0 && value < 0};
   if (collected != nullptr) make_room(*collected, *tree, true);
   if (includeTop != 0) step.act(*tree);
-  step.act_below(*tree);
+  for (NodesBelow at(*tree); at; ++at) step.act(*at);
   return 0;
 }
 
@@ -116,7 +91,18 @@ int vctree_set_values_by_nodeids(RYXmlWrapperBase* tree, CArray<int, int>* ids, 
   if (tree == nullptr || tree->IsNodeValid() == 0) return -1;
   if (ids == nullptr || values == nullptr || ids->IsEmpty() || values->IsEmpty()) return -2;
   if (ids->GetSize() != values->GetSize()) return -3;
-  return LeafTexts{IdIndex(*ids), *values}.write_below(*tree);
+  const IdIndex index(*ids);
+  const RYPropertyName node_id("NodeID");
+  int written = 0;
+  for (NodesBelow at(*tree); at; ++at) {
+    int id = 0;
+    if (at->HasChildren(0) != 0 || at->GetPropertyValue(node_id, id) == 0) continue;
+    const int place = index.find(id);
+    if (place < 0) continue;
+    at->NodeValue((*values)[place], 0, 1, nullptr);
+    ++written;
+  }
+  return written;
 }
 
 int rytree_set_values_by_nodeids(RYXmlWrapperBase* tree, HostArrayObject* ids, HostArrayObject* values) {

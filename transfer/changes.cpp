@@ -37,10 +37,6 @@ struct Comparison {
   int index = 0;
   int changed = 0;
 
-  void walk(const RYXmlWrapperBase& node) {
-    for (NodesBelow at(node); at; ++at) compare(*at);
-  }
-
   void compare(RYXmlWrapperBase& node) {
     if (index == saved.GetSize()) return mark.clear(node);
     const CString& before = saved[index++];
@@ -82,7 +78,7 @@ void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value) { read_value(nod
 int VCTreeUpdateChanges(RYXmlWrapperBase* node, CStringArray* saved) {
   if (node == nullptr || saved == nullptr) return -1;
   Comparison comparison{*saved};
-  comparison.walk(*node);
+  for (NodesBelow at(*node); at; ++at) comparison.compare(*at);
   return comparison.changed;
 }
 

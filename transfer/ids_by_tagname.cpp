@@ -12,28 +12,6 @@
 
 namespace {
 
-struct TagList {
-  CStringArray& tags;
-  CArray<int, int>& ids;
-  const bool leaves_only;
-  const RYPropertyName data_id{"DataID"};
-
-  int collect_below(const RYXmlWrapperBase& node) const {
-    int count = 0;
-    for (NodesBelow at(node); at; ++at) {
-      if (leaves_only && at->HasChildren(0) != 0) continue;
-      CString tag;
-      int id = -1;
-      at->GetTagName(tag);
-      at->GetPropertyValue(data_id, id);
-      tags.Add(std::move(tag));
-      ids.Add(id);
-      ++count;
-    }
-    return count;
-  }
-};
-
 /// The node that rytree_get_node_by_tagname finds for each tag, ignoring case, by the number of the tag.
 struct FirstByTag {
   const bool leaves_only;
@@ -54,7 +32,19 @@ int rytree_collect_tags_and_ids(const RYXmlWrapperBase& node, CStringArray& tags
                                 bool leaves_only) {
   make_room(tags, node, true);
   make_room(ids, node, true);
-  return TagList{tags, ids, leaves_only}.collect_below(node);
+  const RYPropertyName data_id("DataID");
+  int count = 0;
+  for (NodesBelow at(node); at; ++at) {
+    if (leaves_only && at->HasChildren(0) != 0) continue;
+    CString tag;
+    int id = -1;
+    at->GetTagName(tag);
+    at->GetPropertyValue(data_id, id);
+    tags.Add(std::move(tag));
+    ids.Add(id);
+    ++count;
+  }
+  return count;
 }
 
 int rytree_set_ids_by_tagname(RYXmlWrapperBase& node, const CStringArray& tags, const CArray<int, int>& ids,
