@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "rytree_host/tree_store.h"
+#include "rytree_host/detail/tree_store.h"
 
 namespace rytesavc {
 

@@ -1,4 +1,4 @@
-#include "rytree_host/tree_memory.h"
+#include "rytree_host/detail/tree_memory.h"
 
 #include <sys/mman.h>
 

@@ -1,4 +1,4 @@
-#include "rytree_host/tree_store.h"
+#include "rytree_host/detail/tree_store.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -10,7 +10,7 @@
 
 #include "code_page.h"
 #include "files.h"
-#include "rytree_host/tree_store.h"
+#include "rytree_host/detail/tree_store.h"
 
 namespace rytesavc {
 

@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "code_page.h"
-#include "rytree_host/tree_store.h"
+#include "rytree_host/detail/tree_store.h"
 
 namespace rytesavc {
 

@@ -3,10 +3,10 @@
 
 #include <utility>
 
+#include "rytree_host/detail/tree_store.h"
 #include "rytree_host/framework.h"
 #include "rytree_host/property_name.h"
 #include "rytree_host/tesaobj.h"
-#include "rytree_host/tree_store.h"
 
 /// Why the last Save, load or SetXmlText of this thread failed.
 struct RYXmlFailure {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "rytree_host/tree_store.h"
+#include "rytree_host/detail/tree_store.h"
 
 /// A name for the attribute operations of RYXmlWrapperBase that remembers where the tree it was last used on
 /// keeps that name. A walk that reads one attribute on every node makes one of these before it starts: each

@@ -8,8 +8,8 @@
 #include <memory>
 #include <string_view>
 
+#include "rytree_host/detail/tree_memory.h"
 #include "rytree_host/export.h"
-#include "rytree_host/tree_memory.h"
 
 namespace rytesavc {
 
