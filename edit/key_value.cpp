@@ -1,5 +1,5 @@
 // Flat branches as lines of text.
-#include <rytree_Utils/keyvalue.h>
+#include <rytree_Utils/key_value.h>
 #include <rytree_host/ryUtils.h>
 
 #include "frame/children.h"

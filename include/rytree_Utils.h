@@ -25,7 +25,7 @@
 #include <rytree_Utils/fitting.h>
 #include <rytree_Utils/frame.h>
 #include <rytree_Utils/homologous.h>
-#include <rytree_Utils/keyvalue.h>
+#include <rytree_Utils/key_value.h>
 #include <rytree_Utils/lookup.h>
 #include <rytree_Utils/paths.h>
 #include <rytree_Utils/plot.h>

@@ -1,7 +1,7 @@
 #include <rytree_Utils/filter.h>
 
 #include "search/filter.h"
-#include "search_model.h"
+#include "tests/search_model.h"
 
 namespace {
 

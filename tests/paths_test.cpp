@@ -1,6 +1,6 @@
 #include <rytree_Utils/paths.h>
 
-#include "search_model.h"
+#include "tests/search_model.h"
 
 namespace {
 

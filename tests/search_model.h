@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "transfer_model.h"
+#include "tests/transfer_model.h"
 
 /// The array of a list "a|b"; "" is the empty array.
 inline CStringArray listed(const char* list) {

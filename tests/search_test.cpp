@@ -3,7 +3,7 @@
 #include <climits>
 
 #include "frame/decimal.h"
-#include "search_model.h"
+#include "tests/search_model.h"
 
 namespace {
 

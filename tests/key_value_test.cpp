@@ -1,5 +1,5 @@
 // Flat branches as lines of text.
-#include <rytree_Utils/keyvalue.h>
+#include <rytree_Utils/key_value.h>
 
 #include "tests/tree_text.h"
 
