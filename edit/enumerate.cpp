@@ -1,8 +1,7 @@
-// Free names among the children of a node.
-#include "edit/enum_names.h"
-
+// Free names among the children of a node, and numbered children.
 #include <rytree_Utils/bulk.h>
 #include <rytree_Utils/enumerate.h>
+#include <rytree_Utils/lookup.h>
 #include <rytree_Utils/paths.h>
 #include <rytree_host/Kelp60.h>
 #include <rytree_host/ryUtils.h>
@@ -13,6 +12,7 @@
 
 #include "frame/case_key.h"
 #include "frame/children.h"
+#include "frame/host_arrays.h"
 
 namespace {
 
@@ -29,13 +29,19 @@ CStringArray child_tags(RYXmlWrapperBase* node) {
   return tags;
 }
 
-CString numbered(const char* prefix, int number) {
+/// The prefix alone or with the first number from 1 on, so that with the suffix it is none of the names, case
+/// aside. The suffix is not in the result.
+CString first_free(const CStringArray& names, const char* prefix, const char* suffix) {
+  const auto taken = keys_of(names);
   CString name(prefix);
-  if (number != 0) name += kelp_number_to_text(number);
+  for (int number = 1; taken.contains(case_key(name + suffix)); ++number) {
+    name = prefix;
+    name += kelp_number_to_text(number);
+  }
   return name;
 }
 
-/// A, …, Z, AA, …: counting in letters.
+/// Counts in letters: A, …, Z, AA, …
 void advance(CString& letters) {
   int at = letters.GetLength() - 1;
   for (; at >= 0 && letters.GetAt(at) >= 'Z'; --at) letters.SetAt(at, 'A');
@@ -59,6 +65,20 @@ struct SplitTag {
   bool has_number;
 };
 
+/// Collects the numbers at the ends of the children's tags that have the prefix, case aside. False if one of
+/// those tags has no number.
+bool collect_numbers(const RYXmlWrapperBase& node, const char* prefix, CArray<unsigned, unsigned>& numbers) {
+  CString tag;
+  for (Children child(node); child; ++child) {
+    child->GetTagName(tag);
+    const SplitTag split(tag);
+    if (_mbsicmp(split.prefix(), prefix) != 0) continue;
+    if (!split.has_number) return false;
+    numbers.Add(static_cast<unsigned>(split.number));
+  }
+  return true;
+}
+
 int next_letters(RYXmlWrapperBase& node, CString* name) {
   if (name == nullptr) return -1;
   const auto taken = keys_of(child_tags(&node));
@@ -75,7 +95,7 @@ int next_number(RYXmlWrapperBase& node, CString* name) {
   first.GetTagName(tag);
   const SplitTag split(tag);
   CArray<unsigned, unsigned> numbers;
-  if (!split.has_number || rytree_enum_tag_numbers(&node, split.prefix(), &numbers) < 0) return -1;
+  if (!split.has_number || !collect_numbers(node, split.prefix(), numbers)) return -1;
   ryutilsSort(numbers, 0);
   int gap = 0;
   while (gap < numbers.GetSize() && numbers[gap] == static_cast<unsigned>(gap) + 1) ++gap;
@@ -85,29 +105,9 @@ int next_number(RYXmlWrapperBase& node, CString* name) {
 
 }  // namespace
 
-int rytree_first_free_enum_number(CStringArray* names, const char* prefix, const char* suffix) {
-  const auto taken = keys_of(*names);
-  int number = 0;
-  while (taken.contains(case_key(numbered(prefix, number) + suffix))) ++number;
-  return number;
-}
-
-int rytree_enum_tag_numbers(RYXmlWrapperBase* node, const char* prefix, CArray<unsigned, unsigned>* numbers) {
-  CString tag;
-  for (Children child(*node); child; ++child) {
-    child->GetTagName(tag);
-    const SplitTag split(tag);
-    if (_mbsicmp(split.prefix(), prefix) != 0) continue;
-    if (!split.has_number) return -1;
-    numbers->Add(static_cast<unsigned>(split.number));
-  }
-  return numbers->GetSize();
-}
-
 void rytree_get_enum_node_name(RYXmlWrapperBase* node, CString* name, const char* prefix) {
   if (name == nullptr || prefix == nullptr) return;
-  CStringArray tags = child_tags(node);
-  *name = numbered(prefix, rytree_first_free_enum_number(&tags, prefix, ""));
+  *name = first_free(child_tags(node), prefix, "");
 }
 
 void rytree_get_enum_attribute_value(RYXmlWrapperBase* node, CString* value, const char* attribute,
@@ -115,10 +115,42 @@ void rytree_get_enum_attribute_value(RYXmlWrapperBase* node, CString* value, con
   if (value == nullptr || prefix == nullptr) return;
   CStringArray values;
   if (node != nullptr) vctree_get_attributes(node, &values, attribute, true);
-  *value = numbered(prefix, rytree_first_free_enum_number(&values, prefix, suffix != nullptr ? suffix : ""));
+  *value = first_free(values, prefix, suffix != nullptr ? suffix : "");
 }
 
 int rytree_get_next_enum_tag_name(RYXmlWrapperBase* node, CString* name, int numbered) {
   if (node == nullptr || node->IsNodeValid() == 0) return -1;
   return numbered != 0 ? next_number(*node, name) : next_letters(*node, name);
+}
+
+void rytree_check_add_enumerated_node(RYXmlWrapperBase* child, RYXmlWrapperBase* parent, const char* prefix,
+                                      int number, int id, const char* attribute, const char* value) {
+  if (parent == nullptr) return;
+  CString tag;
+  tag.Format("%s%d", prefix != nullptr ? prefix : "", number);
+  rytree_tree_check_get_node(child, parent, tag, id, attribute, value, 1);
+}
+
+int rytree_make_one_set_ID(int id, int setNumber) {
+  const unsigned set = static_cast<unsigned>(setNumber) | 0x2000U;
+  return static_cast<int>(set << 16 | (static_cast<unsigned>(id) & 0xFFFFU));
+}
+
+bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char* prefix,
+                                           HostArrayObject* values, int id, const char* label, int* count,
+                                           int* maxNodes) {
+  CArray<double, double>* const array = open_doubles(values);
+  if (parent == nullptr || array == nullptr) return false;
+  const auto start = static_cast<unsigned>(count != nullptr ? *count : parent->GetNodeCount());
+  const int size = array->GetSize();
+  for (int i = 0; i < size; ++i) {
+    if (maxNodes != nullptr && parent->GetNodeCount() >= *maxNodes) break;
+    const int number = static_cast<int>(start + static_cast<unsigned>(i) + 1U);
+    RYXmlWrapperBase child;
+    rytree_check_add_enumerated_node(&child, parent, prefix, number, rytree_make_one_set_ID(id, number),
+                                     "Label", label);
+    child.NodeValue((*array)[i], 0);
+  }
+  if (count != nullptr) *count = static_cast<int>(start + static_cast<unsigned>(size));
+  return true;
 }

@@ -1,18 +1,13 @@
-// Appending, moving and renaming nodes.
+// Appending and moving nodes.
 #include <rytree_Utils/arrange.h>
 #include <rytree_Utils/lookup.h>
 
 #include <algorithm>
-#include <string_view>
 #include <vector>
 
 #include "frame/children.h"
-#include "frame/numbered_nodes.h"
 
 namespace {
-
-constexpr int kMenuBranch = 0x10000000;
-constexpr int kMenuItem = 11;
 
 std::vector<RYXmlWrapperBase> children_with_prefix(const RYXmlWrapperBase& node, const char* prefix) {
   std::vector<RYXmlWrapperBase> found;
@@ -23,19 +18,6 @@ std::vector<RYXmlWrapperBase> children_with_prefix(const RYXmlWrapperBase& node,
     if (_mbsicmp(tag.Left(length), prefix) == 0) found.push_back(*child);
   }
   return found;
-}
-
-/// Whether the node got a DataID.
-bool prepare_for_menu(RYXmlWrapperBase& node, DWORD& next_data_id) {
-  if (node.GetNodeCount() > 0) {
-    node.SetID(kMenuBranch, false);
-    return false;
-  }
-  int id = 0;
-  if (node.GetDataID(id) != 0 && id > 0) return false;
-  node.SetID(kMenuItem, false);
-  node.SetDataID(static_cast<int>(next_data_id++));
-  return true;
 }
 
 bool lies_below(RYXmlWrapperBase node, const RYXmlWrapperBase& top) {
@@ -52,19 +34,11 @@ std::vector<RYXmlWrapperBase> detached(const std::vector<RYXmlWrapperBase>& node
   return copies;
 }
 
-struct Numbering {
-  RYXmlWrapperBase& tree;
-  const NumberFilters filters;
-  const char* attribute;
-
-  RYXmlWrapperBase find(int number) const {
-    RYXmlWrapperBase found;
-    int counter = 0;
-    rytree_get_node(&tree, &found, number, &counter, filters.max_level, attribute,
-                    filters.attribute_ends_descent, filters.branches_only, 0);
-    return found;
-  }
-};
+RYXmlWrapperBase find_number(RYXmlWrapperBase& tree, int number, int flags, const char* attribute) {
+  RYXmlWrapperBase found;
+  rytree_get_node_ex(&tree, &found, number, static_cast<DWORD>(flags), attribute);
+  return found;
+}
 
 /// Makes an empty node just before `place`, or as the last child of `parent` if there is none.
 RYXmlWrapperBase make_before(RYXmlWrapperBase& parent, const RYXmlWrapperBase& place, const CString& tag) {
@@ -103,10 +77,9 @@ int rytree_append_children(RYXmlWrapperBase* target, RYXmlWrapperBase* source, c
 
 int rytree_move_node(RYXmlWrapperBase* tree, int from, int to, int flags, const char* attribute) {
   if (tree == nullptr || tree->IsNodeValid() == 0) return 0;
-  const Numbering numbering{*tree, number_filters(static_cast<DWORD>(flags)), attribute};
-  RYXmlWrapperBase moved = numbering.find(from);
+  RYXmlWrapperBase moved = find_number(*tree, from, flags, attribute);
   if (moved.IsNodeValid() == 0) return 0;
-  RYXmlWrapperBase place = numbering.find(to);
+  RYXmlWrapperBase place = find_number(*tree, to, flags, attribute);
   RYXmlWrapperBase parent(*tree);
   if (place.IsNodeValid() != 0) {
     if (lies_below(place, moved)) return 0;
@@ -124,35 +97,4 @@ int rytree_move_node(RYXmlWrapperBase* tree, int from, int to, int flags, const 
   }
   moved.RemoveNode();
   return 1;
-}
-
-int rytree_is_in_ids_range(RYXmlWrapperBase* node, int first, int last, int extra) {
-  if (node == nullptr || node->IsNodeValid() == 0 || first > last || first < 0) return 0;
-  int id = 0;
-  node->GetID(id);
-  return id >= first && id <= static_cast<long long>(last) + extra ? 1 : 0;
-}
-
-bool VCTreeSetTagName(RYXmlWrapperBase* node, const char* name) {
-  if (node == nullptr || name == nullptr) return false;
-  CString tag;
-  CString text;
-  if (node->GetTagName(tag) == 0 || node->GetXmlText(&text) == 0) return false;
-  const int length = tag.GetLength();
-  if (text.Find(tag) != 1 || text.Right(length + 1).Find(tag) != 0) return false;
-  text.Delete(1, length);
-  text.Insert(1, name);
-  const int position = text.GetLength() - length - 1;
-  text.Delete(position, length);
-  text.Insert(position, name);
-  return node->SetXmlText(text) != 0;
-}
-
-int VCTreePrepareForMenu(RYXmlWrapperBase* node, DWORD& nextDataId) {
-  if (node == nullptr || node->IsNodeValid() == 0) return 0;
-  int stamped = 0;
-  for (NodesOf at(*node); at; ++at) {
-    if (prepare_for_menu(*at, nextDataId)) ++stamped;
-  }
-  return stamped;
 }

@@ -5,7 +5,7 @@
 
 namespace {
 
-struct MissingAttributePruning {
+struct MissingAttributeRemoval {
   const RYPropertyName attribute;
   const bool recursive;
   const bool remove_attribute;
@@ -31,7 +31,7 @@ struct MissingAttributePruning {
   }
 };
 
-struct AttributePruning {
+struct AttributeRemoval {
   const RYPropertyName attribute;
   const int value;
   const bool recursive;
@@ -79,7 +79,7 @@ int remove_empty(RYXmlWrapperBase& parent, bool recursive) {
 int rytree_delete_nodes_by_missing_attribute(RYXmlWrapperBase* parent, const char* attribute, int recursive,
                                              int removeAttribute, int keepBranches) {
   if (parent == nullptr || attribute == nullptr) return 0;
-  return MissingAttributePruning{RYPropertyName(attribute), recursive != 0, removeAttribute != 0,
+  return MissingAttributeRemoval{RYPropertyName(attribute), recursive != 0, removeAttribute != 0,
                                  keepBranches != 0}
       .walk(*parent);
 }
@@ -88,7 +88,7 @@ int rytree_delete_nodes_by_attribute(RYXmlWrapperBase* parent, const char* attri
                                      int recursive, const char* exemptAttribute) {
   if (parent == nullptr) return 0;
   const RYPropertyName exempt(exemptAttribute);
-  return AttributePruning{RYPropertyName(attribute), value, recursive != 0}.walk(*parent, &exempt);
+  return AttributeRemoval{RYPropertyName(attribute), value, recursive != 0}.walk(*parent, &exempt);
 }
 
 int rytree_remove_empty_child_nodes(RYXmlWrapperBase* parent, bool recursive) {
@@ -97,5 +97,5 @@ int rytree_remove_empty_child_nodes(RYXmlWrapperBase* parent, bool recursive) {
 
 int rytree_remove_nodes_by_attribute(RYXmlWrapperBase* node, const char* attribute, int value) {
   if (node == nullptr || node->IsNodeValid() == 0) return -1;
-  return AttributePruning{RYPropertyName(attribute), value, true}.walk(*node, nullptr);
+  return AttributeRemoval{RYPropertyName(attribute), value, true}.walk(*node, nullptr);
 }

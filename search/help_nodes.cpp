@@ -12,11 +12,20 @@ constexpr int kLastHelpRepeat = 1024;
 constexpr int kGeneralHelpParent = 420;
 
 int find_direct_child(RYXmlWrapperBase* tree, RYXmlWrapperBase* found, int id) {
-  return rytree_find_node(tree, found, "DataID", id, false, 0, -1);
+  constexpr bool kRecursive = false;
+  constexpr int kDepth = 0;
+  constexpr int kAnyRepeat = -1;
+  return rytree_find_node(tree, found, "DataID", id, kRecursive, kDepth, kAnyRepeat);
 }
 
-/// The DataID of the direct child of the tree that the asked-for ID means, 0 for one under the general
-/// parent.
+bool find_under_parent(RYXmlWrapperBase* tree, RYXmlWrapperBase* found, int id, int parent, int repeat) {
+  constexpr int kNoGrandparent = 0;
+  constexpr int kAnyRepeat = -1;
+  return rytree_find_node_by_dataID(found, tree, id, parent, repeat, kNoGrandparent, kAnyRepeat);
+}
+
+/// The DataID of the direct child of the tree that the help ID means, 0 if the help node is one of those
+/// under the general parent.
 int direct_help_id(int id, int repeat) {
   switch (id) {
     case 305:
@@ -46,7 +55,7 @@ int rytree_get_help_node(RYXmlWrapperBase* found, RYXmlWrapperBase* tree, int id
   const int repeat = known ? repeatId : kelp_default_number();
   const int direct = direct_help_id(id, repeat);
   if (direct != 0) return find_direct_child(tree, found, direct);
-  return rytree_find_node_by_dataID(found, tree, id, kGeneralHelpParent, repeat, 0, -1) ? 1 : 0;
+  return find_under_parent(tree, found, id, kGeneralHelpParent, repeat) ? 1 : 0;
 }
 
 int rytree_get_localization_node(RYXmlWrapperBase* found, RYXmlWrapperBase* tree, int id, int fallbackId,
@@ -54,7 +63,7 @@ int rytree_get_localization_node(RYXmlWrapperBase* found, RYXmlWrapperBase* tree
   if (found == nullptr || tree == nullptr) return 0;
   RYXmlWrapperBase start(*tree);  // `found` may be the tree, and the search may make it invalid
   const int repeat = repeatId > 0 ? repeatId : kelp_default_number();
-  if (rytree_find_node_by_dataID(found, &start, id, parentId, repeat, 0, -1) &&
+  if (find_under_parent(&start, found, id, parentId, repeat) &&
       (checkEmpty == 0 || has_visible_text(*found))) {
     return 1;
   }

@@ -1,4 +1,4 @@
-// Nodes that have a whole set of attributes.
+// Finding and counting nodes by their attributes.
 #include <rytree_Utils/search.h>
 
 #include <utility>
@@ -32,7 +32,7 @@ struct IntValue {
   }
 };
 
-/// The set of attributes in two host objects, opened once for all nodes that are tested.
+/// The set of attributes in two host arrays, opened once for all nodes that are tested.
 template <class Value>
 class AttributeSet {
  public:
@@ -45,7 +45,7 @@ class AttributeSet {
     for (const CString& name : *opened) names_.emplace_back(name);
   }
 
-  /// 1 all match, 0 not, -1 there are no arrays.
+  /// 1 if all match, 0 if not, -1 if an object holds no such array.
   int test(const RYXmlWrapperBase& node) {
     if (values_ == nullptr) return -1;
     const int size = values_->GetSize();
@@ -56,7 +56,7 @@ class AttributeSet {
     return 1;
   }
 
-  /// Finds the match number `index`, as counted on one level of the tree.
+  /// Finds match number `index` among the children, and below each of them what is left of that number.
   bool find(const RYXmlWrapperBase& parent, RYXmlWrapperBase* found, bool recursive, int index) {
     for (Children child(parent); child; ++child) {
       if (test(*child) != 0 && index-- == 0) {
@@ -106,4 +106,22 @@ int rytree_find_node_with_str_attr(RYXmlWrapperBase* parent, RYXmlWrapperBase* f
 int rytree_find_node_with_int_attr(RYXmlWrapperBase* parent, RYXmlWrapperBase* found, HostArrayObject* names,
                                    HostArrayObject* values, int recursive, int index) {
   return find<IntValue>(parent, found, names, values, recursive, index);
+}
+
+int rytree_count_items_by_attribute(RYXmlWrapperBase* node, const char* attribute, const char* value,
+                                    int countMissing, int recursive) {
+  if (node == nullptr || node->IsNodeValid() == 0) return -1;
+  const RYPropertyName name(attribute);
+  CString read;
+  const auto counts = [&](const RYXmlWrapperBase& at) {
+    if (attribute == nullptr) return true;
+    if (value == nullptr) return countMissing != 0 || at.HasProperty(name) != 0;
+    if (at.GetPropertyValue(name, read) == 0) return countMissing != 0;
+    return lstrcmpA(value, read) == 0;
+  };
+  int count = 0;
+  for (NodesBelow at(*node, recursive != 0); at; ++at) {
+    if (counts(*at)) ++count;
+  }
+  return count;
 }

@@ -1,4 +1,4 @@
-// Bulk edits: pruning, attributes and values of a branch.
+// Bulk edits: removing nodes, attributes and values of a branch.
 #include <rytree_Utils/edit.h>
 
 #include <functional>

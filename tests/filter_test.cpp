@@ -1,6 +1,5 @@
 #include <rytree_Utils/filter.h>
 
-#include "search/filter.h"
 #include "tests/search_model.h"
 
 namespace {
@@ -94,7 +93,7 @@ TEST(Filter, deep_trees) {
     EXPECT_EQ(rytree_filter(&tree, 1, 0, 2, &texts, 1, 2, &texts), 1);
     EXPECT_EQ(rytree_filter_by_attrib_find(&tree, 1, "k", "", 0, 0), 1);
     EXPECT_EQ(rytree_filter_by_attrib_match(&tree, 1, "k", "", 0), 1);
-    EXPECT_EQ(rytree_filter_test_node(&tree, 0, 2, &texts.array(), 0, 0, nullptr), 1);
+    EXPECT_EQ(rytree_filter(&tree, 1, 0, 2, &texts, 0, 0, &texts), 1);
     EXPECT_EQ(rytree_filter(&tree, 2, 0, 2, &texts, 1, 2, &texts), 1);
     EXPECT_FALSE(leaf.IsNodeValid());
   });
