@@ -28,7 +28,7 @@ class Counts {
     for (std::size_t at = place; at > 0; at &= at - 1) sum += sums_[at];
     return sum;
   }
-  /// The place of the one that has `rank` ones before it.
+  /// Of places with counts of 1 or 0, the one with a 1 that has `rank` ones before it.
   std::size_t find(int rank) const {
     std::size_t at = 0;
     for (std::size_t step = std::bit_floor(sums_.size() - 1); step > 0; step /= 2) {
@@ -44,10 +44,10 @@ class Counts {
   std::vector<int> sums_;
 };
 
-/// Puts the elements of one key, given in their first order, into their last one. `joined[k]` is the pass
-/// after which element k joins the run, `passes` the number of all passes. Goes back from the end: the run is
-/// a circle of the final places that loses its last element, then turns back by the passes since the one
-/// before it joined.
+/// Puts the elements of one key, given in their first order, into their final one. `joined[k]` is the pass
+/// after which element k joins the run, `passes` the number of all passes. It works backwards from the end:
+/// the final places form a circle, which loses the run's last element and then turns back by the passes since
+/// the element before that one joined.
 void order_run(std::span<int> elements, const std::vector<int>& joined, int passes) {
   const std::vector<int> first_order(elements.begin(), elements.end());
   Counts places = Counts::of_ones(elements.size());
@@ -65,8 +65,8 @@ void order_run(std::span<int> elements, const std::vector<int>& joined, int pass
   }
 }
 
-/// Elements by key, those of one key in their first order: a radix sort, so that each costs the same in long
-/// lists.
+/// The elements by key, those of one key in their first order. Long lists are sorted by radix, so that each
+/// element costs the same.
 std::vector<int> stable_order(const std::vector<int>& keys, bool ascending) {
   constexpr int kDigitBits = 11;
   constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
@@ -102,7 +102,7 @@ std::vector<int> exchange_sort_order(const std::vector<int>& keys, bool ascendin
   for (std::size_t i = 1; i < order.size() && all_differ; ++i) all_differ = key(i - 1) != key(i);
   if (all_differ) return order;
 
-  Counts smaller(order.size());  // elements of the keys gone through, at their first places
+  Counts smaller(order.size());  // the elements of the keys done so far, at their first places
   std::vector<int> joined;
   for (std::size_t begin = 0, end = 0; begin < order.size(); begin = end) {
     joined.clear();

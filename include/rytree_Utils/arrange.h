@@ -7,38 +7,38 @@
 extern "C" {
 
 /// Sorts the children by an int attribute, `ascending` or descending. A child whose attribute is missing or
-/// no int stays at its place, and the others are ordered around it. The order is that of an exchange sort of
-/// the contents (each place against each later one, exchanged if out of order), which is not stable: children
-/// of equal values come in the order in which those exchanges leave them. Contents move, places stay: a
-/// handle on a child stands on the same place afterwards, one on a node below goes with it. True if the sort
-/// ran; false for a null or invalid node, fewer than two children, or a null or empty attribute name. O(n log
-/// n); no content moves more than twice.
+/// not an int stays at its place, and the others are ordered around it. The order is that of an exchange sort
+/// of the contents (each place against each later one, exchanged if out of order), which is not stable:
+/// children of equal values come in the order in which those exchanges leave them. Contents move, places
+/// stay: a handle on a child is on the same place afterwards, one on a node below a child moves with that
+/// node. True if the sort ran; false for a null or invalid node, fewer than two children, or a null or empty
+/// attribute name. O(n log n); no content moves more than twice.
 RYTREE_API bool rytree_sort_children_by_int_attribute(RYXmlWrapperBase* node, const char* attribute,
                                                       int ascending);
 
 /// Appends copies of the children of `source` whose tags start with `prefix` (case aside; empty: all) to
-/// `target`, which may be the same node. If the children of `target` with that prefix have node IDs, the
-/// copies get the IDs from one above the highest on; otherwise they keep their own. The next free node ID, or
-/// 0 if `target` has none with an ID; 0 for a null pointer.
+/// `target`, which may be the same node. If children of `target` with that prefix have node IDs, the copies
+/// are numbered on from the highest of these; otherwise they keep their own IDs. The next free node ID, or 0
+/// if no such child of `target` has an ID; 0 for a null pointer.
 RYTREE_API int rytree_append_children(RYXmlWrapperBase* target, RYXmlWrapperBase* source, const char* prefix);
 
-/// Moves the node number `from` to the place of the node number `to`, in the numbering of rytree_get_node
-/// with `flags` and `attribute` as rytree_get_node_ex takes them; both are counted before the move. Up
-/// (`from` > `to`) it comes to stand just before the target, down just behind it, always at the target's
+/// Moves node number `from` to the place of node number `to`, the target, in the numbering of
+/// rytree_get_node_ex with these `flags` and `attribute`; both are counted before the move. On a move up
+/// (`from` > `to`) the node ends just before the target, otherwise just after it, always at the target's
 /// level. A negative `to` makes it the last child of `tree`. The node is made anew: handles on it and below
-/// it are dead afterwards. 1 moved; 0 with nothing changed if a number has no node, `tree` is null or
-/// invalid, the target lies inside the branch to be moved, or the branch would reach too deep.
+/// it are dead afterwards. 1 if moved; 0 with nothing changed if a number has no node, `tree` is null or
+/// invalid, the target is inside the branch to be moved, or the branch would become too deep.
 RYTREE_API int rytree_move_node(RYXmlWrapperBase* tree, int from, int to, int flags, const char* attribute);
 
-/// 1 if the node ID (0 for a node without) is at least `first` and at most `last` + `extra`. 0 otherwise, and
-/// for a null or invalid node, `first` above `last`, or one of these two negative.
+/// 1 if the node ID (0 for a node without one) is at least `first` and at most `last` + `extra`. 0 otherwise,
+/// and for a null or invalid node, `first` above `last`, or one of these two negative.
 RYTREE_API int rytree_is_in_ids_range(RYXmlWrapperBase* node, int first, int last, int extra);
 
 }  // extern "C"
 
 /// Changes the tag, by way of the node's XML text; handles below the node are dead afterwards. True if the
-/// tag changed. False with the node unchanged if it has neither text nor children (its text is one
-/// self-closed element), if `name` is no valid tag, or for a null or invalid node.
+/// tag changed. False with the node unchanged if it has neither text nor children (its XML text is then one
+/// self-closed element), if `name` is not a valid tag, or for a null or invalid node.
 RYTREE_API bool VCTreeSetTagName(RYXmlWrapperBase* node, const char* name);
 
 /// Stamps a branch for a menu: every node with children gets the node ID 0x10000000; every leaf without a

@@ -1,6 +1,6 @@
-// Editing many nodes of a branch in one call: pruning, attributes, values. Except where told otherwise a call
-// works on what lies below the node that it is given. An invalid node has nothing below it and gives 0, as do
-// null pointers.
+// Editing many nodes of a branch in one call: removing nodes, changing attributes and values. Unless its
+// comment says otherwise, a call works on what is below the node that it is given. An invalid node has
+// nothing below it and gives 0, as do null pointers.
 #pragma once
 
 #include <rytree_host/framework.h>
@@ -8,27 +8,27 @@
 
 extern "C" {
 
-/// Removes the children that lack an attribute. A child with children is left alone with `recursive` 0;
-/// otherwise the same is done below it, and if nothing is left there and `keepBranches` is 0 it is judged
-/// like a leaf. With `removeAttribute` a judged child that has the attribute stays and loses the attribute.
-/// The number of nodes removed by their own lack, at all levels.
+/// Removes the children that lack an attribute. A child with children is left alone with `recursive` 0.
+/// Otherwise the same is done below it first; if that leaves nothing and `keepBranches` is 0, it is then
+/// judged like a leaf. With `removeAttribute` a child that is judged and has the attribute loses the
+/// attribute. The number of nodes removed for their own lack of it, at all levels.
 RYTREE_API int rytree_delete_nodes_by_missing_attribute(RYXmlWrapperBase* parent, const char* attribute,
                                                         int recursive, int removeAttribute, int keepBranches);
 
 /// Removes the children whose int attribute is `value`, each with its branch; with `recursive` also below
-/// those that stay. A direct child of `parent` that has the attribute `exemptAttribute` (may be null) stays,
-/// but is searched below, where there is no exemption. The number of nodes removed, or the first negative
-/// status that a removal gave; the others are removed all the same.
+/// those that stay. A direct child of `parent` that has the attribute `exemptAttribute` (may be null) stays;
+/// what is below it is searched, and there is no exemption there. The number of nodes removed, or the first
+/// negative status that a removal gave; the others are removed all the same.
 RYTREE_API int rytree_delete_nodes_by_attribute(RYXmlWrapperBase* parent, const char* attribute, int value,
                                                 int recursive, const char* exemptAttribute);
 
-/// Removes the leaves without text, and with `recursive` the branches that hold nothing else below them, even
-/// if they have a text of their own. The number of what survives: flat, the direct children; recursive, the
-/// leaves of the whole branch. 0: `parent` is bare.
+/// Removes the children that are leaves without text; with `recursive` all such leaves below, and the
+/// branches that have nothing else below them, even if they have a text of their own. The number of direct
+/// children left, with `recursive` that of leaves left in the whole branch. 0: `parent` has no children now.
 RYTREE_API int rytree_remove_empty_child_nodes(RYXmlWrapperBase* parent, bool recursive);
 
-/// Removes every node below whose int attribute is `value`. A hit inside a removed branch goes with it,
-/// uncounted. The number of removals, -1 for a null or invalid node. One walk.
+/// Removes every node below whose int attribute is `value`, with its branch. The number of removals, in which
+/// a node inside a removed branch does not count; -1 for a null or invalid node. One walk.
 RYTREE_API int rytree_remove_nodes_by_attribute(RYXmlWrapperBase* node, const char* attribute, int value);
 
 /// Sets a text attribute (null: the empty text) on the node and all below it, or with `childrenOnly` on its
@@ -40,8 +40,8 @@ RYTREE_API void rytree_set_attribute_to_all_nodes(RYXmlWrapperBase* node, const 
 /// `removeShow` the other leaves lose "Show". Branches are never touched. The number of leaves hidden.
 RYTREE_API int rytree_hide_empty_nodes(RYXmlWrapperBase* node, bool recursive, bool removeShow);
 
-/// Adds bits to an int attribute of `node`, if the attribute is there and a child, with `recursive` any node
-/// below, is a leaf with text. 1 if the bits were added, else 0.
+/// Sets bits in an int attribute of `node`, if it has the attribute and a child, with `recursive` any node
+/// below, is a leaf with text. 1 if the bits were set, else 0.
 RYTREE_API int rytree_set_attribute_bit_if_not_empty(RYXmlWrapperBase* node, const char* attribute, int bits,
                                                      bool recursive);
 
@@ -55,6 +55,6 @@ RYTREE_API void rytree_clear_all_value(RYXmlWrapperBase* node);
 }  // extern "C"
 
 /// Changes bits of an int attribute, taken as a 32-bit word: sets `setBits`, then clears `clearBits`, so that
-/// a bit in both ends clear. A missing attribute counts as 0 and is made only if `setBits` is not 0.
+/// a bit in both ends up clear. A missing attribute counts as 0 and is made only if `setBits` is not 0.
 RYTREE_API void vctree_modify_DWORD_attribute(RYXmlWrapperBase& node, const char* attribute, DWORD clearBits,
                                               DWORD setBits);

@@ -17,16 +17,20 @@ RYTREE_API void rytree_get_enum_node_name(RYXmlWrapperBase* node, CString* name,
 RYTREE_API void rytree_get_enum_attribute_value(RYXmlWrapperBase* node, CString* value, const char* attribute,
                                                 const char* prefix, const char* suffix);
 
-/// With `numbered` 0: the first of A, B, … Z, AA, AB, … ZZ, AAA, … that is no tag of a child, case aside;
-/// result 0. Else: the prefix of the first child's tag with the first number that breaks the series 1, 2, 3,
-/// … of the sorted numbers of the children with that prefix (1, 3 gives 2; 0, 1 gives 1; 1, 1, 2 gives 2);
-/// the result is the number, and `name` may be null. -1 with `name` untouched: null or invalid node; null
-/// `name` for letters; for numbers no child, or a tag of that prefix without a number at its end.
+/// The next tag for a child of `node`:
+/// - with `numbered` 0 the first of A, B, … Z, AA, AB, … ZZ, AAA, … that no child has, case aside. The result
+///   is 0.
+/// - otherwise the prefix of the first child's tag and a number, which is also the result; `name` may be
+///   null. The sorted numbers of the children with that prefix are held against 1, 2, 3, …: the number is the
+///   first of the series that is not at its place. 1, 3 gives 2; 0, 1 gives 1; 1, 1, 2 gives 2.
+///
+/// -1 with `name` untouched: null or invalid node; null `name` for letters; for numbers no child, or a tag of
+/// that prefix without a number at its end.
 RYTREE_API int rytree_get_next_enum_tag_name(RYXmlWrapperBase* node, CString* name, int numbered);
 
-/// Puts `child` on the child of `parent` tagged `prefix` and `number`, made with the node ID `id` (0: none)
-/// if missing, and sets the attribute if it and its value are neither null nor empty. A node that cannot be
-/// made leaves `child` invalid. Nothing happens if a node pointer is null.
+/// Puts `child` on the child of `parent` whose tag is `prefix` and `number`, which is made with the node ID
+/// `id` (0: none) if missing. Sets the attribute if neither it nor its value is null or empty. A node that
+/// cannot be made leaves `child` invalid. Nothing happens if a node pointer is null.
 RYTREE_API void rytree_check_add_enumerated_node(RYXmlWrapperBase* child, RYXmlWrapperBase* parent,
                                                  const char* prefix, int number, int id,
                                                  const char* attribute, const char* value);
@@ -35,11 +39,12 @@ RYTREE_API void rytree_check_add_enumerated_node(RYXmlWrapperBase* child, RYXmlW
 /// 0x2000 set.
 RYTREE_API int rytree_make_one_set_ID(int id, int setNumber);
 
-/// Adds a numbered child (above) for each element of `values`, with the node ID of its number in the set
-/// `id`, the "Label" `label` (null or empty: none) and the element as value. Numbers go on from `*count`, or
-/// from the number of children where `count` is null. Stops when `parent` has `*maxNodes` children (null: no
-/// limit). `*count` grows by the size of the array also then. True, or false for a null parent, a null object
-/// and one without a double array.
+/// Calls rytree_check_add_enumerated_node for each element of `values`, with the element's number, the node
+/// ID that rytree_make_one_set_ID gives for `id` and that number, and the "Label" `label` (null or empty:
+/// none); the element becomes the value. Numbers go on from `*count`, or from the number of children if
+/// `count` is null. Stops when `parent` has `*maxNodes` children (null: no limit); `*count` grows by the size
+/// of the array even then. True, or false for a null parent, a null object and one that holds no double
+/// array.
 RYTREE_API bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char* prefix,
                                                       HostArrayObject* values, int id, const char* label,
                                                       int* count, int* maxNodes);
