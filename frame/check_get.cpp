@@ -1,6 +1,10 @@
 // Finding a child, and making it where it is missing.
+#include "frame/check_get.h"
+
 #include <rytree_Utils/lookup.h>
 #include <rytree_host/ryUtils.h>
+
+#include "frame/attributes.h"
 
 namespace {
 
@@ -19,6 +23,13 @@ bool add_child(RYXmlWrapperBase& out, const RYXmlWrapperBase& parent, const char
 }
 
 }  // namespace
+
+bool check_get_child(RYXmlWrapperBase& out, RYXmlWrapperBase& parent, const char* tag,
+                     const ChildDetails& details) {
+  constexpr int kFindFirst = 1;
+  return rytree_tree_check_get_node(&out, &parent, tag, details.id, details.attribute, details.value,
+                                    kFindFirst) != 0;
+}
 
 int rytree_tree_check_get_node(RYXmlWrapperBase* out, RYXmlWrapperBase* parent, const char* tag, int nodeId,
                                const char* attribute, const char* attributeValue, int find) {
@@ -48,7 +59,7 @@ bool rytree_tree_check_get_node_by_attribute(RYXmlWrapperBase* out, RYXmlWrapper
 bool rytree_check_get_node_by_dataid(RYXmlWrapperBase* parent, RYXmlWrapperBase* out, const char* tag,
                                      int dataId, const char* attribute, const char* attributeValue) {
   if (parent == nullptr || out == nullptr) return true;
-  rytree_find_node(parent, out, "DataID", dataId, false, 0, -1);
+  rytree_find_node(parent, out, kDataIdName, dataId, false, 0, -1);
   if (out->IsNodeValid() != 0) return true;
   if (!add_child(*out, *parent, tag, -1)) return true;
   set_attribute(*out, attribute, attributeValue);

@@ -1,6 +1,7 @@
 // Finding a node by ID, by the number in an attribute, by tag, or at the top of its tree.
 #include <rytree_Utils/lookup.h>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/repeat_id.h"
 
@@ -61,7 +62,7 @@ struct ValueSearch {
 
 int rytree_get_node_by_id(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int id, bool recursive) {
   if (node == nullptr || out == nullptr) return 0;
-  const RYPropertyName data_id("DataID");
+  const RYPropertyName data_id(kDataIdName);
   for (NodesBelow at(*node, recursive); at; ++at) {
     int read = 0;
     if ((at->GetID(read) != 0 && read == id) || (at->GetPropertyValue(data_id, read) != 0 && read == id)) {
@@ -114,7 +115,7 @@ int rytree_find_node_ex(RYXmlWrapperBase* parent, RYXmlWrapperBase* found, const
 
 bool rytree_find_node_by_dataID(RYXmlWrapperBase* out, RYXmlWrapperBase* node, int dataId, int parentId,
                                 int parentRepeatId, int grandparentId, int grandparentRepeatId) {
-  if (rytree_find_node_ex(node, out, "DataID", dataId, parentId, parentRepeatId, grandparentId,
+  if (rytree_find_node_ex(node, out, kDataIdName, dataId, parentId, parentRepeatId, grandparentId,
                           grandparentRepeatId) == 0) {
     return true;
   }

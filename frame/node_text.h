@@ -8,3 +8,9 @@
 inline void read_text(RYXmlWrapperBase& node, CString& text) {
   if (node.NodeValue(text, 1, 1, nullptr) == 0) text.Empty();
 }
+
+/// Makes `text` the node's own text; 0 if the node does not take it.
+inline int write_text(RYXmlWrapperBase& node, const CString& text) {
+  // One operation of the node class reads and writes; writing leaves the text as it is.
+  return node.NodeValue(const_cast<CString&>(text), 0, 1, nullptr);
+}

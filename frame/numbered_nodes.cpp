@@ -2,6 +2,7 @@
 #include "frame/numbered_nodes.h"
 
 #include "frame/children.h"
+#include "frame/words.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ struct NumberSearch {
         out = *child;
         return true;
       }
-      counter = static_cast<int>(static_cast<unsigned>(counter) + 1U);
+      counter = one_more(counter);
       if (leaf || (filters.attribute_ends_descent && marked)) continue;
       if (find(*child, level + 1)) return true;
     }

@@ -3,7 +3,8 @@
 
 #include <rytree_host/node.h>
 
-inline constexpr const char* kRepeatIdName = "RepeatID";
+#include "frame/attributes.h"
+
 inline constexpr int kMaxRepeatId = 32767;
 
 /// VCTreeGetRepeatId with the attribute name prepared by the walk as RYPropertyName(kRepeatIdName).

@@ -3,6 +3,9 @@
 
 #include <rytree_Utils/lookup.h>
 
+#include "frame/check_get.h"
+#include "frame/node_text.h"
+
 namespace {
 
 // Leads `node` to the end of the path; what is missing is made when a value is to be written.
@@ -23,9 +26,9 @@ int tmxfu_tree_check_get_node_ex(RYXmlWrapperBase& out, RYXmlWrapperBase& start,
   RYXmlWrapperBase current(start);
   for (const char* tag = firstTag; tag != nullptr; tag = va_arg(tags, const char*)) {
     RYXmlWrapperBase next;
-    const int there = create != 0 ? rytree_tree_check_get_node(&next, &current, tag, 0, nullptr, nullptr, 1)
-                                  : current.FindChild(tag, next, 1);
-    if (there == 0) return 0;
+    const bool there =
+        create != 0 ? check_get_child(next, current, tag) : current.FindChild(tag, next, 1) != 0;
+    if (!there) return 0;
     current = std::move(next);
   }
   out = current;
@@ -66,7 +69,8 @@ int tmxfu_tree_node_string_value(RYXmlWrapperBase& start, CString& value, int ge
   va_start(tags, firstTag);
   const bool reached = reach(node, start, get, firstTag, tags);
   va_end(tags);
-  return reached ? node.NodeValue(value, get, 1, nullptr) : 0;
+  if (!reached) return 0;
+  return get != 0 ? node.NodeValue(value, 1, 1, nullptr) : write_text(node, value);
 }
 
 int tmxfu_tree_node_int_value(RYXmlWrapperBase& start, int& value, int get, const char* firstTag, ...) {

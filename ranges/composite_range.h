@@ -5,7 +5,8 @@
 
 #include <array>
 
-inline constexpr const char* kActionIdName = "_ACTION_OBJECT_ID";
+#include "frame/attributes.h"
+
 inline constexpr int kCompositeSubNodeId = 55;
 
 struct SubNodeLayout {

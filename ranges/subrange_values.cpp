@@ -7,8 +7,6 @@
 
 namespace {
 
-void write_text(RYXmlWrapperBase& node, CString text) { node.NodeValue(text, 0, 1, nullptr); }
-
 // Leads from the "Y" of a range to the node of its third value. A missing one is a failure only where it is
 // looked for by tag.
 bool find_third(RYXmlWrapperBase& range, RYXmlWrapperBase& y, const char* tag, RYXmlWrapperBase& third) {

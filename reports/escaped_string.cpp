@@ -2,7 +2,7 @@
 #include <rytree_Utils/reports.h>
 #include <rytree_host/Kelp60.h>
 
-#include "reports/words.h"
+#include "frame/words.h"
 
 namespace {
 

@@ -15,8 +15,8 @@
 
 #include "frame/children.h"
 #include "frame/host_arrays.h"
+#include "frame/words.h"
 #include "reports/localization.h"
-#include "reports/words.h"
 
 namespace {
 

@@ -8,35 +8,103 @@
 #include <array>
 #include <cstddef>
 #include <initializer_list>
+#include <iterator>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
-/// A table of cases:
-///     const Rows<int, const char*> rows = {{1, "A"}, {2, "B"}};
-///     for (const auto& [id, found] : rows) …
+/// Where in a test something was written; the default argument of what is written there.
+struct SourceLine {
+  explicit SourceLine(const char* source, int number) : file(source), line(number) {}
+  const char* file;
+  int line;
+};
+
+/// A list of cases. A walk over it makes each failure name the row it happened in and the row's line.
+template <class Cells>
+class Table {
+ public:
+  struct Line {
+    Cells cells;
+    SourceLine source;
+  };
+  class Walk {
+   public:
+    explicit Walk(const std::vector<Line>& lines) : lines_(lines) { trace(); }
+    const Cells& operator*() const { return lines_[at_].cells; }
+    void operator++() { ++at_, trace(); }
+    bool operator==(std::default_sentinel_t) const { return at_ == lines_.size(); }
+
+   private:
+    void trace() {
+      row_.reset();
+      if (at_ == lines_.size()) return;
+      const SourceLine& source = lines_[at_].source;
+      row_.emplace(source.file, source.line, "row " + std::to_string(at_ + 1));
+    }
+
+    const std::vector<Line>& lines_;
+    std::size_t at_ = 0;
+    std::optional<testing::ScopedTrace> row_;
+  };
+
+  Walk begin() const { return Walk(lines_); }
+  std::default_sentinel_t end() const { return {}; }
+  const Cells& operator[](std::size_t row) const { return lines_[row].cells; }
+
+ protected:
+  std::vector<Line> lines_;
+};
+
+/// A row of a table, which remembers its line.
 template <class... Column>
-using Rows = std::initializer_list<std::tuple<Column...>>;
+struct Row {
+  Row(Column... column, SourceLine written = SourceLine(__builtin_FILE(), __builtin_LINE()))
+      : cells(std::move(column)...), source(written) {}
+  std::tuple<Column...> cells;
+  SourceLine source;
+};
+
+/// A table of cases:
+///     using R = Row<int, const char*>;
+///     for (const auto& [id, found] : Rows{R{1, "A"},
+///                                         R{2, "B"}}) …
+/// The rows of a short table need no name: Rows<int, int>{{1, 2}, {3, 4}}. Some compilers then tell the
+/// number of the row and the line that ends the table.
+template <class... Column>
+class Rows : public Table<std::tuple<Column...>> {
+ public:
+  Rows(std::initializer_list<Row<Column...>> rows) {
+    for (const Row<Column...>& row : rows) this->lines_.push_back({row.cells, row.source});
+  }
+};
 
 /// The cases of a raw string, one on a line, as `Count` cells parted by " |" (the last may lack), blanks
 /// trimmed:
 ///     for (const auto& [before, after] : rows<2>(R"(<a/> | <b/>)")) …
 template <std::size_t Count>
-std::vector<std::array<std::string, Count>> rows(const char* table) {
-  std::vector<std::array<std::string, Count>> all;
-  std::istringstream lines(table);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.find(" |") == std::string::npos) continue;
-    all.emplace_back();
-    for (std::string& cell : all.back()) {
-      cell = line.substr(0, line.find(" |"));
-      line.erase(0, cell.size() + 2);
-      cell.erase(0, cell.find_first_not_of(' '));
-      cell.erase(cell.find_last_not_of(' ') + 1);
+class TextRows : public Table<std::array<std::string, Count>> {
+ public:
+  TextRows(const char* table, SourceLine source) {
+    std::istringstream lines(table);
+    for (std::string line; std::getline(lines, line); ++source.line) {
+      if (line.find(" |") == std::string::npos) continue;
+      this->lines_.push_back({{}, source});
+      for (std::string& cell : this->lines_.back().cells) {
+        cell = line.substr(0, line.find(" |"));
+        line.erase(0, cell.size() + 2);
+        cell.erase(0, cell.find_first_not_of(' '));
+        cell.erase(cell.find_last_not_of(' ') + 1);
+      }
     }
   }
-  return all;
+};
+template <std::size_t Count>
+TextRows<Count> rows(const char* table, SourceLine source = SourceLine(__builtin_FILE(), __builtin_LINE())) {
+  return TextRows<Count>(table, source);
 }
 
 /// The tree of an XML text; the handle stands on its root.

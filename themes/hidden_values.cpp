@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 
@@ -34,15 +35,15 @@ void vctree_GETN_reset_node_value(RYXmlWrapperBase& node) {
   if (kind == kIntNode || kind == kIntListNode) {
     int zero = 0;
     node.NodeValue(zero, 0);
-  } else if (int use = 0; kind == kBranchNode && node.GetPropertyValue("Use", use) != 0) {
-    node.SetPropertyValue("Use", static_cast<const _variant_t*>(nullptr));
+  } else if (int use = 0; kind == kBranchNode && node.GetPropertyValue(kUseName, use) != 0) {
+    node.SetPropertyValue(kUseName, static_cast<const _variant_t*>(nullptr));
   }
 }
 
 int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids, bool recursive) {
   if (tree == nullptr || ids == nullptr) return 0;
   const SortedIds sorted(*ids);
-  const RYPropertyName data_id("DataID");
+  const RYPropertyName data_id(kDataIdName);
   int count = 0;
   for (NodesBelow at(*tree, recursive); at; ++at) {
     int id = -1;

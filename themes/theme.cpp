@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/decimal.h"
 #include "frame/host_arrays.h"
@@ -35,7 +36,7 @@ bool vctree_build_values_tree(RYXmlWrapperBase* target, const CArray<int, int>* 
   if (target == nullptr || ids == nullptr || values == nullptr) return false;
   const int count = ids->GetSize();
   if (count == 0 || values->GetSize() != count || !start_values_tree(*target)) return false;
-  const RYPropertyName label("Label");
+  const RYPropertyName label(kLabelName);
   const int label_count = labels == nullptr ? 0 : labels->GetSize();
   RYXmlWrapperBase child;
   CString tag;

@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 
 namespace {
@@ -13,7 +14,7 @@ struct LowIdSearch {
   RYXmlWrapperBase& out;
   const int id;
   const bool recursive;
-  const RYPropertyName data_id{"DataID"};
+  const RYPropertyName data_id{kDataIdName};
 
   bool find(const RYXmlWrapperBase& tree, int depth) const {
     if (depth < 0) return false;

@@ -1,4 +1,4 @@
-// Numbers of 32 bits, which begin again behind the last one.
+// Whole numbers of 32 bits, whose sums wrap around.
 #pragma once
 
 #include <cstdint>
