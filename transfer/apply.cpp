@@ -28,7 +28,7 @@ bool holds_a_tag(std::string_view text) {
   }
 }
 
-/// Keeps the hook active for as long as the walk is at a node that activates it and below.
+/// Keeps the hook active while the walk is at the node that activates it or below that node.
 class HookActivation {
  public:
   HookActivation(_SETVALUESBYIDS* hook, int id)
@@ -59,27 +59,24 @@ void call(_SETVALUESBYIDS& hook, CString& value) {
 
 class Apply {
  public:
-  Apply(const IdIndex& index, const _VALUESWITHIDS& record, const _IDWALKSTATE& state, int store_argument,
-        const char* id_attribute, CString* error, bool keep_bit_18_off)
+  Apply(const IdIndex& index, const _VALUESWITHIDS& record, const ApplyOptions& options)
       : index_(index),
         values_(record.values),
         columns_(columns_of(record)),
-        state_(state),
-        store_argument_(store_argument),
-        error_(error),
-        asks_for_tag_(keep_bit_18_off ? 0 : kThemeNeedsTag),
-        node_ids_(id_attribute) {}
+        options_(options),
+        asks_for_tag_(options.keep_bit_18_off ? 0 : kThemeNeedsTag),
+        node_ids_(options.id_attribute) {}
 
   /// Writes what is below the node; the number of nodes matched or a code.
   int walk(const RYXmlWrapperBase& node, int theme, int repeat) {
     int count = 0;
     for (Children child(node); child; ++child) {
       int id = node_ids_.plain(*child);
-      const HookActivation activation(state_.hook, id);
+      const HookActivation activation(options_.hook, id);
       int child_repeat = repeat;
       const int code = node_ids_.combine(*child, repeat, id, child_repeat);
       if (code < 0) {
-        report_conflict(code, *child, id, repeat, error_);
+        report_conflict(code, *child, id, repeat, options_.error);
         return kIdConflict;
       }
       int child_theme = theme;
@@ -100,7 +97,7 @@ class Apply {
     if (place < 0) return false;
     if (values_ != nullptr) {
       const bool as_branch = branch || (static_cast<unsigned>(id) & kStoredAsBranch) != 0;
-      store(node, values_->GetAt(place), as_branch ? 1 : 0, theme);
+      store(node, values_->GetAt(place), as_branch, theme);
     }
     for (const Column& column : columns_) {
       const CString& text = column.values.GetAt(place);
@@ -113,7 +110,7 @@ class Apply {
     return true;
   }
 
-  void store(RYXmlWrapperBase& node, const CString& value, int form, unsigned theme) {
+  void store(RYXmlWrapperBase& node, const CString& value, bool as_branch, unsigned theme) {
     std::optional<CString> own;  // made only where the value is not stored as it came
     Noted noted;
     if (may_be_decorated(value)) {
@@ -127,13 +124,13 @@ class Apply {
     reset_undecorated(node, noted);
     if ((theme & kThemeKeepsValue) != 0) return;
     if ((theme & asks_for_tag_) != 0 && !holds_a_tag((own ? *own : value).View())) return;
-    if (state_.hook != nullptr && state_.hook->active != 0) {
+    if (options_.hook != nullptr && options_.hook->active != 0) {
       if (!own) own = value;
-      call(*state_.hook, *own);
+      call(*options_.hook, *own);
     }
     const CString& stored = own ? *own : value;
-    if ((theme & kThemeUsesData) == 0 || form != 1) {
-      node.CheckSetValue(store_argument_, stored, form);
+    if ((theme & kThemeUsesData) == 0 || !as_branch) {
+      node.CheckSetValue(options_.store_argument, stored, as_branch ? 1 : 0);
     } else if (!stored.IsEmpty()) {
       node.SetPropertyValue(data_, stored);
     }
@@ -145,8 +142,8 @@ class Apply {
   };
   /// What the options ask of a node whose value had no such decoration.
   void reset_undecorated(RYXmlWrapperBase& node, Noted noted) const {
-    if ((state_.options & kResetAutoSupport) != 0 && !noted.automatic) vctree_check_reset_auto_support(node);
-    if ((state_.options & kSetDynamicCheck) == 0 || noted.dynamic) return;
+    if ((options_.resets & kResetAutoSupport) != 0 && !noted.automatic) vctree_check_reset_auto_support(node);
+    if ((options_.resets & kSetDynamicCheck) == 0 || noted.dynamic) return;
     int check = 0;
     if (node.GetPropertyValue(dynamic_check_, check) != 0) node.SetPropertyValue(dynamic_check_, 1);
   }
@@ -154,9 +151,7 @@ class Apply {
   const IdIndex& index_;
   const CStringArray* const values_;
   const std::vector<Column> columns_;
-  const _IDWALKSTATE& state_;
-  const int store_argument_;
-  CString* const error_;
+  const ApplyOptions& options_;
   const unsigned asks_for_tag_;
   const NodeIds node_ids_;
   const RYPropertyName theme_{kThemeName};
@@ -183,29 +178,26 @@ void report_duplicate(int id, int repeat, CString* error) {
 }  // namespace
 
 int _tree_set_values_by_ids(RYXmlWrapperBase& node, const CArray<int, int>& ids, const _VALUESWITHIDS& record,
-                            const int* theme, int repeat, int* duplicate, int storeArgument,
-                            const char* idAttribute, CString* error, _IDWALKSTATE* state, int keepBit18Off) {
+                            const ApplyOptions& options) {
   if (const int code = test_arrays(ids, record)) return code;
-  _IDWALKSTATE fresh;
-  if (state == nullptr) state = &fresh;
   const IdIndex index(ids);
-  if (duplicate != nullptr && state->duplicatesTested == 0) {
-    state->duplicatesTested = 1;
-    if (index.first_duplicate() >= 0) {
-      *duplicate = ids[index.first_duplicate()];
-      report_duplicate(*duplicate, repeat, error);
-      return kDuplicateId;
-    }
+  if (options.duplicate != nullptr && index.first_duplicate() >= 0) {
+    *options.duplicate = ids[index.first_duplicate()];
+    report_duplicate(*options.duplicate, options.repeat, options.error);
+    return kDuplicateId;
   }
-  return Apply(index, record, *state, storeArgument, idAttribute, error, keepBit18Off != 0)
-      .walk(node, theme != nullptr ? *theme : 0, repeat);
+  return Apply(index, record, options).walk(node, 0, options.repeat);
 }
 
 int vctree_set_values_by_ids(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values, int repeat,
                              int* duplicate, int storeArgument, const char* idAttribute, CString* error) {
   if (node == nullptr || node->IsValid() == 0 || ids == nullptr || values == nullptr) return kBadArgument;
-  return _tree_set_values_by_ids(*node, *ids, {.values = values}, nullptr, repeat, duplicate, storeArgument,
-                                 idAttribute, error, nullptr, 0);
+  return _tree_set_values_by_ids(*node, *ids, {.values = values},
+                                 {.repeat = repeat,
+                                  .duplicate = duplicate,
+                                  .store_argument = storeArgument,
+                                  .id_attribute = idAttribute,
+                                  .error = error});
 }
 
 int rytree_set_values_by_ids(RYXmlWrapperBase* node, HostArrayObject* ids, HostArrayObject* values,
@@ -215,7 +207,11 @@ int rytree_set_values_by_ids(RYXmlWrapperBase* node, HostArrayObject* ids, HostA
   const CArray<int, int>* const id_array = open_ints(ids);
   const _VALUESWITHIDS record = {.values = open_strings(values)};
   if (id_array == nullptr || record.values == nullptr) return kBadArgument;
-  _IDWALKSTATE state = {.options = options};
-  return _tree_set_values_by_ids(*node, *id_array, record, nullptr, repeat, duplicate, storeArgument,
-                                 idAttribute, error, &state, 0);
+  return _tree_set_values_by_ids(*node, *id_array, record,
+                                 {.repeat = repeat,
+                                  .duplicate = duplicate,
+                                  .store_argument = storeArgument,
+                                  .id_attribute = idAttribute,
+                                  .error = error,
+                                  .resets = options});
 }

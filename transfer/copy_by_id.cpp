@@ -1,5 +1,7 @@
-// Copying values and attributes between trees by ID: harvest of the one, apply to the other.
+// Copying values and attributes between trees by ID: a harvest of the one, an apply to the other.
 #include <rytree_Utils/transfer.h>
+
+#include <utility>
 
 #include "frame/children.h"
 #include "frame/id_index.h"
@@ -21,8 +23,20 @@ void drop_empty_values(CArray<int, int>& ids, CStringArray& values) {
   values.SetSize(kept);
 }
 
-/// The result of a copy: a duplicate, negated, goes before what the apply gave.
-int copy_result(int duplicate, int result) { return duplicate > 0 ? -duplicate : result; }
+/// Harvests the source and applies the values to the destination.
+int copy_values(RYXmlWrapperBase& source, RYXmlWrapperBase& destination, const HarvestOptions& reading,
+                ApplyOptions writing, bool drop_empty) {
+  CArray<int, int> ids;
+  CStringArray values;
+  const _VALUESWITHIDS record = {.values = &values};
+  if (_tree_get_values_with_ids(source, ids, record, reading) < 1) return 0;
+  if (writing.hook != nullptr) writing.hook->active = 0;
+  if (drop_empty) drop_empty_values(ids, values);
+  int duplicate = 0;
+  writing.duplicate = &duplicate;
+  const int result = _tree_set_values_by_ids(destination, ids, record, writing);
+  return duplicate > 0 ? -duplicate : result;
+}
 
 /// The node IDs and DataIDs of the nodes below one.
 CArray<int, int> known_ids(const RYXmlWrapperBase& node) {
@@ -75,18 +89,13 @@ int vctree_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destina
                              const char* sourceIdAttribute, const char* destinationIdAttribute,
                              int allBranches, _SETVALUESBYIDS* hook, int keepBit18Off, int dropEmpty) {
   if (source == nullptr || destination == nullptr) return kBadArgument;
-  CArray<int, int> ids;
-  CStringArray values;
-  const _VALUESWITHIDS record = {.values = &values};
-  if (_tree_get_values_with_ids(*source, ids, record, 1, 0, 0, sourceIdAttribute, allBranches, nullptr) < 1)
-    return 0;
-  if (hook != nullptr) hook->active = 0;
-  if (dropEmpty != 0) drop_empty_values(ids, values);
-  _IDWALKSTATE state = {.hook = hook};
-  int duplicate = 0;
-  const int result = _tree_set_values_by_ids(*destination, ids, record, nullptr, 0, &duplicate, storeArgument,
-                                             destinationIdAttribute, nullptr, &state, keepBit18Off);
-  return copy_result(duplicate, result);
+  return copy_values(*source, *destination,
+                     {.id_attribute = sourceIdAttribute, .all_branches = allBranches != 0},
+                     {.store_argument = storeArgument,
+                      .id_attribute = destinationIdAttribute,
+                      .hook = hook,
+                      .keep_bit_18_off = keepBit18Off != 0},
+                     dropEmpty != 0);
 }
 
 int rytree_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination, int storeArgument,
@@ -100,7 +109,7 @@ int rytree_whole_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* d
   if (source == nullptr || destination == nullptr) return kBadArgument;
   MissingNodes missing(*destination);
   for (NodesOf at(*source); at; ++at) missing.make_for(*at);
-  return rytree_copy_values_by_id(source, destination, 0, nullptr, nullptr, 1, 0, 0);
+  return copy_values(*source, *destination, {}, {}, false);
 }
 
 int rytree_copy_atts_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination, const char* attribute1,
@@ -115,10 +124,10 @@ int rytree_copy_atts_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destinati
     record.attributeName2 = attribute2;
     record.attributeValues2 = &second;
   }
-  if (_tree_get_values_with_ids(*source, ids, record, 1, 0, 0, sourceIdAttribute, 1, nullptr) < 1) return 0;
+  if (_tree_get_values_with_ids(*source, ids, record, {.id_attribute = sourceIdAttribute}) < 1) return 0;
   if (rename != 0) record.attributeName1 = attribute2;
   int duplicate = 0;
-  _tree_set_values_by_ids(*destination, ids, record, nullptr, 0, &duplicate, 0, destinationIdAttribute,
-                          nullptr, nullptr, 0);
-  return copy_result(duplicate, 0);
+  _tree_set_values_by_ids(*destination, ids, record,
+                          {.duplicate = &duplicate, .id_attribute = destinationIdAttribute});
+  return duplicate > 0 ? -duplicate : 0;
 }

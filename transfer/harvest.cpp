@@ -11,16 +11,12 @@ namespace {
 
 class Harvest {
  public:
-  Harvest(CArray<int, int>& ids, const _VALUESWITHIDS& record, bool recursive, bool changed_only,
-          const char* id_attribute, CString* error)
+  Harvest(CArray<int, int>& ids, const _VALUESWITHIDS& record, const HarvestOptions& options)
       : ids_(ids),
         record_(record),
         columns_(columns_of(record)),
-        recursive_(recursive),
-        changed_only_(changed_only),
-        wants_data_id_(id_attribute == nullptr),
-        error_(error),
-        node_ids_(id_attribute) {}
+        options_(options),
+        node_ids_(options.id_attribute) {}
 
   /// Reads what is below the node; the number of nodes read.
   int walk(const RYXmlWrapperBase& node, int repeat, bool all_branches) {
@@ -36,7 +32,7 @@ class Harvest {
       const bool one_value = is_one_value(*child);
       if (one_value) all_branches = false;
       if (id != -1 && read_node(*child, id, one_value ? kBranchOfData : kBranch, all_branches)) ++count;
-      if (recursive_ && !one_value) count += walk(*child, child_repeat, all_branches);
+      if (options_.recursive && !one_value) count += walk(*child, child_repeat, all_branches);
     }
     return count;
   }
@@ -45,17 +41,19 @@ class Harvest {
   enum Kind { kLeaf, kBranch, kBranchOfData };
 
   void combine(const RYXmlWrapperBase& node, int repeat, int& id, int& child_repeat) {
-    if (id == -1 && error_ != nullptr && wants_data_id_ && error_->IsEmpty()) report_missing_id(node);
+    if (id == -1 && options_.error != nullptr) report_missing_id(node);
     const int code = node_ids_.combine(node, repeat, id, child_repeat);
-    if (code < 0) report_conflict(code, node, id, repeat, error_);
+    if (code < 0) report_conflict(code, node, id, repeat, options_.error);
   }
 
-  void report_missing_id(const RYXmlWrapperBase& node) {
+  void report_missing_id(const RYXmlWrapperBase& node) const {
+    if (options_.id_attribute != nullptr || !options_.error->IsEmpty()) return;
     CString name;
     CString label;
     node.GetPropertyValue("Name", name);
     node.GetPropertyValue("Label", label);
-    error_->Format("Missing DataID for Node with Name = %s, Label = %s", name.GetString(), label.GetString());
+    options_.error->Format("Missing DataID for Node with Name = %s, Label = %s", name.GetString(),
+                           label.GetString());
   }
 
   bool is_one_value(const RYXmlWrapperBase& branch) const {
@@ -64,7 +62,7 @@ class Harvest {
     return (static_cast<unsigned>(theme) & kThemeUsesData) != 0;
   }
 
-  /// Makes the entry of a node, if it deserves one.
+  /// Makes the entry of a node, if it is to have one.
   bool read_node(RYXmlWrapperBase& node, int id, Kind kind, bool all_branches) {
     const bool has_value = record_.values != nullptr && read_value(node, kind, all_branches);
     if (has_value) {
@@ -98,7 +96,7 @@ class Harvest {
     } else if (!values_.read_branch(node, kind == kBranchOfData, value_) && !all_branches) {
       return false;
     }
-    return !changed_only_ || note_change(node);
+    return !options_.changed_only || note_change(node);
   }
 
   /// The change test: a value that differs from the old one becomes the old one.
@@ -118,10 +116,7 @@ class Harvest {
   CArray<int, int>& ids_;
   const _VALUESWITHIDS& record_;
   std::vector<Column> columns_;
-  const bool recursive_;
-  const bool changed_only_;
-  const bool wants_data_id_;
-  CString* const error_;
+  const HarvestOptions& options_;
   const NodeIds node_ids_;
   const RYPropertyName theme_{kThemeName};
   const RYPropertyName old_value_{"OldValue"};
@@ -133,22 +128,25 @@ class Harvest {
 }  // namespace
 
 int _tree_get_values_with_ids(RYXmlWrapperBase& node, CArray<int, int>& ids, const _VALUESWITHIDS& record,
-                              int recursive, int changedOnly, int repeat, const char* idAttribute,
-                              int allBranches, CString* error) {
+                              const HarvestOptions& options) {
   ids.RemoveAll();
   if (record.values != nullptr) record.values->RemoveAll();
-  make_room(ids, node, recursive != 0);
-  if (record.values != nullptr) make_room(*record.values, node, recursive != 0);
-  return Harvest(ids, record, recursive != 0, changedOnly != 0, idAttribute, error)
-      .walk(node, repeat, allBranches != 0);
+  make_room(ids, node, options.recursive);
+  if (record.values != nullptr) make_room(*record.values, node, options.recursive);
+  return Harvest(ids, record, options).walk(node, options.repeat, options.all_branches);
 }
 
 int vctree_get_values_with_ids(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
                                int recursive, int changedOnly, int repeat, const char* idAttribute,
                                int allBranches, CString* error) {
   if (node == nullptr || node->IsValid() == 0 || ids == nullptr) return kBadArgument;
-  return _tree_get_values_with_ids(*node, *ids, {.values = values}, recursive, changedOnly, repeat,
-                                   idAttribute, allBranches, error);
+  return _tree_get_values_with_ids(*node, *ids, {.values = values},
+                                   {.recursive = recursive != 0,
+                                    .changed_only = changedOnly != 0,
+                                    .repeat = repeat,
+                                    .id_attribute = idAttribute,
+                                    .all_branches = allBranches != 0,
+                                    .error = error});
 }
 
 int rytree_get_values_with_ids(RYXmlWrapperBase* node, HostArrayObject* ids, HostArrayObject* values,
@@ -159,6 +157,11 @@ int rytree_get_values_with_ids(RYXmlWrapperBase* node, HostArrayObject* ids, Hos
   const _VALUESWITHIDS record = {.values = open_strings(values), .labels = open_strings(labels)};
   if (id_array == nullptr || record.values == nullptr) return kBadArgument;
   if (labels != nullptr && record.labels == nullptr) return kBadArgument;
-  return _tree_get_values_with_ids(*node, *id_array, record, recursive, changedOnly, repeat, idAttribute,
-                                   allBranches, error);
+  return _tree_get_values_with_ids(*node, *id_array, record,
+                                   {.recursive = recursive != 0,
+                                    .changed_only = changedOnly != 0,
+                                    .repeat = repeat,
+                                    .id_attribute = idAttribute,
+                                    .all_branches = allBranches != 0,
+                                    .error = error});
 }

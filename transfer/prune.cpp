@@ -64,9 +64,9 @@ int rytree_remove_unchange_nodes_by_id(RYXmlWrapperBase* source, RYXmlWrapperBas
   if (source == nullptr || destination == nullptr) return kBadArgument;
   CArray<int, int> ids;
   CStringArray values;
-  if (_tree_get_values_with_ids(*source, ids, {.values = &values}, 1, 0, 0, sourceIdAttribute, 1, nullptr) <
-      1)
-    return 0;
+  const int read =
+      _tree_get_values_with_ids(*source, ids, {.values = &values}, {.id_attribute = sourceIdAttribute});
+  if (read < 1) return 0;
   const IdIndex index(ids);
   if (index.first_duplicate() >= 0) {
     const int duplicate = ids[index.first_duplicate()];

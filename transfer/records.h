@@ -1,4 +1,4 @@
-// The records that the harvest, the apply and the prune pass down through their walks.
+// The two walks that the whole transfer by ID is made of, harvest and apply, and the records they take.
 #pragma once
 
 #include <rytree_Utils/transfer.h>
@@ -6,24 +6,37 @@
 #include <utility>
 #include <vector>
 
-/// What travels beside an array of IDs: the same index is the same node. A column is an attribute of every
-/// node.
+/// What goes with an array of IDs: the same index is the same node. A column holds one attribute of every node.
 struct _VALUESWITHIDS {
   CStringArray* values = nullptr;
   const char* attributeName1 = nullptr;
   CStringArray* attributeValues1 = nullptr;
   const char* attributeName2 = nullptr;
   CStringArray* attributeValues2 = nullptr;
-  CStringArray* labels = nullptr;  // filled by the harvest, read by nobody
+  CStringArray* labels = nullptr;  // output of the harvest only
 };
 
-/// What one apply shares across its recursion.
-struct _IDWALKSTATE {
-  int duplicatesTested = 0;
+/// How a tree is read; the comment of vctree_get_values_with_ids tells what each means.
+struct HarvestOptions {
+  bool recursive = true;
+  bool changed_only = false;
+  int repeat = 0;
+  const char* id_attribute = nullptr;
+  bool all_branches = true;
+  CString* error = nullptr;
+};
+
+/// How a tree is written; vctree_set_values_by_ids and vctree_copy_values_by_id tell what each means.
+struct ApplyOptions {
+  int repeat = 0;
+  int* duplicate = nullptr;
+  int store_argument = 0;
+  const char* id_attribute = nullptr;
+  CString* error = nullptr;
   _SETVALUESBYIDS* hook = nullptr;
-  DWORD options = 0;
+  DWORD resets = 0;  // the two bits below
+  bool keep_bit_18_off = false;
 };
-
 inline constexpr DWORD kResetAutoSupport = 0x10000;
 inline constexpr DWORD kSetDynamicCheck = 0x20000;
 
@@ -56,14 +69,12 @@ inline std::vector<Column> columns_of(const _VALUESWITHIDS& record) {
   return columns;
 }
 
-/// Reads the values below `node`, which is valid, as vctree_get_values_with_ids tells; with a record without
-/// values only nodes that have an attribute of a column.
+/// The harvest: reads the values below `node`, which is valid, as vctree_get_values_with_ids does. With a
+/// record without values it reads only nodes that have an attribute of a column.
 int _tree_get_values_with_ids(RYXmlWrapperBase& node, CArray<int, int>& ids, const _VALUESWITHIDS& record,
-                              int recursive, int changedOnly, int repeat, const char* idAttribute,
-                              int allBranches, CString* error);
+                              const HarvestOptions& options);
 
-/// Writes a record into the nodes below `node` as vctree_set_values_by_ids tells. `theme` (may be null) is
-/// the "ThemeApplicability" in force at `node`; a null `state` means a fresh one.
+/// The apply: writes a record into the nodes below `node` as vctree_set_values_by_ids does. An empty text of a
+/// column removes the attribute.
 int _tree_set_values_by_ids(RYXmlWrapperBase& node, const CArray<int, int>& ids, const _VALUESWITHIDS& record,
-                            const int* theme, int repeat, int* duplicate, int storeArgument,
-                            const char* idAttribute, CString* error, _IDWALKSTATE* state, int keepBit18Off);
+                            const ApplyOptions& options);
