@@ -14,6 +14,7 @@ void write_texts(RYXmlWrapperBase& node, const MatchRule& rule, const MatchTexts
   if (!rule.extra.empty()) node.SetPropertyValue(rule.extra, texts.extra);
 }
 
+/// One search in the target.
 struct MatchSearch {
   const MatchRule& rule;
   const MatchTexts& texts;
@@ -64,8 +65,8 @@ struct MatchedCopy {
   }
   void read_extra(const RYXmlWrapperBase& leaf, bool in_target, MatchTexts& texts) const {
     if (extra.empty()) return;
-    if (const CString* const waiting = in_target ? target.waiting_extra(leaf, texts.match) : nullptr) {
-      texts.written.extra = *waiting;
+    if (const CString* const queued = in_target ? target.queued_extra(leaf, texts.match) : nullptr) {
+      texts.written.extra = *queued;
     } else {
       leaf.GetPropertyValue(extra, texts.written.extra);
     }
@@ -85,25 +86,16 @@ bool MatchRule::writes_match() const {
   return !match.empty() && (match.view() == attribute.view() || match.view() == extra.view());
 }
 
-MatchRule match_rule(const char* attribute, const char* match, const char* extra, bool recursive, bool all,
-                     bool case_sensitive) {
-  return {.attribute = RYPropertyName(attribute != nullptr ? attribute : "Show"),
-          .match = RYPropertyName(match != nullptr ? match : "DataID"),
-          .extra = RYPropertyName(extra),
-          .recursive = recursive,
-          .all = all,
-          .case_sensitive = case_sensitive};
+RYPropertyName written_name(const char* attribute) {
+  return RYPropertyName(attribute != nullptr ? attribute : "Show");
 }
 
-int rytree_set_attribute_on_matching_nodes(const RYXmlWrapperBase& target, const MatchRule& rule,
-                                           const MatchTexts& texts) {
-  return MatchSearch{rule, texts}.walk(target);
-}
+RYPropertyName match_name(const char* match) { return RYPropertyName(match != nullptr ? match : "DataID"); }
 
 int MatchTarget::write(const MatchTexts& texts) {
   if (!searched_ || rule_.writes_match()) {
     searched_ = true;
-    return rytree_set_attribute_on_matching_nodes(target_, rule_, texts);
+    return MatchSearch{rule_, texts}.walk(target_);
   }
   if (!indexed_) {
     CString text;
@@ -113,31 +105,31 @@ int MatchTarget::write(const MatchTexts& texts) {
   const int number = find(texts.match);
   if (number < 0) return 0;
   Group& group = groups_[static_cast<std::size_t>(number)];
-  if (group.waiting < 0) {
-    group.waiting = static_cast<int>(waiting_.size());
-    waiting_.push_back(texts.written);
+  if (group.queued < 0) {
+    group.queued = static_cast<int>(queue_.size());
+    queue_.push_back(texts.written);
   } else {
-    waiting_[static_cast<std::size_t>(group.waiting)] = texts.written;
+    queue_[static_cast<std::size_t>(group.queued)] = texts.written;
   }
   return group.last >= counting_from_ ? 1 : 0;
 }
 
-const CString* MatchTarget::waiting_extra(const RYXmlWrapperBase& node, const CString& match) const {
-  if (waiting_.empty()) return nullptr;
+const CString* MatchTarget::queued_extra(const RYXmlWrapperBase& node, const CString& match) const {
+  if (queue_.empty()) return nullptr;
   const int number = find(match);
   if (number < 0) return nullptr;
   const Group& group = groups_[static_cast<std::size_t>(number)];
-  if (group.waiting < 0 || (!rule_.all && !(entries_[group.last].node == node))) return nullptr;
-  return &waiting_[static_cast<std::size_t>(group.waiting)].extra;
+  if (group.queued < 0 || (!rule_.all && !(entries_[group.last].node == node))) return nullptr;
+  return &queue_[static_cast<std::size_t>(group.queued)].extra;
 }
 
 void MatchTarget::finish() {
-  if (waiting_.empty()) return;
+  if (queue_.empty()) return;
   for (Entry& entry : entries_) {
-    const int waiting = groups_[static_cast<std::size_t>(entry.group)].waiting;
-    if (waiting >= 0) write_texts(entry.node, rule_, waiting_[static_cast<std::size_t>(waiting)]);
+    const int queued = groups_[static_cast<std::size_t>(entry.group)].queued;
+    if (queued >= 0) write_texts(entry.node, rule_, queue_[static_cast<std::size_t>(queued)]);
   }
-  waiting_.clear();
+  queue_.clear();
 }
 
 void MatchTarget::index_below(const RYXmlWrapperBase& node, CString& text) {
@@ -168,8 +160,12 @@ int rytree_copy_values_to_attributes_by_attribute_matching(RYXmlWrapperBase* sou
                                                            const char* extraAttribute, int recursive, int all,
                                                            int caseSensitive) {
   if (source == nullptr || target == nullptr) return 0;
-  const MatchRule rule =
-      match_rule(attribute, matchAttribute, extraAttribute, recursive != 0, all != 0, caseSensitive != 0);
+  const MatchRule rule = {.attribute = written_name(attribute),
+                          .match = match_name(matchAttribute),
+                          .extra = RYPropertyName(extraAttribute),
+                          .recursive = recursive != 0,
+                          .all = all != 0,
+                          .case_sensitive = caseSensitive != 0};
   MatchTarget searched(*target, rule);
   const int result = MatchedCopy{rule, searched}.walk(*source, lies_in(*source, *target, rule.recursive));
   searched.finish();

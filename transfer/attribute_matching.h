@@ -14,18 +14,18 @@
 struct MatchRule {
   const RYPropertyName attribute;
   const RYPropertyName match;
-  const RYPropertyName extra;  // empty: none
-  const bool recursive;
-  const bool all;
-  const bool case_sensitive;
+  const RYPropertyName extra{nullptr};  // empty: none
+  const bool recursive = true;
+  const bool all = true;
+  const bool case_sensitive = false;
 
   /// Whether a write may change what matches later.
   bool writes_match() const;
 };
 
-/// A rule with the names in place that stand for a null `attribute` and a null `match`; `extra` may be null.
-MatchRule match_rule(const char* attribute, const char* match, const char* extra, bool recursive, bool all,
-                     bool case_sensitive);
+/// The names that count for a null `attribute` and a null `match`.
+RYPropertyName written_name(const char* attribute);
+RYPropertyName match_name(const char* match);
 
 /// The text that nodes must match, and what they then get.
 struct MatchTexts {
@@ -37,25 +37,31 @@ struct MatchTexts {
   Written written{};
 };
 
-/// Writes to the nodes below `target` that match, all of them or the first. The result is that of the last
-/// child that matches or is searched below: 1 for a match, and for a branch that of the search in it, which
-/// replaces what came before.
-int rytree_set_attribute_on_matching_nodes(const RYXmlWrapperBase& target, const MatchRule& rule,
-                                           const MatchTexts& texts);
-
-/// A target on which one search follows the other. From the second on they go through an index of the nodes
-/// by the texts they have, unless what is written changes those texts. What they write waits until the end:
-/// of several writes to one node the last holds, and the nodes are then reached in the order they lie in.
+/// A target that is searched again and again. The first search is a plain walk; from the second on an index
+/// of the nodes by their texts answers, unless what is written changes those texts. With the index nothing is
+/// written before finish(): a text that is queued for a group replaces the one before it, so that every node
+/// is written once, and the nodes get their texts in document order.
+///
+/// For instance, with `recursive` and `all`, below this target
+///     <R> <p k="a"/> <q k="b"> <r k="c"/> </q> <s k="b"/> </R>
+/// the entries are p, q, r and s, and the groups are "a" (last entry 0), "b" (last 3) and "c" (last 2). Then
+///     write "a"   queues a text for p. The result is 0: the search in q, which comes after p, finds nothing
+///     write "b"   queues a text for q and s. The result is 1, by s
+///     write "b"   replaces that text
+///     finish      writes to p, q and s
+/// The last branch that the walk enters is q. It enters it after entry 1, so `counting_from_` is 2, and the
+/// result of a write is 1 if the last entry of the group is 2 or more.
 class MatchTarget {
  public:
   MatchTarget(const RYXmlWrapperBase& target, const MatchRule& rule) : target_(target), rule_(rule) {}
 
-  /// rytree_set_attribute_on_matching_nodes.
+  /// Writes to the nodes below the target that match, all of them or the first. The result is that of the
+  /// last child that matches or is searched below: 1 for a match, and for a branch that of the search in it,
+  /// which replaces what came before.
   int write(const MatchTexts& texts);
-  /// The extra text that `node`, one of those searched, will have but does not have yet, null for none.
-  /// `match` is its text.
-  const CString* waiting_extra(const RYXmlWrapperBase& node, const CString& match) const;
-  /// Writes what waits.
+  /// The extra text that is queued for `node`, one of those searched; null for none. `match` is its text.
+  const CString* queued_extra(const RYXmlWrapperBase& node, const CString& match) const;
+  /// Writes the queued texts.
   void finish();
 
   const RYXmlWrapperBase& node() const { return target_; }
@@ -63,7 +69,7 @@ class MatchTarget {
  private:
   struct Group {  // the nodes of one text
     std::size_t last = 0;
-    int waiting = -1;
+    int queued = -1;
   };
   struct Entry {
     RYXmlWrapperBase node;
@@ -80,7 +86,7 @@ class MatchTarget {
   bool indexed_ = false;
   TextIndex texts_;
   std::vector<Group> groups_;      // by the number of the text
-  std::vector<Entry> entries_;     // in pre-order
+  std::vector<Entry> entries_;     // in document order
   std::size_t counting_from_ = 0;  // a match before this entry does not count for the result
-  std::deque<MatchTexts::Written> waiting_;
+  std::deque<MatchTexts::Written> queue_;
 };

@@ -1,26 +1,33 @@
-// Reading and writing one attribute, or the values, of all nodes of a branch.
+// Reading and writing the attributes and values of many nodes at once.
 #include <rytree_Utils/bulk.h>
+#include <rytree_host/Kelp60.h>
 
 #include <utility>
 
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "frame/id_index.h"
+#include "transfer/attribute_matching.h"
 
 namespace {
+
+/// What is listed for a node without the attribute: an empty text, or that of the sibling before.
+enum class Missing { kEmpty, kCarried };
 
 /// Lists one attribute of the nodes below a node.
 struct AttributeList {
   const RYPropertyName attribute;
   CStringArray& values;
   const bool children_only;
-  const bool carry;  // a missing attribute counts as that of the sibling before
+  const Missing missing;
 
   void append_below(const RYXmlWrapperBase& node) const {
     int former = -1;
     for (Children child(node); child; ++child) {
       CString text;
-      if (child->GetPropertyValue(attribute, text) == 0 && carry) text = values[former];
+      if (child->GetPropertyValue(attribute, text) == 0 && missing == Missing::kCarried) {
+        text = values[former];
+      }
       former = values.Add(std::move(text));
       if (!children_only) append_below(*child);
     }
@@ -28,10 +35,10 @@ struct AttributeList {
 };
 
 int list_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute, bool children_only,
-                    bool carry) {
+                    Missing missing) {
   if (tree == nullptr || values == nullptr) return -1;
   make_room(*values, *tree, !children_only);
-  AttributeList{RYPropertyName(attribute), *values, children_only, carry}.append_below(*tree);
+  AttributeList{RYPropertyName(attribute), *values, children_only, missing}.append_below(*tree);
   return 0;
 }
 
@@ -59,7 +66,7 @@ struct AttributeStep {
 
 int VCTreeGetAttributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute,
                         bool childrenOnly) {
-  return list_attributes(tree, values, attribute, childrenOnly, false);
+  return list_attributes(tree, values, attribute, childrenOnly, Missing::kEmpty);
 }
 
 int rytree_get_attributes(RYXmlWrapperBase* tree, HostArrayObject* values, const char* attribute,
@@ -69,7 +76,7 @@ int rytree_get_attributes(RYXmlWrapperBase* tree, HostArrayObject* values, const
 
 int vctree_get_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute,
                           bool childrenOnly) {
-  return list_attributes(tree, values, attribute, childrenOnly, true);
+  return list_attributes(tree, values, attribute, childrenOnly, Missing::kCarried);
 }
 
 int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int value,
@@ -85,6 +92,27 @@ int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int val
 int rytree_attribute_values(RYXmlWrapperBase* tree, const char* attribute, int value,
                             HostArrayObject* collected, int removeIfNegative) {
   return VCTreeAttributeValues(tree, attribute, value, open_ints(collected), removeIfNegative, 0);
+}
+
+bool VCTreeSetAttributes(RYXmlWrapperBase* tree, const CArray<int, int>* ids, const char* value,
+                         const char* attribute, const char* matchAttribute, bool recursive) {
+  if (tree == nullptr || ids == nullptr) return false;
+  const MatchRule rule = {
+      .attribute = written_name(attribute), .match = match_name(matchAttribute), .recursive = recursive};
+  MatchTarget target(*tree, rule);
+  MatchTexts texts = {.written = {.value = CString(value)}};
+  int result = 0;
+  for (const int id : *ids) {
+    texts.match = kelp_number_to_text(id);
+    result = target.write(texts);
+  }
+  target.finish();
+  return result != 0;
+}
+
+bool rytree_set_attributes(RYXmlWrapperBase* tree, HostArrayObject* ids, const char* value,
+                           const char* attribute, const char* matchAttribute, bool recursive) {
+  return VCTreeSetAttributes(tree, open_ints(ids), value, attribute, matchAttribute, recursive);
 }
 
 int vctree_set_values_by_nodeids(RYXmlWrapperBase* tree, CArray<int, int>* ids, CStringArray* values) {

@@ -1,6 +1,4 @@
 // Copying DataIDs between nodes of the same tag.
-#include "transfer/ids_by_tagname.h"
-
 #include <rytree_Utils/homologous.h>
 
 #include <utility>
@@ -26,8 +24,8 @@ struct FirstByTag {
   }
 };
 
-}  // namespace
-
+/// Appends tag and DataID (-1 for none) of the nodes below `node`, in document order; with `leaves_only` of
+/// the leaves. The number of nodes.
 int rytree_collect_tags_and_ids(const RYXmlWrapperBase& node, CStringArray& tags, CArray<int, int>& ids,
                                 bool leaves_only) {
   make_room(tags, node, true);
@@ -47,6 +45,8 @@ int rytree_collect_tags_and_ids(const RYXmlWrapperBase& node, CStringArray& tags
   return count;
 }
 
+/// Gives each ID to the first node that has the tag beside it: `node` itself, then those below it. The number
+/// of IDs given.
 int rytree_set_ids_by_tagname(RYXmlWrapperBase& node, const CStringArray& tags, const CArray<int, int>& ids,
                               bool leaves_only) {
   FirstByTag first{leaves_only};
@@ -66,6 +66,8 @@ int rytree_set_ids_by_tagname(RYXmlWrapperBase& node, const CStringArray& tags, 
   }
   return given;
 }
+
+}  // namespace
 
 int rytree_copy_ids_by_tagname(RYXmlWrapperBase* source, RYXmlWrapperBase* dest, bool leavesOnly) {
   if (source == nullptr || dest == nullptr) return 0;
