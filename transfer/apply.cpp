@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "frame/id_index.h"
@@ -117,7 +118,7 @@ class Apply {
       own = take_decorations(value, [&](const CString& name, const CString& text) {
         if ((theme & kThemeKeepsAttributes) != 0) return;
         node.SetPropertyValue(name, text);
-        noted.automatic = noted.automatic || lstrcmpiA(name, "Auto") == 0;
+        noted.automatic = noted.automatic || lstrcmpiA(name, kAutoName) == 0;
         noted.dynamic = noted.dynamic || lstrcmpiA(name, "DynaUseChck") == 0;
       });
     }
@@ -155,7 +156,7 @@ class Apply {
   const unsigned asks_for_tag_;
   const NodeIds node_ids_;
   const RYPropertyName theme_{kThemeName};
-  const RYPropertyName data_{"Data"};
+  const RYPropertyName data_{kDataName};
   const RYPropertyName dynamic_check_{"DynaUseChck"};
 };
 

@@ -3,6 +3,7 @@
 
 #include <rytree_Utils/homologous.h>
 
+#include "frame/attributes.h"
 #include "frame/case_key.h"
 #include "frame/children.h"
 #include "frame/node_text.h"
@@ -87,10 +88,12 @@ bool MatchRule::writes_match() const {
 }
 
 RYPropertyName written_name(const char* attribute) {
-  return RYPropertyName(attribute != nullptr ? attribute : "Show");
+  return RYPropertyName(attribute != nullptr ? attribute : kShowName);
 }
 
-RYPropertyName match_name(const char* match) { return RYPropertyName(match != nullptr ? match : "DataID"); }
+RYPropertyName match_name(const char* match) {
+  return RYPropertyName(match != nullptr ? match : kDataIdName);
+}
 
 int MatchTarget::write(const MatchTexts& texts) {
   if (!searched_ || rule_.writes_match()) {

@@ -7,6 +7,7 @@
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "frame/id_index.h"
+#include "frame/node_text.h"
 #include "transfer/attribute_matching.h"
 
 namespace {
@@ -127,7 +128,7 @@ int vctree_set_values_by_nodeids(RYXmlWrapperBase* tree, CArray<int, int>* ids, 
     if (at->HasChildren(0) != 0 || at->GetPropertyValue(node_id, id) == 0) continue;
     const int place = index.find(id);
     if (place < 0) continue;
-    at->NodeValue((*values)[place], 0, 1, nullptr);
+    write_text(*at, (*values)[place]);
     ++written;
   }
   return written;

@@ -2,6 +2,8 @@
 
 #include <rytree_Utils/transfer.h>
 
+#include "frame/attributes.h"
+
 int rytree_combine_treenode_id_with_repeat_id(RYXmlWrapperBase* node, int* id, int* repeatOut, int repeat) {
   if (node == nullptr) return 0;
   int no_id = -1;
@@ -15,7 +17,7 @@ void report_conflict(int code, const RYXmlWrapperBase& node, int id, int repeat,
   CString tag;
   CString label;
   node.GetTagName(tag);
-  node.GetPropertyValue("Label", label);
+  node.GetPropertyValue(kLabelName, label);
   const char* const tag_text = tag.GetString();
   const char* const label_text = label.GetString();
   if (code == -3) {

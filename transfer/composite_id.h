@@ -1,6 +1,7 @@
 // Composite IDs: the ID of a node joined with the repeat number in force above it.
 #pragma once
 
+#include "frame/attributes.h"
 #include "frame/repeat_id.h"
 
 /// The step of rytree_combine_treenode_id_with_repeat_id; `own_name` is the prepared name of the repeat
@@ -28,7 +29,7 @@ inline int combine_id(const RYXmlWrapperBase& node, const RYPropertyName& own_na
 class NodeIds {
  public:
   explicit NodeIds(const char* attribute)
-      : id_(attribute != nullptr ? attribute : "DataID"), repeat_(kRepeatIdName) {}
+      : id_(attribute != nullptr ? attribute : kDataIdName), repeat_(kRepeatIdName) {}
 
   /// The ID attribute, -1 for none.
   int plain(const RYXmlWrapperBase& node) const {

@@ -1,6 +1,7 @@
 // Copying single attributes from node to node.
 #include <rytree_Utils/homologous.h>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 
 namespace {
@@ -35,8 +36,8 @@ AttributeCopy copy_of(const char* attribute) {
 
 int vctree_copy_branch_options(RYXmlWrapperBase* dest, RYXmlWrapperBase* source, unsigned long mask) {
   int options = 0;
-  if (dest == nullptr || source == nullptr || source->GetPropertyValue("Branch", options) == 0) return 0;
-  return dest->SetPropertyValue("Branch", static_cast<int>(static_cast<DWORD>(options) & mask));
+  if (dest == nullptr || source == nullptr || source->GetPropertyValue(kBranchName, options) == 0) return 0;
+  return dest->SetPropertyValue(kBranchName, static_cast<int>(static_cast<DWORD>(options) & mask));
 }
 
 int rytree_node_copy_attribute(RYXmlWrapperBase* source, RYXmlWrapperBase* dest, const char* attribute) {

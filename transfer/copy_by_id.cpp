@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/id_index.h"
 #include "transfer/records.h"
@@ -41,7 +42,7 @@ int copy_values(RYXmlWrapperBase& source, RYXmlWrapperBase& destination, const H
 /// The node IDs and DataIDs of the nodes below one.
 CArray<int, int> known_ids(const RYXmlWrapperBase& node) {
   CArray<int, int> ids;
-  const RYPropertyName data_id("DataID");
+  const RYPropertyName data_id(kDataIdName);
   for (NodesBelow at(node); at; ++at) {
     int id = 0;
     if (at->GetID(id) != 0) ids.Add(id);
@@ -77,8 +78,8 @@ class MissingNodes {
   }
 
   RYXmlWrapperBase& destination_;
-  const RYPropertyName data_id_{"DataID"};
-  const RYPropertyName label_{"Label"};
+  const RYPropertyName data_id_{kDataIdName};
+  const RYPropertyName label_{kLabelName};
   const IdIndex known_;
   IdIndex made_;
 };

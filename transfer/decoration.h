@@ -6,6 +6,8 @@
 
 #include <functional>
 
+#include "frame/attributes.h"
+
 /// Reads the decorated values of the nodes of one walk.
 class DecoratedValues {
  public:
@@ -30,9 +32,9 @@ class DecoratedValues {
   }
   void put_in_front(const RYXmlWrapperBase& node, const RYPropertyName& name, CString& value);
 
-  RYPropertyName use_{"Use"};
-  RYPropertyName data_{"Data"};
-  RYPropertyName decorations_[2] = {RYPropertyName("DynaUseChck"), RYPropertyName("Auto")};
+  RYPropertyName use_{kUseName};
+  RYPropertyName data_{kDataName};
+  RYPropertyName decorations_[2] = {RYPropertyName("DynaUseChck"), RYPropertyName(kAutoName)};
   CString text_;
 };
 

@@ -1,6 +1,7 @@
 // The harvest: the values of a tree read into parallel arrays.
 #include <rytree_Utils/transfer.h>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "transfer/composite_id.h"
@@ -51,7 +52,7 @@ class Harvest {
     CString name;
     CString label;
     node.GetPropertyValue("Name", name);
-    node.GetPropertyValue("Label", label);
+    node.GetPropertyValue(kLabelName, label);
     options_.error->Format("Missing DataID for Node with Name = %s, Label = %s", name.GetString(),
                            label.GetString());
   }
@@ -120,7 +121,7 @@ class Harvest {
   const NodeIds node_ids_;
   const RYPropertyName theme_{kThemeName};
   const RYPropertyName old_value_{"OldValue"};
-  const RYPropertyName label_{"Label"};
+  const RYPropertyName label_{kLabelName};
   DecoratedValues values_;
   CString value_;  // of the node at hand
 };

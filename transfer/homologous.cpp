@@ -55,7 +55,7 @@ class HomologousCopy {
     if (leaf) {
       CString value;
       read_text(source, value);
-      dest.NodeValue(value, 0, 1, nullptr);
+      write_text(dest, value);
     } else {
       RYXmlWrapperBase first;
       RYXmlWrapperBase source_first;
