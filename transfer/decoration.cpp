@@ -44,7 +44,7 @@ CString take_decorations(const CString& value,
   CString copy(value);
   char* const begin = copy.GetBuffer();
   char* rest = begin;
-  // Each search ends at the same place until the walk has passed it, so the value is read through once.
+  // A search is not repeated until the walk has passed what it found, so the value is read through once.
   char* equals = begin;
   char* closing = begin;
   const std::string_view view = value.View();

@@ -16,8 +16,8 @@ class DecoratedValues {
     if (leaf.GetNodeStringWithBlobInfo(value, 0) == 0) value.Empty();
     decorate(leaf, value);
   }
-  /// The value attribute of a branch, "Data" or "Use", with its decorations; "-1" stands in for a missing
-  /// attribute. Tells whether the attribute or a decoration was there.
+  /// The value attribute of a branch, "Data" or "Use", with its decorations; "-1" if that attribute is
+  /// missing. True if the attribute or a decoration was there.
   bool read_branch(const RYXmlWrapperBase& branch, bool from_data, CString& value);
 
  private:
@@ -41,7 +41,7 @@ class DecoratedValues {
 /// Whether the value is long enough for a decoration and holds the start of one.
 bool may_be_decorated(const CString& value);
 
-/// Takes the decorations off: hands over each that has a name and a text, first to last, one inside the text
-/// of another too, and gives what stands behind the last.
+/// Takes the decorations off: passes each that has a name and a text to `take`, first to last, also one
+/// inside the text of another. The result is what follows the last.
 CString take_decorations(const CString& value,
                          const std::function<void(const CString& name, const CString& text)>& take);

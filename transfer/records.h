@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-/// What goes with an array of IDs: the same index is the same node. A column holds one attribute of every node.
+/// What goes with an array of IDs: the same index is the same node. A column holds one attribute of each.
 struct _VALUESWITHIDS {
   CStringArray* values = nullptr;
   const char* attributeName1 = nullptr;
@@ -16,7 +16,7 @@ struct _VALUESWITHIDS {
   CStringArray* labels = nullptr;  // output of the harvest only
 };
 
-/// How a tree is read; the comment of vctree_get_values_with_ids tells what each means.
+/// How a tree is read; vctree_get_values_with_ids explains each.
 struct HarvestOptions {
   bool recursive = true;
   bool changed_only = false;
@@ -26,7 +26,7 @@ struct HarvestOptions {
   CString* error = nullptr;
 };
 
-/// How a tree is written; vctree_set_values_by_ids and vctree_copy_values_by_id tell what each means.
+/// How a tree is written; vctree_set_values_by_ids and vctree_copy_values_by_id explain each.
 struct ApplyOptions {
   int repeat = 0;
   int* duplicate = nullptr;
@@ -74,7 +74,7 @@ inline std::vector<Column> columns_of(const _VALUESWITHIDS& record) {
 int _tree_get_values_with_ids(RYXmlWrapperBase& node, CArray<int, int>& ids, const _VALUESWITHIDS& record,
                               const HarvestOptions& options);
 
-/// The apply: writes a record into the nodes below `node` as vctree_set_values_by_ids does. An empty text of a
-/// column removes the attribute.
+/// The apply: writes a record into the nodes below `node` as vctree_set_values_by_ids does. An empty text in
+/// a column removes the attribute.
 int _tree_set_values_by_ids(RYXmlWrapperBase& node, const CArray<int, int>& ids, const _VALUESWITHIDS& record,
                             const ApplyOptions& options);

@@ -1,7 +1,7 @@
 // Values and attributes of many nodes at once, in the order of a walk: reading one attribute of all nodes,
-// setting it, and writing texts to the leaves that carry a "NodeID". Every walk is depth first, in pre-order;
-// arrays grow behind what they hold. A null `tree` or a null array gives -1 (false where the result is a
-// bool) unless told otherwise; an invalid node has no children.
+// setting it, and writing texts to the leaves that have a "NodeID". Every walk is in document order; results
+// are appended to what the arrays hold. A null `tree` or a null array gives -1 (false where the result is a
+// bool) unless stated otherwise; an invalid node has no children.
 #pragma once
 
 #include <rytree_host/framework.h>
@@ -18,15 +18,15 @@ extern "C" RYTREE_API int rytree_get_attributes(RYXmlWrapperBase* tree, HostArra
 
 /// As VCTreeGetAttributes, but a node without the attribute gives the text of the nearest sibling before it
 /// that has the attribute, and an empty text only if there is none. Texts do not carry over from one level to
-/// another: each child list starts empty and goes on, behind a branch, with what it held before it.
+/// another: each child list starts with an empty text, and after a branch goes on with what it had before.
 RYTREE_API int vctree_get_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute,
                                      bool childrenOnly);
 
-/// Does one of three things on every node below `tree`, before them with `includeTop` on `tree` itself:
+/// Does one of three things on every node below `tree`, and with `includeTop` first on `tree` itself:
 /// - `collected` given: appends the int `attribute` of the node, -1 where it is missing. `value` and
-///   `removeIfNegative` play no part, and the tree does not change.
+///   `removeIfNegative` are ignored, and the tree does not change.
 /// - otherwise, with `removeIfNegative` and a negative `value`: removes `attribute`.
-/// - otherwise: writes `value` as int `attribute`, -1 too.
+/// - otherwise: writes `value` as int `attribute`, also if it is -1.
 /// 0; -1 for a null `tree`.
 RYTREE_API int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int value,
                                      CArray<int, int>* collected, int removeIfNegative, int includeTop);
@@ -36,14 +36,14 @@ extern "C" RYTREE_API int rytree_attribute_values(RYXmlWrapperBase* tree, const 
                                                   HostArrayObject* collected, int removeIfNegative);
 
 /// Sets `attribute` (null: "Show") to the text `value` (null: the empty text) on the nodes whose
-/// `matchAttribute` (null: "DataID") is one of the `ids`, compared as texts: "7" is no "07". They are looked
+/// `matchAttribute` (null: "DataID") is one of the `ids`, compared as texts: "7" is not "07". They are looked
 /// for among the children of `tree`, with `recursive` everywhere below it. An empty `matchAttribute` matches
 /// nothing. Each ID is handled on its own, in order, by the rules of
 /// rytree_copy_values_to_attributes_by_attribute_matching with all matches and case ignored; so
-/// - the result tells of the last ID alone: true if it matched a node which, with `recursive`, stands behind
+/// - the result is about the last ID alone: true if it matched a node which, with `recursive`, comes after
 ///   the last node that has children; false for no IDs or a null array;
-/// - where `attribute` is the `matchAttribute`, what one ID wrote the next one may match.
-/// Linear in nodes and IDs together, but in the latter case their product.
+/// - where `attribute` is the `matchAttribute`, an ID may match what an earlier one wrote.
+/// Linear in nodes and IDs together, but in the last case in their product.
 RYTREE_API bool VCTreeSetAttributes(RYXmlWrapperBase* tree, const CArray<int, int>* ids, const char* value,
                                     const char* attribute, const char* matchAttribute, bool recursive);
 

@@ -4,7 +4,7 @@
 #include <rytree_host/framework.h>
 #include <rytree_host/node.h>
 
-// A node that carries the attribute "OldValue" is marked as changed; the attribute holds the value before. A
+// A node that has the attribute "OldValue" is marked as changed; the attribute holds the value before. A
 // saved list has one string for each node below a start node, in pre-order: the text of a leaf, an empty
 // string for a branch.
 
@@ -18,27 +18,28 @@ extern "C" {
 RYTREE_API int rytree_node_changed(RYXmlWrapperBase* node, int set, const char* oldValue);
 
 /// VCTreeUpdateChanges with a host array of strings. Its result, or -1 if `node` or `saved` is null or
-/// `saved` holds no string array.
+/// `saved` does not hold a string array.
 RYTREE_API int rytree_update_changes(RYXmlWrapperBase* node, HostArrayObject* saved);
 
-/// VCTreeIsSame with two host arrays of ints; 0 too if either is null or holds no int array.
+/// VCTreeIsSame with two host arrays of ints; also 0 if either is null or does not hold an int array.
 RYTREE_API int ry_is_same(HostArrayObject* first, HostArrayObject* second);
 
-/// VCTreeGetChanged with two host arrays of strings; -1 too if either is null or holds no string array, which
-/// cannot be told from no difference.
+/// VCTreeGetChanged with two host arrays of strings; -1, as for no difference, also if either is null or does
+/// not hold a string array.
 RYTREE_API int ryget_changed(HostArrayObject* first, HostArrayObject* second, int caseSensitive);
-}
+
+}  // extern "C"
 
 /// Sets `value` to the value of a node as a saved list holds it: the text of a leaf, empty for a branch and
 /// for an invalid node.
 RYTREE_API void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value);
 
 /// Compares every node below `node` with its string in the saved list, byte for byte, and marks it with that
-/// string where they differ. Everywhere else the mark is removed, also from the nodes beyond the end of the
-/// list. Earlier marks do not survive. The result is the number of nodes marked, -1 if a pointer is null.
+/// string where they differ. Everywhere else the mark is removed, also from the nodes beyond the end of
+/// the list: earlier marks do not survive. The result is the number of nodes marked, -1 if a pointer is null.
 RYTREE_API int VCTreeUpdateChanges(RYXmlWrapperBase* node, CStringArray* saved);
 
-/// 1 if both arrays have the same numbers in the same order, two empty ones too; else 0, also for a null
+/// 1 if both arrays hold the same numbers in the same order or both are empty; else 0, also for a null
 /// pointer.
 RYTREE_API int VCTreeIsSame(CArray<int, int>* first, CArray<int, int>* second);
 

@@ -1,6 +1,6 @@
 // Copies between two trees whose nodes correspond by their place, by the equal text of an attribute, or by
-// their tag. The two nodes may lie in one tree. A null pointer gives 0 unless told otherwise; an invalid node
-// has no attributes and no children.
+// their tag. The two nodes may lie in one tree. A null pointer gives 0 unless stated otherwise; an invalid
+// node has no attributes and no children.
 #pragma once
 
 #include <rytree_host/framework.h>
@@ -10,12 +10,12 @@
 /// what is below them, and also the siblings that follow the start nodes. Texts of branches are not copied.
 /// The walk stops at the first difference in shape; what was copied before it stays.
 /// - `copyAttributes`: nonzero copies all attributes of each node too; those that only `dest` has stay.
-/// - `keep` (may be null): the names of attributes that are not to change in `dest`, with `copyAttributes`
-///   alone. Each node gets back those that were there and not empty, once what is below it is copied: nodes
-///   above a difference in shape stay with the attributes of `source`. A missing or empty one becomes that of
-///   `source`. A name that no attribute can have plays no part.
-/// 0: the shapes are the same, also that of two invalid nodes. 1: they differ, or one node alone is invalid.
-/// Linear in the smaller tree, times the names kept.
+/// - `keep` (may be null): with `copyAttributes`, the names of attributes that are not to change in `dest`. A
+///   node gets back those it had with a text, but only after everything below it has been copied: the nodes
+///   above a difference in shape are left with the attributes of `source`. An attribute that was missing or
+///   empty becomes that of `source`. A name that no attribute can have is ignored.
+/// 0 if the shapes are the same, or both nodes are invalid; 1 if they differ, or just one node is invalid.
+/// The cost is the size of the smaller tree times the number of names kept.
 RYTREE_API int vctree_copy_values_between_homologous_trees(RYXmlWrapperBase& dest, RYXmlWrapperBase& source,
                                                            int copyAttributes, CStringArray* keep);
 
@@ -24,9 +24,9 @@ extern "C" RYTREE_API int rytree_copy_values_between_homologous_trees(RYXmlWrapp
                                                                       RYXmlWrapperBase* source,
                                                                       int copyAttributes);
 
-/// Sets the int attribute "Branch" of `dest` to the bits of that of `source` that are in the low 32 bits of
-/// `mask`. It is replaced, not merged: no former bit of `dest` survives, and a mask of 0 writes 0. Nonzero if
-/// it was written; 0 if `source` has no such attribute or a node is null or invalid.
+/// Sets the int attribute "Branch" of `dest` to that of `source`, less the bits that are not in the low 32
+/// bits of `mask`. It is replaced, not merged: no former bit of `dest` survives, and a mask of 0 writes 0.
+/// Nonzero if it was written; 0 if `source` has no such attribute or a node is null or invalid.
 RYTREE_API int vctree_copy_branch_options(RYXmlWrapperBase* dest, RYXmlWrapperBase* source,
                                           unsigned long mask);
 
@@ -36,9 +36,9 @@ extern "C" {
 /// and a node match if both have `matchAttribute` and the two texts are equal; "7" is not "07".
 /// - `attribute`: what is written. Null: "Show".
 /// - `matchAttribute`: null means "DataID"; an empty name matches nothing.
-/// - `extraAttribute` (may be null): an attribute to copy as well, written behind `attribute`. For a leaf
-///   without it counts that of the nearest leaf before it that took part and had it, in the same child list;
-///   without one the empty text.
+/// - `extraAttribute` (may be null): an attribute to copy as well, written after `attribute`. A leaf without
+///   it passes on that of the nearest leaf before it in the same child list that took part and had it, or the
+///   empty text if there is none.
 /// - `recursive`: nonzero takes the whole of both branches, 0 the direct children of both. A node of
 ///   `source` with children is itself never a leaf, and with 0 it is passed over.
 /// - `all`: nonzero writes to every match, 0 to the first in pre-order. The walk over `source` goes on either
@@ -48,10 +48,10 @@ extern "C" {
 /// The result is neither a count nor true for any match. It is that of the last leaf, or branch with
 /// `recursive`, in the child list of `source`: a branch gives the result of its own child list, 0 for one
 /// without leaves that take part. A leaf gives 1 if it has a match, but with `all` and `recursive` a later
-/// branch of `target` replaces what came before it: then only matches count that stand behind the last node
-/// of `target` that has children, though all are written.
+/// branch of `target` replaces what came before it: then only matches after the last node of `target` that
+/// has children count, though all are written.
 ///
-/// Where a write changes a `matchAttribute` (it is `attribute` or `extraAttribute`), later leaves see the new
+/// If `matchAttribute` is `attribute` or `extraAttribute` as well, later leaves are compared with the new
 /// text. The cost is then the product of the two trees, otherwise linear in both together.
 RYTREE_API int rytree_copy_values_to_attributes_by_attribute_matching(
     RYXmlWrapperBase* source, RYXmlWrapperBase* target, const char* attribute, const char* matchAttribute,
@@ -61,9 +61,9 @@ RYTREE_API int rytree_copy_values_to_attributes_by_attribute_matching(
 RYTREE_API int rytree_node_copy_attribute(RYXmlWrapperBase* source, RYXmlWrapperBase* dest,
                                           const char* attribute);
 
-/// Copies one attribute from each node of a branch to the node at the same place in the other; with `skipTop`
-/// not between `source` and `dest` themselves. Children pair up by position as far as the shorter child list
-/// goes; the shapes may differ. The number of attributes copied.
+/// Copies one attribute from each node of a branch to the node at the same place in the other, but with
+/// `skipTop` not from `source` to `dest` themselves. Children pair up by position as far as the shorter child
+/// list goes; the shapes may differ. The number of attributes copied.
 RYTREE_API int rytree_copy_atts(RYXmlWrapperBase* source, RYXmlWrapperBase* dest, const char* attribute,
                                 int skipTop);
 

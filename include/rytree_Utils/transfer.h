@@ -2,19 +2,19 @@
 // nodes have the same IDs, and both in one call from tree to tree.
 //
 // IDs. The ID of a node is an int attribute, "DataID" unless the caller names another; a node without it has
-// ID -1. A branch that stands several times in a tree carries a "RepeatID" from 1 to 32766; any number
-// outside 1 to 32767 counts as none. The RepeatIDs of nested branches are OR-ed together on the way down.
-// Below them the ID of a node that has no RepeatID itself is composed: the repeat number in force in the high
-// 16 bits, the plain ID in the low 16.
+// ID -1. A branch that occurs several times in a tree has a "RepeatID" from 1 to 32766; any number outside 1
+// to 32767 counts as none. On the way down the RepeatIDs of nested branches are OR-ed together to the repeat
+// number in force. Below such a branch the ID of a node that has no RepeatID itself is composed: the repeat
+// number in force in the high 16 bits, the plain ID in the low 16.
 //
 // Leaves and branches. The value of a leaf is its text. A branch has no text value; its value is the
 // attribute "Use", or "Data" where bit 20 of "ThemeApplicability" is set.
 //
-// Decorations. In front of a value stand the attributes "Auto" and "DynaUseChck" of the node, where it has
-// them:
+// Decorations. The attributes "Auto" and "DynaUseChck" of a node, where it has them, are put in front of its
+// value:
 //     "::{Auto=1|Auto|1}::{DynaUseChck=1}12.5"
 //
-// "ThemeApplicability", an int attribute. Reading looks at bit 20 alone, at a branch's own attribute; writing
+// "ThemeApplicability", an int attribute. Reading looks only at bit 20 of a branch's own attribute; writing
 // obeys the nearest attribute on the node or above it:
 //     bit 16   0x10000   write   the value is not stored
 //     bit 17   0x20000   write   decorations are taken off the value but not written to attributes
@@ -39,8 +39,8 @@ struct _SETVALUESBYIDS {
 };
 
 /// Joins the ID of a node with the repeat number in force above it, one step of the walks below. `repeatOut`
-/// is written for the results 1 and 2 only, `*id` for 3 only; either may be null, a null `id` counts as no
-/// ID. Changes no tree.
+/// is written for the results 1 and 2 only, `*id` for 3 only; either may be null, and a null `id` counts as
+/// no ID. Changes no tree.
 ///   3   *id is composed: a node without RepeatID, an ID from 0 to 0xFFFF, a repeat number in force
 ///   2   *repeatOut is the node's RepeatID joined with the one in force
 ///   1   *repeatOut is the node's RepeatID; none was in force
@@ -55,23 +55,24 @@ extern "C" RYTREE_API int rytree_combine_treenode_id_with_repeat_id(RYXmlWrapper
 /// `node` itself is not read. A leaf needs an ID of 0 or more, a branch any ID but -1. Linear in the nodes.
 /// - `ids`, `values`: emptied, then filled. Null `values` empties `ids` and reads nothing.
 /// - `recursive`: nonzero for the whole branch, 0 for the direct children, branches among them too.
-/// - `changedOnly`: nonzero for only the nodes whose attribute "OldValue" is there and differs (case counts)
+/// - `changedOnly`: nonzero for only the nodes whose attribute "OldValue" exists and differs (case counts)
 ///   from the value with its decorations; "OldValue" is then overwritten with that value.
 /// - `repeat`: the repeat number in force at `node`, normally 0.
 /// - `idAttribute`: null means "DataID".
 /// - `allBranches`: nonzero gives a branch that has neither a value attribute nor a decoration the value
 ///   "-1", 0 gives it no entry. A branch with bit 20 makes it count as 0 for itself, the siblings that follow
 ///   and all below them.
-/// - `error` (may be null): gets the message about a node without DataID, but only into an empty string and
-///   with a null `idAttribute`, or about a node whose ID cannot be combined, which overwrites. Such a node is
-///   read all the same: under its plain ID, the repeat number from above in force below it.
+/// - `error` (may be null): gets a message about a node without DataID, if `idAttribute` is null and the
+///   string is still empty, and one about a node whose ID cannot be combined, which replaces any other. Such
+///   a node is read all the same, under its plain ID, and the repeat number from above stays in force below
+///   it.
 /// The number of nodes read; -1, and nothing changed, if `node` is null or invalid or `ids` is null.
 RYTREE_API int vctree_get_values_with_ids(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
                                           int recursive, int changedOnly, int repeat, const char* idAttribute,
                                           int allBranches, CString* error);
 
 /// The same with host arrays. `labels` (may be null) gets the attribute "Label" of each node read, or its tag
-/// where it has none; it is not emptied but grows behind what it holds. The result is -1, and nothing
+/// where it has none; it is not emptied, the new entries are appended. The result is -1, and nothing
 /// changed, also if `values` is null or one of the arrays is not of its kind.
 extern "C" RYTREE_API int rytree_get_values_with_ids(RYXmlWrapperBase* node, HostArrayObject* ids,
                                                      HostArrayObject* values, HostArrayObject* labels,
@@ -80,17 +81,17 @@ extern "C" RYTREE_API int rytree_get_values_with_ids(RYXmlWrapperBase* node, Hos
                                                      CString* error);
 
 /// Writes values into the nodes below `node` that have their IDs, in pre-order. A node whose ID is not in
-/// `ids` is left alone and its subtree still walked; an ID that no node has is no failure; several nodes may
-/// have one ID.
+/// `ids` is left alone and its subtree still walked; an ID that no node has is not a failure; several nodes
+/// may have one ID.
 ///
 /// Decorations ("::{name=text}" anywhere in a value of 7 characters or more, name and text not empty; one
 /// inside the text of another counts too) are written as attributes of those names, and the value is what
-/// stands behind the last of them. Then "ThemeApplicability" decides, as told above, whether and where the
+/// follows the last of them. Then "ThemeApplicability" decides, as described above, whether and where the
 /// value is stored; "Data" is never set to an empty value. A leaf whose composed ID has bit 21 (0x200000) set
 /// is stored as a branch is. Values are stored with CheckSetValue, the empty ones too.
 /// - `repeat`: the repeat number in force at `node`, normally 0.
-/// - `duplicate`: with null, equal IDs are no failure and the first one counts. Otherwise it gets the ID that
-///   stands twice, of several the one whose first place is foremost; it is untouched if there is none.
+/// - `duplicate`: if null, equal IDs are not a failure and the first one counts. Otherwise it gets the ID
+///   that occurs twice, of several such IDs the one that comes first in `ids`; without one it is untouched.
 /// - `storeArgument`: the first argument of every CheckSetValue.
 /// - `idAttribute`: null means "DataID".
 /// - `error` (may be null): overwritten with a message for the results -4 and -5.
@@ -98,7 +99,7 @@ extern "C" RYTREE_API int rytree_get_values_with_ids(RYXmlWrapperBase* node, Hos
 ///  -1   `node` is null or invalid, or `ids` or `values` is null
 ///  -2   an array is empty
 ///  -3   the sizes differ
-///  -4   an ID stands twice; nothing is written
+///  -4   an ID occurs twice; nothing is written
 ///  -5   the ID of a node cannot be combined with the repeat number; what was written before stays
 /// Linear in the nodes and the entries together.
 RYTREE_API int vctree_set_values_by_ids(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
@@ -107,8 +108,8 @@ RYTREE_API int vctree_set_values_by_ids(RYXmlWrapperBase* node, CArray<int, int>
 
 /// The same with host arrays, -1 also where one of them is not of its kind, and with options for the nodes
 /// that take a value, stored or not:
-///   0x10000   without an "Auto" decoration: the automatic mode that the node may have is off but kept
-///   0x20000   without a "DynaUseChck" decoration: that attribute, if it is there as an int, becomes 1
+///   0x10000   no "Auto" decoration: the automatic mode that the node may have is switched off but kept
+///   0x20000   no "DynaUseChck" decoration: that attribute becomes 1, if the node has it as an int
 /// A decoration that bit 17 kept from being written counts as none.
 extern "C" RYTREE_API int rytree_set_values_by_ids(RYXmlWrapperBase* node, HostArrayObject* ids,
                                                    HostArrayObject* values, int repeat, int* duplicate,
@@ -120,17 +121,16 @@ extern "C" RYTREE_API int rytree_set_values_by_ids(RYXmlWrapperBase* node, HostA
 /// - `storeArgument`: the first argument of every CheckSetValue.
 /// - `sourceIdAttribute`, `destinationIdAttribute`: null means "DataID".
 /// - `allBranches`: as in vctree_get_values_with_ids.
-/// - `hook` (may be null): once something was read, its `active` is 0 afterwards, also when the callback
-///   throws.
+/// - `hook` (may be null): if anything was read, its `active` is 0 afterwards, even if the callback throws.
 /// - `keepBit18Off`: nonzero makes bit 18 of "ThemeApplicability" count as not set.
 /// - `dropEmpty`: nonzero leaves empty values unwritten, and their IDs then match no node.
 /// The number of nodes matched, 0 also if there was nothing to read; or
-///  -N   the ID N, above 0, stands twice among those read; nothing is written
+///  -N   the ID N, above 0, occurs twice among those read; nothing is written
 ///  -1   a node is null
 ///  -2   `dropEmpty` left nothing
-///  -4   an ID of 0 or below stands twice; nothing is written
+///  -4   an ID of 0 or below occurs twice; nothing is written
 ///  -5   an ID in `destination` cannot be combined; what was written before stays
-/// A negated ID cannot be told from a code of the same number.
+/// A negated ID looks the same as the code of that number.
 RYTREE_API int vctree_copy_values_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination,
                                         int storeArgument, const char* sourceIdAttribute,
                                         const char* destinationIdAttribute, int allBranches,
@@ -146,18 +146,19 @@ extern "C" RYTREE_API int rytree_copy_values_by_id(RYXmlWrapperBase* source, RYX
 /// below it that has an int attribute "DataID" which no node below `destination` has as node ID or as DataID,
 /// a node is appended to the direct children of `destination`, whatever its depth in `source`, with its tag,
 /// DataID and "Label" (empty where it has none). Plain IDs are looked for, not composed ones. The nodes made
-/// stay also when the copy fails. The result is that of rytree_copy_values_by_id with all branches. Linear in
+/// stay even if the copy fails. The result is that of rytree_copy_values_by_id with all branches. Linear in
 /// the two trees.
 extern "C" RYTREE_API int rytree_whole_copy_values_by_id(RYXmlWrapperBase* source,
                                                          RYXmlWrapperBase* destination);
 
-/// Copies attributes instead of values, between the nodes of one ID. A source node takes part if one of the
-/// attributes is there and not empty; where it lacks the other, that is removed from the destination node.
+/// Copies attributes instead of values, between the nodes of one ID. A source node takes part if it has one
+/// of the attributes with a text that is not empty; where it lacks the other, that is removed from the
+/// destination node.
 /// - `attribute1`: null or empty means none.
 /// - `attribute2`: with `rename` 0 a second attribute, null or empty for none. With `rename` nonzero the name
-///   that attribute 1 gets in the destination; a name that is no XML name is never written.
+///   that attribute 1 gets in the destination; a name that is not an XML name is never written.
 /// - `sourceIdAttribute`, `destinationIdAttribute`: null means "DataID".
-/// The ID, negated, that stands twice among the nodes taking part, if it is above 0; nothing is written then.
+/// The ID, negated, that occurs twice among the nodes taking part, if it is above 0; nothing is written then.
 /// 0 in every other case, failures and null nodes included.
 extern "C" RYTREE_API int rytree_copy_atts_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination,
                                                  const char* attribute1, const char* sourceIdAttribute,
@@ -167,7 +168,7 @@ extern "C" RYTREE_API int rytree_copy_atts_by_id(RYXmlWrapperBase* source, RYXml
 /// Removes from `destination` what equals `source`: each leaf whose value, decorations included, equals
 /// without regard to case that of the same ID in `source`, and each branch that has thus lost its last child,
 /// whatever its ID. The values of branches are not compared, and a leaf without an ID stays.
-/// The number of nodes removed, 0 also if `source` has no value to give; -N or -4 for an ID that stands twice
+/// The number of nodes removed, 0 also if `source` has no value to give; -N or -4 for an ID that occurs twice
 /// in `source`, -1 and -5 as in vctree_copy_values_by_id, with removed in place of written. Linear in the two
 /// trees.
 extern "C" RYTREE_API int rytree_remove_unchange_nodes_by_id(RYXmlWrapperBase* source,
