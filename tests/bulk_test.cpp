@@ -8,7 +8,7 @@ namespace {
 using Node = RYXmlWrapperBase;
 using Ints = CArray<int, int>;
 
-/// An array from its items, a comma between them, and back, a comma behind each.
+/// An array from its items, a comma between them, and back, a comma after each.
 template <class Array>
 Array list(const std::string& cell) {
   Array array;
@@ -35,7 +35,7 @@ std::string joined(const Ints& numbers) {
 
 const char* or_null(const std::string& cell) { return cell == "-" ? nullptr : cell.c_str(); }
 
-TEST(Bulk, ListsAttributes) {
+TEST(Bulk, lists_attributes) {
   Node tree = parse(
       "<R k='r'><a k='a'><b/><c k='c'/><d><e/></d></a><f/><g k=''/><h/><i k='i'><j/><k k='k'/></i></R>");
   using List = int (*)(Node*, CStringArray*, const char*, bool);
@@ -60,7 +60,7 @@ TEST(Bulk, ListsAttributes) {
   EXPECT_EQ(rytree_get_attributes(nullptr, &values, "k", 0), -1);
 }
 
-TEST(Bulk, CollectsWritesAndRemovesInts) {
+TEST(Bulk, collects_writes_and_removes_ints) {
   const char* const xml = "<R k='1'><a k='2'><b/><c k='x'/></a><d k='-1'/></R>";
   // the value, whether there is an array, whether to remove and the top
   for (const auto& [value, collects, remove, top, after, collected] : rows<6>(R"(
@@ -88,7 +88,7 @@ TEST(Bulk, CollectsWritesAndRemovesInts) {
   EXPECT_EQ(rytree_attribute_values(nullptr, "k", -5, nullptr, 1), -1);
 }
 
-TEST(Bulk, WritesLeavesByNodeId) {
+TEST(Bulk, writes_leaves_by_node_id) {
   const auto make = [] {
     return parse(R"(<R NodeID='1'><a NodeID='1'>t<b NodeID='2'/><c NodeID='1'>o</c></a><d NodeID='1'/><e/>
                     <f NodeID='x'/></R>)");
@@ -118,16 +118,23 @@ TEST(Bulk, WritesLeavesByNodeId) {
   EXPECT_EQ(vctree_set_values_by_nodeids(&tree, nullptr, &values), -2);
 }
 
-TEST(Bulk, SetsAttributesByIds) {
+TEST(Bulk, sets_attributes_by_ids) {
   const auto set = rytree_set_attributes;
   for (const auto& [id_list, value, attribute, match, recursive, result, after] : rows<7>(R"(
-      1     | v | - | - | 1 | 1 | <R><a DataID='1' Show='v'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1' Show='v'/></R>
-      1,2,5 | - | w | - | 1 | 0 | <R><a DataID='1' w=''><b DataID='2' w=''/></a><c DataID='02' k='2'/><d DataID='1' w=''/></R>
-      5,2   | v | w | k | 0 | 1 | <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2' w='v'/><d DataID='1'/></R>
-      1,3   | 3 | DataID | - | 1 | 1 | <R><a DataID='3'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='3'/></R>
-      1,3   | 3 | Show   | - | 1 | 0 | <R><a DataID='1' Show='3'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1' Show='3'/></R>
-      1,2   | v | w |   | 1 | 0 | <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>
-            | v | - | - | 1 | 0 | <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>)")) {
+      1     | v | - | - | 1 | 1 | \
+          <R><a DataID='1' Show='v'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1' Show='v'/></R>
+      1,2,5 | - | w | - | 1 | 0 | \
+          <R><a DataID='1' w=''><b DataID='2' w=''/></a><c DataID='02' k='2'/><d DataID='1' w=''/></R>
+      5,2   | v | w | k | 0 | 1 | \
+          <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2' w='v'/><d DataID='1'/></R>
+      1,3   | 3 | DataID | - | 1 | 1 | \
+          <R><a DataID='3'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='3'/></R>
+      1,3   | 3 | Show   | - | 1 | 0 | \
+          <R><a DataID='1' Show='3'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1' Show='3'/></R>
+      1,2   | v | w |   | 1 | 0 | \
+          <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>
+            | v | - | - | 1 | 0 | \
+                <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>)")) {
     Node tree = parse("<R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>");
     HostIntArray ids;
     ids.array() = list<Ints>(id_list);

@@ -6,62 +6,66 @@
 
 namespace {
 
-using Strings = std::vector<const char*>;
-
-void fill(HostStringArray& object, const Strings& strings) {
-  for (const char* const string : strings) object.array().Add(string);
+CStringArray list(const std::vector<const char*>& strings) {
+  CStringArray array;
+  for (const char* const string : strings) array.Add(string);
+  return array;
 }
 
-TEST(ChangeMark, set_read_and_cleared) {
-  RYXmlWrapperBase node = parse("<A OldName=\"n\" Label=\"l\"/>");
-  EXPECT_TRUE(rytree_node_changed(&node, 0, "old") == 0 && rytree_node_changed(&node, 2, "") == 1);
+TEST(Changes, mark_is_set_read_and_cleared) {
+  RYXmlWrapperBase node = parse("<A OldName='n' Label='l'/>");
+  EXPECT_EQ(rytree_node_changed(&node, 0, "old"), 0);
+  EXPECT_EQ(rytree_node_changed(&node, 2, ""), 1);
   EXPECT_NE(rytree_node_changed(&node, 0, nullptr), 0);
   EXPECT_EQ(rytree_node_changed(&node, -1, "old"), 1);
-  EXPECT_EQ(text(node), "<A OldName=\"n\" Label=\"l\" OldValue=\"old\"/>");
+  EXPECT_EQ(text(node), text(parse("<A OldName='n' Label='l' OldValue='old'/>")));
   EXPECT_EQ(rytree_node_changed(&node, 1, nullptr), 1);
-  EXPECT_EQ(text(node), "<A Label=\"l\"/>");
+  EXPECT_EQ(text(node), text(parse("<A Label='l'/>")));
 }
 
-TEST(Changes, marked_against_a_list) {
-  const Rows<Strings, int, const char*> rows = {
-      {{"A", "", "c", "d", "e"}, 1, "<R>r<A OldValue=\"A\">a</A><B>b<C>c</C></B><D>d</D></R>"},
-      {{"a", "b"}, 1, "<R>r<A>a</A><B OldValue=\"b\">b<C>c</C></B><D>d</D></R>"},
-      {{"", "", "x"}, 2, "<R>r<A OldValue=\"\">a</A><B>b<C OldValue=\"x\">c</C></B><D>d</D></R>"},
-      {{}, 0, "<R>r<A>a</A><B>b<C>c</C></B><D>d</D></R>"}};
+TEST(Changes, nodes_are_marked_against_a_list) {
   // Each comparison starts with the marks of the one before, and none of them may stay.
-  RYXmlWrapperBase tree = parse("<R>r<A>a</A><B>b<C OldName=\"n\">c</C></B><D OldValue=\"e\">d</D></R>");
-  for (const auto& [strings, changed, xml] : rows) {
+  RYXmlWrapperBase tree = parse("<R>r<A>a</A><B>b<C OldName='n'>c</C></B><D OldValue='e'>d</D></R>");
+  using R = Row<std::vector<const char*>, int, const char*>;
+  for (const auto& [strings, changed, after] :
+       Rows{R{{"A", "", "c", "d", "e"}, 1, "<R>r<A OldValue='A'>a</A><B>b<C>c</C></B><D>d</D></R>"},
+            R{{"a", "b"}, 1, "<R>r<A>a</A><B OldValue='b'>b<C>c</C></B><D>d</D></R>"},
+            R{{"", "", "x"}, 2, "<R>r<A OldValue=''>a</A><B>b<C OldValue='x'>c</C></B><D>d</D></R>"},
+            R{{}, 0, "<R>r<A>a</A><B>b<C>c</C></B><D>d</D></R>"}}) {
     HostStringArray saved;
-    fill(saved, strings);
+    saved.array() = list(strings);
     EXPECT_EQ(rytree_update_changes(&tree, &saved), changed);
-    EXPECT_EQ(text(tree), xml);
+    EXPECT_EQ(text(tree), text(parse(after)));
   }
-  CString value;
-  for (const char* const read : {"a", ""}) {
-    RYXmlWrapperBase node = *read ? at(tree, {0}) : tree;
-    VCTreeNodeGetValue(node, value);
-    EXPECT_EQ(value, read);
+  RYXmlWrapperBase dead = dead_node();
+  RYXmlWrapperBase leaf = at(tree, {0});
+  for (const auto& [node, expected] :
+       Rows<RYXmlWrapperBase*, const char*>{{&leaf, "a"}, {&tree, ""}, {&dead, ""}}) {
+    CString value("former");
+    VCTreeNodeGetValue(*node, value);
+    EXPECT_EQ(value, expected);
   }
 }
 
-TEST(Lists, same_numbers) {
+TEST(Changes, lists_of_ints_are_compared) {
   HostIntArray a;
   HostIntArray b;
   a.array().Add(1);
-  EXPECT_EQ(ry_is_same(&a, &b) + ry_is_same(&b, &a), 0);
+  EXPECT_EQ(ry_is_same(&a, &b), 0);
+  EXPECT_EQ(ry_is_same(&b, &a), 0);
   b.array().Add(2);
   EXPECT_EQ(ry_is_same(&a, &b), 0);
   EXPECT_EQ(ry_is_same(&a, &a), 1);
 }
 
-TEST(Lists, first_difference) {
-  const Rows<Strings, Strings, int, int> rows = {
-      {{"a"}, {}, -2, -2}, {{"a", "b"}, {"a", "b"}, -1, -1}, {{"a", "É", "c"}, {"a", "é", "d"}, 1, 2}};
-  for (const auto& [strings, others, exact, ignoring_case] : rows) {
+TEST(Changes, first_difference_of_lists) {
+  using Strings = std::vector<const char*>;
+  for (const auto& [strings, others, exact, ignoring_case] : Rows<Strings, Strings, int, int>{
+           {{"a"}, {}, -2, -2}, {{"a", "b"}, {"a", "b"}, -1, -1}, {{"a", "É", "c"}, {"a", "é", "d"}, 1, 2}}) {
     HostStringArray first;
     HostStringArray second;
-    fill(first, strings);
-    fill(second, others);
+    first.array() = list(strings);
+    second.array() = list(others);
     EXPECT_EQ(ryget_changed(&first, &second, 256), exact);
     EXPECT_EQ(ryget_changed(&first, &second, 0), ignoring_case);
   }
@@ -73,13 +77,14 @@ TEST(Changes, bad_arguments) {
   RYXmlWrapperBase dead = dead_node();
   EXPECT_EQ(rytree_update_changes(&dead, &ints), -1);
   EXPECT_EQ(rytree_update_changes(nullptr, &strings), -1);
-  EXPECT_EQ(rytree_node_changed(nullptr, 1, "a") + rytree_node_changed(&dead, 0, nullptr), 0);
-  EXPECT_EQ(rytree_node_changed(&dead, 1, "a") + rytree_node_changed(&dead, 1, nullptr), 2);
-  CString value("old");
-  VCTreeNodeGetValue(dead, value);
-  EXPECT_EQ(value, "");
-  EXPECT_EQ(ry_is_same(nullptr, &ints) + ry_is_same(&ints, &strings), 0);
-  EXPECT_EQ(ryget_changed(nullptr, &strings, 1) + ryget_changed(&strings, &ints, 1), -2);
+  EXPECT_EQ(rytree_node_changed(nullptr, 1, "a"), 0);
+  EXPECT_EQ(rytree_node_changed(&dead, 0, nullptr), 0);
+  EXPECT_EQ(rytree_node_changed(&dead, 1, "a"), 1);
+  EXPECT_EQ(rytree_node_changed(&dead, 1, nullptr), 1);
+  EXPECT_EQ(ry_is_same(nullptr, &ints), 0);
+  EXPECT_EQ(ry_is_same(&ints, &strings), 0);
+  EXPECT_EQ(ryget_changed(nullptr, &strings, 1), -1);
+  EXPECT_EQ(ryget_changed(&strings, &ints, 1), -1);
 }
 
 }  // namespace

@@ -13,37 +13,46 @@ std::string entries(const CArray<int, int>& ids, const CStringArray& values) {
   return std::string(all.View());
 }
 
-// The tree, how to read it, the entries, the message and the tree after it unless it stays. F is not
-// recursive, C changed only, B not all branches, N by the attribute "No"; a number is the repeat in force.
-const char* const kHarvests = R"(
+TEST(Harvest, reads_values_with_ids) {
+  // The tree, how to read it, the entries, the message and the tree after it unless it stays. F is not
+  // recursive, C changed only, B not all branches, N by the attribute "No"; a number is the repeat in force.
+  for (const auto& [before, flags, found, message, after] : rows<5>(R"(
     // Repeats, values of branches, a decoration.
-    <R><P #1>12</P><Q #2 ^128 Use='1'><R #3>5</R><S #4 Label=''><T #5 Auto='2' Label='t'>7</T></S></Q></R> |  | 1=12;2=1;0x800003=5;0x800004=-1;0x800005=::{Auto=2}7;
+    <R><P #1>12</P><Q #2 ^128 Use='1'><R #3>5</R><S #4 Label=''><T #5 Auto='2' Label='t'>7</T></S></Q></R> | \
+         | 1=12;2=1;0x800003=5;0x800004=-1;0x800005=::{Auto=2}7;
     <R><a #0 Auto='x' DynaUseChck=''>v</a></R> |  | 0=::{Auto=x}::{DynaUseChck=}v;
     // A bare branch has no entry, a decorated one has.
     <R><S #4>x<T #5>7</T></S></R> | B | 5=7;
-    <R><S #4 Auto=''/><S #5 Auto='x' Use='u'><T #6/></S><S #7 Auto=''><T #8/></S></R> | B | 4=::{Auto=};5=::{Auto=x}u;6=;7=::{Auto=}-1;8=;
+    <R><S #4 Auto=''/><S #5 Auto='x' Use='u'><T #6/></S><S #7 Auto=''><T #8/></S></R> | B | \
+        4=::{Auto=};5=::{Auto=x}u;6=;7=::{Auto=}-1;8=;
     <R><P #1>a</P><Q #2 Use=''><S #3>b</S></Q></R> | F | 1=a;2=;
-    <R><a #-1>x</a><a #-2>x</a><B #-2><a #1>y</a></B><B><a #2>z</a></B></R> |  | -2=-1;1=y;2=z; | Missing DataID for Node with Name = , Label =
+    <R><a #-1>x</a><a #-2>x</a><B #-2><a #1>y</a></B><B><a #2>z</a></B></R> |  | -2=-1;1=y;2=z; | \
+        Missing DataID for Node with Name = , Label =
     <R><a Name='n' Label='l'>x</a></R> |  |  | Missing DataID for Node with Name = n, Label = l
     <R><a No='7'>x</a><a #1>y</a></R> | N | 7=x;
     // A repeat in force is joined with those below it; an ID that is too wide is read plain.
     <R><a #7>x</a><a #65535/></R> | 3 | 0x30007=x;0x3FFFF=;
     <R><B #1 ^4><a #2/></B></R> | 3 | 1=-1;0x70002=;
-    <R><a #65536 Label='l'>x</a><a #1/></R> | 3 | 0x10000=x;0x30001=; | DataID conflict with RepeatID for Node with Name = a, Label = l, Repeat ID = 65536
+    <R><a #65536 Label='l'>x</a><a #1/></R> | 3 | 0x10000=x;0x30001=; | \
+        DataID conflict with RepeatID for Node with Name = a, Label = l, Repeat ID = 65536
     // Repeats that overlap are not joined, and the last message stays.
-    <R><a/><B #1 ^4 Label='l'><a #2/></B></R> | 6 | 1=-1;0x60002=; | Repeat ID conflict for Node with Name = B, Label = l, Repeat ID = 6
-    <R><B #1 ^32767><a #2/></B><B #3 ^32768><a #4/></B><B #5 ^-4><a #6/></B></R> | 1 | 1=-1;0x10002=;0x10003=-1;0x10004=;0x10005=-1;0x10006=; | Repeat ID invalid for Node with Name = B, Label = , Repeat ID = 1
-    // Bit 20: one value from Data. Siblings that follow and what is below them lose all branches, no others do.
-    <R><P #1><Q #2 ~20 Use='u' Data='d'><a #3/></Q><Q #4><Q #5><a #6/></Q></Q></P><P #7><a #8/></P></R> |  | 1=-1;2=d;6=;7=-1;8=;
-    <R><P #1 ~20 Use='u'><a #2/></P><P #3 ~20 Auto='x'><a #4/></P><a #5 ~20 Data='d'>t</a></R> |  | 3=::{Auto=x}-1;5=t;
+    <R><a/><B #1 ^4 Label='l'><a #2/></B></R> | 6 | 1=-1;0x60002=; | \
+        Repeat ID conflict for Node with Name = B, Label = l, Repeat ID = 6
+    <R><B #1 ^32767><a #2/></B><B #3 ^32768><a #4/></B><B #5 ^-4><a #6/></B></R> | 1 | \
+        1=-1;0x10002=;0x10003=-1;0x10004=;0x10005=-1;0x10006=; | \
+        Repeat ID invalid for Node with Name = B, Label = , Repeat ID = 1
+    // Bit 20: one value from Data. Only siblings that follow and what is below them lose all branches.
+    <R><P #1><Q #2 ~20 Use='u' Data='d'><a #3/></Q><Q #4><Q #5><a #6/></Q></Q></P><P #7><a #8/></P></R> |  | \
+        1=-1;2=d;6=;7=-1;8=;
+    <R><P #1 ~20 Use='u'><a #2/></P><P #3 ~20 Auto='x'><a #4/></P><a #5 ~20 Data='d'>t</a></R> |  | \
+        3=::{Auto=x}-1;5=t;
     <R>text</R> |  |
-    <R><a #1>x</a><a #2 OldValue='x'>x</a><a #3 OldValue='x'>X</a><a #4 OldValue='x' Auto='1'>x</a></R> | C | 3=X;4=::{Auto=1}x; |  | <R><a #1>x</a><a #2 OldValue='x'>x</a><a #3 OldValue='X'>X</a><a #4 OldValue='::{Auto=1}x' Auto='1'>x</a></R>
-    <R><B #5 OldValue='' Use='u'><a/></B><B #6 OldValue='-1'><a/></B><B #7 OldValue=''><a/></B></R> | CB | 5=u; | Missing DataID for Node with Name = , Label = | <R><B #5 OldValue='u' Use='u'><a/></B><B #6 OldValue='-1'><a/></B><B #7 OldValue=''><a/></B></R>
-)";
-
-TEST(Harvest, reads_values_with_ids) {
-  for (const auto& [before, flags, found, message, after] : rows<5>(kHarvests)) {
-    SCOPED_TRACE(before);
+    <R><a #1>x</a><a #2 OldValue='x'>x</a><a #3 OldValue='x'>X</a><a #4 OldValue='x' Auto='1'>x</a></R> | \
+        C | 3=X;4=::{Auto=1}x; |  | <R><a #1>x</a><a #2 OldValue='x'>x</a><a #3 OldValue='X'>X</a>\
+        <a #4 OldValue='::{Auto=1}x' Auto='1'>x</a></R>
+    <R><B #5 OldValue='' Use='u'><a/></B><B #6 OldValue='-1'><a/></B><B #7 OldValue=''><a/></B></R> | CB | \
+        5=u; | Missing DataID for Node with Name = , Label = | \
+        <R><B #5 OldValue='u' Use='u'><a/></B><B #6 OldValue='-1'><a/></B><B #7 OldValue=''><a/></B></R>)")) {
     const int recursive = flags != "F";
     const int changed_only = flags.starts_with('C');
     const int all_branches = !flags.ends_with('B');
@@ -109,8 +118,8 @@ TEST(Harvest, combines_ids_and_repeats) {
     int id = given;
     int joined = -9;
     EXPECT_EQ(rytree_combine_treenode_id_with_repeat_id(&node, &id, &joined, repeat), code);
-    EXPECT_EQ(id, id_after) << own << ' ' << given << ' ' << repeat;
-    EXPECT_EQ(joined, repeat_after) << own << ' ' << given << ' ' << repeat;
+    EXPECT_EQ(id, id_after);
+    EXPECT_EQ(joined, repeat_after);
     EXPECT_EQ(rytree_combine_treenode_id_with_repeat_id(&node, nullptr, nullptr, repeat),
               code == 3 || code == -1 ? 0 : code);
   }

@@ -1,9 +1,7 @@
-// What the tests of the transfer by ID share: a short form for trees with IDs, the transfer done word for
-// word the slow way, and random trees to compare it with the library on.
+// What the tests of the transfer by ID share: a short form for trees with IDs, the apply done the slow way,
+// step by step, and random trees on which the library is compared with it.
 #pragma once
 
-#include <rytree_Utils/autosupport.h>
-#include <rytree_Utils/lookup.h>
 #include <rytree_Utils/transfer.h>
 
 #include <algorithm>
@@ -40,9 +38,9 @@ inline int duplicate(const CArray<int, int>& ids) {
   return at == ids.end() ? -1 : static_cast<int>(at - ids.begin());
 }
 
-inline int combine(RYXmlWrapperBase& node, const char* attribute, int repeat, int& id, int& child_repeat) {
+inline int combine(RYXmlWrapperBase& node, int repeat, int& id, int& child_repeat) {
   id = -1;
-  node.GetPropertyValue(attribute, id);
+  node.GetDataID(id);
   child_repeat = repeat;
   return rytree_combine_treenode_id_with_repeat_id(&node, &id, &child_repeat, repeat);
 }
@@ -57,80 +55,42 @@ inline bool holds_a_tag(const std::string& text) {
 struct Apply {
   const CArray<int, int>& ids;
   const CStringArray& values;
-  const char* attribute;
-  CString* error;
-  int* duplicate_out;
-  _SETVALUESBYIDS* hook = nullptr;
-  DWORD options = 0;
-  bool keep_bit_18_off = false;
+  _SETVALUESBYIDS* hook;
+  bool keep_bit_18_off;
 
-  int run(RYXmlWrapperBase& node, int repeat) {
-    if (ids.IsEmpty()) return -2;
-    const int twice = duplicate_out != nullptr ? duplicate(ids) : -1;
-    if (twice < 0) return walk(node, 0, repeat);
-    *duplicate_out = ids[twice];
-    if (error == nullptr) return -4;
-    error->Format("\n******  _tree_set_values_by_ids found dup id = %d, %X. RepeatID = %d\n", ids[twice],
-                  static_cast<unsigned>(ids[twice]), repeat);
-    return -4;
-  }
-
-  int walk(RYXmlWrapperBase& node, int theme, int repeat) {
+  int walk(RYXmlWrapperBase& node, int theme, int repeat) const {
     int count = 0;
     for (Children child(node); child; ++child) {
-      const int below = visit(*child, theme, repeat);
+      int id = -1;
+      int child_repeat = repeat;
+      child->GetDataID(id);
+      const bool activates = hook != nullptr && hook->active == 0 && hook->dataId == id;
+      if (combine(*child, repeat, id, child_repeat) < 0) return -5;
+      if (activates) hook->active = 1;
+      int child_theme = theme;
+      child->GetPropertyValue("ThemeApplicability", child_theme);
+      const bool branch = child->GetNodeCount() > 0;
+      const int entry = id >= 0 ? find(ids, id) : -1;
+      if (entry >= 0)
+        store(*child, std::string(values[entry].View()), branch || (id & 0x200000) != 0, child_theme);
+      const int below = branch ? walk(*child, child_theme, child_repeat) : 0;
+      if (activates) hook->active = 0;
       if (below < 0) return below;
-      count += below;
+      count += below + (entry >= 0 ? 1 : 0);
     }
     return count;
   }
 
-  int visit(RYXmlWrapperBase& node, int theme, int repeat) {
-    int id = -1;
-    int child_repeat = repeat;
-    node.GetPropertyValue(attribute, id);
-    const bool activates = hook != nullptr && hook->active == 0 && hook->dataId == id;
-    if (const int code = combine(node, attribute, repeat, id, child_repeat); code < 0) {
-      if (error != nullptr) describe(code, node, id, repeat);
-      return -5;
-    }
-    if (activates) hook->active = 1;
-    node.GetPropertyValue("ThemeApplicability", theme);
-    const bool branch = node.GetNodeCount() > 0;
-    const int at = id >= 0 ? find(ids, id) : -1;
-    if (at >= 0) store(node, std::string(values[at].View()), branch || (id & 0x200000) != 0 ? 1 : 0, theme);
-    const int below = branch ? walk(node, theme, child_repeat) : 0;
-    if (activates) hook->active = 0;
-    return below < 0 ? below : below + (at >= 0 ? 1 : 0);
-  }
-
-  void describe(int code, RYXmlWrapperBase& node, int id, int repeat) const {
-    const char* const starts[] = {"DataID conflict with RepeatID", "Repeat ID conflict", "Repeat ID invalid"};
-    CString label;
-    node.GetPropertyValue("Label", label);
-    error->Format("%s for Node with Name = %s, Label = %s, Repeat ID = %d", starts[-code - 1],
-                  tag(node).c_str(), label.GetString(), code == -1 ? id : repeat);
-  }
-
-  void store(RYXmlWrapperBase& node, const std::string& value, int form, int theme) const {
+  void store(RYXmlWrapperBase& node, const std::string& value, bool as_branch, int theme) const {
     std::string rest = value;
-    bool automatic = false;
-    bool dynamic = false;
     for (std::size_t at = 0; value.size() >= 7 && (at = value.find("::{", at)) != std::string::npos; ++at) {
       const std::size_t close = value.find('}', at + 3);
       const std::size_t equals = value.find('=', at + 3);
       if (close == std::string::npos || equals > close || equals == at + 3 || equals + 1 == close) continue;
       rest = value.substr(close + 1);
-      if ((theme & 0x20000) != 0) continue;
       const std::string name = value.substr(at + 3, equals - at - 3);
-      node.SetPropertyValue(name.c_str(), value.substr(equals + 1, close - equals - 1).c_str());
-      automatic = automatic || lstrcmpiA(name.c_str(), "Auto") == 0;
-      dynamic = dynamic || lstrcmpiA(name.c_str(), "DynaUseChck") == 0;
-    }
-    if ((options & 0x10000) != 0 && !automatic) vctree_check_reset_auto_support(node);
-    int check = 0;
-    if ((options & 0x20000) != 0 && !dynamic && node.GetPropertyValue("DynaUseChck", check) != 0) {
-      node.SetPropertyValue("DynaUseChck", 1);
+      const std::string text = value.substr(equals + 1, close - equals - 1);
+      if ((theme & 0x20000) == 0) node.SetPropertyValue(name.c_str(), text.c_str());
     }
     const bool wants_tag = (theme & 0x40000) != 0 && !keep_bit_18_off;
     if ((theme & 0x10000) != 0 || (wants_tag && !holds_a_tag(rest))) return;
@@ -140,54 +100,13 @@ struct Apply {
       hook->callback(hook);
       hook->value = nullptr;
     }
-    if ((theme & 0x100000) == 0 || form == 0) {
-      node.CheckSetValue(0, stored, form);
+    if ((theme & 0x100000) == 0 || !as_branch) {
+      node.CheckSetValue(0, stored, as_branch ? 1 : 0);
     } else if (!stored.IsEmpty()) {
       node.SetPropertyValue("Data", stored);
     }
   }
 };
-
-inline void make_missing(RYXmlWrapperBase& source, RYXmlWrapperBase& destination) {
-  RYXmlWrapperBase out;
-  int id = 0;
-  if (source.GetDataID(id) != 0 && rytree_get_node_by_id(&destination, &out, id, true) == 0) {
-    CString label;
-    source.GetPropertyValue("Label", label);
-    destination.AddNode(out, tag(source).c_str(), -1);
-    out.SetLabel(label);
-    out.SetDataID(id);
-  }
-  for (Children child(source); child; ++child) make_missing(*child, destination);
-}
-
-inline int prune(RYXmlWrapperBase& node, const CArray<int, int>& ids, const CStringArray& values,
-                 int repeat) {
-  int count = 0;
-  for (Children child(node); child;) {
-    RYXmlWrapperBase taken = child.take();
-    int id = -1;
-    int child_repeat = repeat;
-    if (combine(taken, "DataID", repeat, id, child_repeat) < 0) return -5;
-    bool goes = false;
-    if (taken.GetNodeCount() > 0) {
-      const int below = prune(taken, ids, values, child_repeat);
-      if (below < 0) return below;
-      count += below;
-      goes = taken.GetNodeCount() == 0;
-    } else if (const int at = id >= 0 ? find(ids, id) : -1; at >= 0) {
-      CString value;
-      CString part;
-      taken.GetNodeStringWithBlobInfo(value, 0);
-      for (const char* const name : {"DynaUseChck", "Auto"}) {
-        if (taken.GetPropertyValue(name, part) != 0) value = CString("::{") + name + "=" + part + "}" + value;
-      }
-      goes = _mbsicmp(value, values[at]) == 0;
-    }
-    if (goes) count += node.RemoveChild(taken, nullptr) != 0 ? 1 : 0;
-  }
-  return count;
-}
 
 }  // namespace slow
 

@@ -83,7 +83,7 @@ class Rows : public Table<std::tuple<Column...>> {
 };
 
 /// The cases of a raw string, one on a line, as `Count` cells parted by " |" (the last may lack), blanks
-/// trimmed:
+/// trimmed; a line that ends in a backslash goes on in the next, whose leading blanks do not count:
 ///     for (const auto& [before, after] : rows<2>(R"(<a/> | <b/>)")) …
 template <std::size_t Count>
 class TextRows : public Table<std::array<std::string, Count>> {
@@ -91,8 +91,12 @@ class TextRows : public Table<std::array<std::string, Count>> {
   TextRows(const char* table, SourceLine source) {
     std::istringstream lines(table);
     for (std::string line; std::getline(lines, line); ++source.line) {
+      const SourceLine start = source;
+      for (std::string more; line.ends_with('\\') && std::getline(lines, more); ++source.line) {
+        line.replace(line.size() - 1, 1, more, more.find_first_not_of(' '));
+      }
       if (line.find(" |") == std::string::npos) continue;
-      this->lines_.push_back({{}, source});
+      this->lines_.push_back({{}, start});
       for (std::string& cell : this->lines_.back().cells) {
         cell = line.substr(0, line.find(" |"));
         line.erase(0, cell.size() + 2);
