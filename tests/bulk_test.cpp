@@ -1,25 +1,23 @@
 #include <rytree_Utils/bulk.h>
 #include <rytree_Utils/frame.h>
 
-#include "tree_text.h"
+#include "transfer_model.h"
 
 namespace {
 
 using Node = RYXmlWrapperBase;
 using Ints = CArray<int, int>;
 
-/// An array from its items, a comma between them, and back, a comma after each.
-template <class Array>
-Array list(const std::string& cell) {
-  Array array;
+/// Arrays from their items, a comma between them, and back, a comma after each.
+CStringArray strings(const std::string& cell) {
+  CStringArray array;
   std::istringstream items(cell);
-  for (std::string item; std::getline(items, item, ',');) {
-    if constexpr (std::is_same_v<Array, Ints>) {
-      array.Add(std::stoi(item));
-    } else {
-      array.Add(item.c_str());
-    }
-  }
+  for (std::string item; std::getline(items, item, ',');) array.Add(item.c_str());
+  return array;
+}
+Ints ints(const std::string& cell) {
+  Ints array;
+  for (const CString& item : strings(cell)) array.Add(std::stoi(item.GetString()));
   return array;
 }
 std::string joined(const CStringArray& texts) {
@@ -47,16 +45,16 @@ TEST(Bulk, lists_attributes) {
       {vctree_get_attributes, nullptr, true, "0,,,,,,"},
   };
   for (const auto& [get, attribute, children_only, expected] : cases) {
-    CStringArray values = list<CStringArray>("0");
+    CStringArray values = strings("0");
     EXPECT_EQ(get(&tree, &values, attribute, children_only), 0);
     EXPECT_EQ(joined(values), expected);
   }
   HostStringArray values;
-  HostIntArray ints;
+  HostIntArray no_texts;
   EXPECT_EQ(rytree_get_attributes(&tree, &values, "k", 2), 0);
   EXPECT_EQ(rytree_get_attributes(&tree, &values, "k", 0), 0);
   EXPECT_EQ(joined(values.array()), "a,,,,i,a,,c,,,,,,i,,k,");
-  EXPECT_EQ(rytree_get_attributes(&tree, &ints, "k", 0), -1);
+  EXPECT_EQ(rytree_get_attributes(&tree, &no_texts, "k", 0), -1);
   EXPECT_EQ(rytree_get_attributes(nullptr, &values, "k", 0), -1);
 }
 
@@ -71,19 +69,19 @@ TEST(Bulk, collects_writes_and_removes_ints) {
       -1 |   | 1 | 1 | <R><a><b/><c/></a><d/></R>                                         | 9,
       0  |   | 1 | 0 | <R k='1'><a k='0'><b k='0'/><c k='0'/></a><d k='0'/></R>           | 9,)")) {
     Node tree = parse(xml);
-    Ints ints = list<Ints>("9");
-    EXPECT_EQ(VCTreeAttributeValues(&tree, "k", std::stoi(value), collects[0] == 'y' ? &ints : nullptr,
+    Ints found = ints("9");
+    EXPECT_EQ(VCTreeAttributeValues(&tree, "k", std::stoi(value), collects == "y" ? &found : nullptr,
                                     std::stoi(remove), std::stoi(top)),
               0);
     EXPECT_EQ(text(tree), text(parse(after)));
-    EXPECT_EQ(joined(ints), collected);
+    EXPECT_EQ(joined(found), collected);
   }
   Node tree = parse(xml);
-  HostStringArray strings;
-  HostIntArray ints;
-  EXPECT_EQ(rytree_attribute_values(&tree, "k", 5, &ints, 0), 0);
-  EXPECT_EQ(joined(ints.array()), "2,-1,-1,-1,");
-  EXPECT_EQ(rytree_attribute_values(&tree, "k", -5, &strings, 1), 0);
+  HostStringArray no_ints;
+  HostIntArray found;
+  EXPECT_EQ(rytree_attribute_values(&tree, "k", 5, &found, 0), 0);
+  EXPECT_EQ(joined(found.array()), "2,-1,-1,-1,");
+  EXPECT_EQ(rytree_attribute_values(&tree, "k", -5, &no_ints, 1), 0);
   EXPECT_EQ(text(tree), text(parse("<R k='1'><a><b/><c/></a><d/></R>")));
   EXPECT_EQ(rytree_attribute_values(nullptr, "k", -5, nullptr, 1), -1);
 }
@@ -103,8 +101,8 @@ TEST(Bulk, writes_leaves_by_node_id) {
     Node tree = make();
     HostIntArray ids;
     HostStringArray values;
-    ids.array() = list<Ints>(id_list);
-    values.array() = list<CStringArray>(texts);
+    ids.array() = ints(id_list);
+    values.array() = strings(texts);
     EXPECT_EQ(rytree_set_values_by_nodeids(&tree, &ids, &values), std::stoi(result));
     CStringArray after;
     VCTreeGetValues(&tree, &after, false);
@@ -113,7 +111,7 @@ TEST(Bulk, writes_leaves_by_node_id) {
   }
   Node tree = make();
   Node dead = dead_node();
-  CStringArray values = list<CStringArray>("A");
+  CStringArray values = strings("A");
   EXPECT_EQ(vctree_set_values_by_nodeids(&dead, nullptr, &values), -1);
   EXPECT_EQ(vctree_set_values_by_nodeids(&tree, nullptr, &values), -2);
 }
@@ -121,26 +119,19 @@ TEST(Bulk, writes_leaves_by_node_id) {
 TEST(Bulk, sets_attributes_by_ids) {
   const auto set = rytree_set_attributes;
   for (const auto& [id_list, value, attribute, match, recursive, result, after] : rows<7>(R"(
-      1     | v | - | - | 1 | 1 | \
-          <R><a DataID='1' Show='v'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1' Show='v'/></R>
-      1,2,5 | - | w | - | 1 | 0 | \
-          <R><a DataID='1' w=''><b DataID='2' w=''/></a><c DataID='02' k='2'/><d DataID='1' w=''/></R>
-      5,2   | v | w | k | 0 | 1 | \
-          <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2' w='v'/><d DataID='1'/></R>
-      1,3   | 3 | DataID | - | 1 | 1 | \
-          <R><a DataID='3'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='3'/></R>
-      1,3   | 3 | Show   | - | 1 | 0 | \
-          <R><a DataID='1' Show='3'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1' Show='3'/></R>
-      1,2   | v | w |   | 1 | 0 | \
-          <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>
-            | v | - | - | 1 | 0 | \
-                <R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>)")) {
-    Node tree = parse("<R><a DataID='1'><b DataID='2'/></a><c DataID='02' k='2'/><d DataID='1'/></R>");
+      1     | v | -      | - | 1 | 1 | <R><a #1 Show='v'><b #2/></a><c DataID='02' k='2'/><d #1 Show='v'/></R>
+      1,2,5 | - | w      | - | 1 | 0 | <R><a #1 w=''><b #2 w=''/></a><c DataID='02' k='2'/><d #1 w=''/></R>
+      5,2   | v | w      | k | 0 | 1 | <R><a #1><b #2/></a><c DataID='02' k='2' w='v'/><d #1/></R>
+      1,3   | 3 | DataID | - | 1 | 1 | <R><a #3><b #2/></a><c DataID='02' k='2'/><d #3/></R>
+      1,3   | 3 | Show   | - | 1 | 0 | <R><a #1 Show='3'><b #2/></a><c DataID='02' k='2'/><d #1 Show='3'/></R>
+      1,2   | v | w      |   | 1 | 0 | <R><a #1><b #2/></a><c DataID='02' k='2'/><d #1/></R>
+            | v | -      | - | 1 | 0 | <R><a #1><b #2/></a><c DataID='02' k='2'/><d #1/></R>)")) {
+    Node tree = parse_ids("<R><a #1><b #2/></a><c DataID='02' k='2'/><d #1/></R>");
     HostIntArray ids;
-    ids.array() = list<Ints>(id_list);
+    ids.array() = ints(id_list);
     const bool deep = recursive == "1";
     EXPECT_EQ(set(&tree, &ids, or_null(value), or_null(attribute), or_null(match), deep), result == "1");
-    EXPECT_EQ(text(tree), text(parse(after)));
+    EXPECT_EQ(text(tree), text(parse_ids(after)));
     EXPECT_FALSE(set(&tree, nullptr, "v", nullptr, nullptr, true));
     EXPECT_FALSE(set(nullptr, &ids, "v", nullptr, nullptr, true));
   }

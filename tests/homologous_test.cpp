@@ -80,24 +80,20 @@ class Trees {
   }
 
   Node make() {
-    Node root = parse("<R/>");
-    std::vector<Node> nodes{root};
+    // A comparison goes as far as a NUL; a copy takes the whole text.
+    const std::vector<CString> texts = {"", "a", "A", CString("a\0b", 3), "\xC3\xA9", "\xC3\x89", "7", "07"};
+    std::vector<Node> nodes{parse("<R/>")};
     for (int count = below(12); count > 0; --count) {
       Node node;
       one_of(nodes).AddNode(node, one_of(std::vector{"a", "A", "b", "\xC3\xA9", "\xC3\x89", "r"}), -1);
-      decorate(node);
+      CString value(one_of(texts));
+      node.NodeValue(value, 0, 1, nullptr);
+      for (const char* const name : {"Show", "DataID", "k", "x"}) {
+        if (below(3) != 0) node.SetPropertyValue(name, one_of(texts));
+      }
       nodes.push_back(node);
     }
-    return root;
-  }
-  void decorate(Node& node) {
-    // A comparison goes as far as a NUL; a copy takes the whole text.
-    const std::vector<CString> texts = {"", "a", "A", CString("a\0b", 3), "\xC3\xA9", "\xC3\x89", "7", "07"};
-    CString value(one_of(texts));
-    node.NodeValue(value, 0, 1, nullptr);
-    for (const char* const name : {"Show", "DataID", "k", "x"}) {
-      if (below(3) != 0) node.SetPropertyValue(name, one_of(texts));
-    }
+    return nodes[0];
   }
 
  private:
@@ -136,12 +132,9 @@ TEST(Homologous, copies_by_attribute_and_tag_agree_with_the_slow_way) {
     const char* const extra = trees.one_of(names);
     const bool recursive = trees.below(3) != 0;
     const bool all = trees.below(2) != 0;
-    const slow::Matching rule{attribute != nullptr ? attribute : "Show",
-                              match != nullptr ? match : "DataID",
-                              extra,
-                              recursive,
-                              all,
-                              one};
+    slow::Matching rule{attribute, match, extra, recursive, all, one};
+    if (attribute == nullptr) rule.attribute = "Show";
+    if (match == nullptr) rule.match = "DataID";
     agree(first, second, form, [&](Node& s, Node& d, bool quick) {
       return quick ? matching(&s, &d, attribute, match, extra, recursive, all, one) : rule.copy(s, d);
     });
