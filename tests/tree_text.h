@@ -10,6 +10,7 @@
 #include <initializer_list>
 #include <iterator>
 #include <optional>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -119,6 +120,11 @@ inline RYXmlWrapperBase parse(const char* xml) {
   return tree;
 }
 inline RYXmlWrapperBase parse(const std::string& xml) { return parse(xml.c_str()); }
+
+/// XML text in which <a@4> is short for a node ID, <a _NodeID="4">.
+inline std::string with_ids(const std::string& xml) {
+  return std::regex_replace(xml, std::regex("@(-?[0-9]+)"), " _NodeID=\"$1\"");
+}
 
 /// The node and all below it as XML text; "" for an invalid handle.
 inline std::string text(const RYXmlWrapperBase& node) {
