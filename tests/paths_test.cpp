@@ -27,7 +27,7 @@ TEST(Level, IsCountedFromTheStop) {
       2 1 0   | A    | 3 | 1  | B..C   | B.
       0 0 1   | A    | 1 | 0  | C      | C
       1 0 0   | B.   | 1 | 1  | B..C   | B.
-      0 0 -1  | C    | 1 | -1 | old    | C
+      1 0 -1  | C    | 1 | -1 | old    | C
       1 -1 -1 | B.   | 0 | 1  | B..C   | B.
       0 -2 0  | B.   | 1 | -1 | old    | B.
       1 -2 -3 | C    | 1 | 2  | A.B..C | A)")) {
