@@ -1,7 +1,9 @@
 // Setting and removing attributes and values across a branch.
 #include <rytree_Utils/edit.h>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
+#include "frame/node_text.h"
 
 namespace {
 
@@ -28,7 +30,7 @@ void rytree_set_attribute_to_all_nodes(RYXmlWrapperBase* node, const char* attri
 
 int rytree_hide_empty_nodes(RYXmlWrapperBase* node, bool recursive, bool removeShow) {
   if (node == nullptr) return 0;
-  const RYPropertyName show("Show");
+  const RYPropertyName show(kShowName);
   int hidden = 0;
   for (NodesBelow at(*node, recursive); at; ++at) {
     if (at->GetNodeCount() > 0) continue;
@@ -64,9 +66,9 @@ int rytree_remove_attribute(RYXmlWrapperBase* node, const char* attribute, int i
 
 void rytree_clear_all_value(RYXmlWrapperBase* node) {
   if (node == nullptr) return;
-  CString nothing;
+  const CString nothing;
   for (NodesBelow at(*node); at; ++at) {
-    if (at->HasChildren(0) == 0) at->NodeValue(nothing, 0, 1, nullptr);
+    if (at->HasChildren(0) == 0) write_text(*at, nothing);
   }
 }
 

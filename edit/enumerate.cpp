@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "frame/attributes.h"
 #include "frame/case_key.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
@@ -148,7 +149,7 @@ bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char*
     const int number = static_cast<int>(start + static_cast<unsigned>(i) + 1U);
     RYXmlWrapperBase child;
     rytree_check_add_enumerated_node(&child, parent, prefix, number, rytree_make_one_set_ID(id, number),
-                                     "Label", label);
+                                     kLabelName, label);
     child.NodeValue((*array)[i], 0);
   }
   if (count != nullptr) *count = static_cast<int>(start + static_cast<unsigned>(size));

@@ -1,10 +1,23 @@
 // Finding a node by its number.
-#include "frame/numbered_nodes.h"
+#include <rytree_Utils/lookup.h>
 
 #include "frame/children.h"
 #include "frame/words.h"
 
 namespace {
+
+/// The filters of rytree_get_node as a flag word packs them.
+struct NumberFilters {
+  int max_level;  // -1: no limit
+  bool attribute_ends_descent;
+  bool branches_only;
+};
+
+NumberFilters number_filters(DWORD flags) {
+  return {.max_level = (flags & kNodeLimitLevel) != 0 ? static_cast<int>(flags & kNodeLevelMask) : -1,
+          .attribute_ends_descent = (flags & kNodeAttributeRequired) == 0,
+          .branches_only = (flags & kNodeBranchesOnly) != 0};
+}
 
 // One search: what stays the same on every level of it.
 struct NumberSearch {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
@@ -40,13 +41,13 @@ class Thinning {
 
   int id_;
   Keeps keeps_;
-  RYPropertyName data_id_{"DataID"};
+  RYPropertyName data_id_{kDataIdName};
 };
 
 /// The texts of the nodes below `node` that have that DataID, in pre-order.
 CStringArray texts_below(const RYXmlWrapperBase& node, int data_id) {
   CStringArray texts;
-  const RYPropertyName name("DataID");
+  const RYPropertyName name(kDataIdName);
   for (NodesBelow at(node); at; ++at) {
     int id = 0;
     if (at->GetPropertyValue(name, id) == 0 || id != data_id) continue;

@@ -3,6 +3,7 @@
 #include <rytree_Utils/search.h>
 #include <rytree_host/Kelp60.h>
 
+#include "frame/attributes.h"
 #include "frame/node_text.h"
 
 namespace {
@@ -15,7 +16,7 @@ int find_direct_child(RYXmlWrapperBase* tree, RYXmlWrapperBase* found, int id) {
   constexpr bool kRecursive = false;
   constexpr int kDepth = 0;
   constexpr int kAnyRepeat = -1;
-  return rytree_find_node(tree, found, "DataID", id, kRecursive, kDepth, kAnyRepeat);
+  return rytree_find_node(tree, found, kDataIdName, id, kRecursive, kDepth, kAnyRepeat);
 }
 
 bool find_under_parent(RYXmlWrapperBase* tree, RYXmlWrapperBase* found, int id, int parent, int repeat) {

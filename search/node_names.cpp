@@ -1,12 +1,13 @@
 // Labels and tags of nodes.
 #include <rytree_Utils/paths.h>
 
+#include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 
 CString rytree_get_node_label(RYXmlWrapperBase* node, bool useLabel) {
   CString label;
-  if (node == nullptr || (useLabel && node->GetPropertyValue("Label", label) != 0)) return label;
+  if (node == nullptr || (useLabel && node->GetPropertyValue(kLabelName, label) != 0)) return label;
   node->GetTagName(label);
   return label;
 }
