@@ -7,6 +7,7 @@ jobs=$(nproc)
 build_packages=(cmake g++ ninja-build libexpat1-dev)
 test_packages=(libgtest-dev)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev git make)
+bench_packages=(libbenchmark-dev pkg-config libpugixml-dev libtinyxml2-dev libxml2-dev librapidxml-dev)
 
 say() { printf '\n== %s\n' "$*"; }
 
@@ -14,7 +15,7 @@ say() { printf '\n== %s\n' "$*"; }
 need_packages() {
   local package missing=() root=()
   if ! command -v apt-get dpkg-query >/dev/null; then
-    say "No Debian here: taking it that these are installed: $*"
+    say "This is not Debian: assuming that these are installed: $*"
     return
   fi
   for package in "$@"; do
