@@ -32,8 +32,8 @@ class ProgramTest : public testing::Test {
     return text(root);
   }
 
-  /// Runs a shell command, in which $PROGRAM is the program, and gives its status; `out` and `err` get what
-  /// it prints.
+  /// Runs a shell command, in which $PROGRAM is the program, and gives its exit status. `out` and `err`
+  /// then hold what it printed.
   int shell(const std::string& command) {
     const std::string line = "cd '" + folder_.string() + "' && export PROGRAM='" PROGRAM_PATH "' && { " +
                              command + "\n} >../out 2>../err";

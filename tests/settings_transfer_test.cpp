@@ -8,9 +8,11 @@ namespace {
 using SettingsTransfer = ProgramTest;
 
 TEST_F(SettingsTransfer, values_theme_marks_and_report) {
-  write(
-      "source.xml",
-      R"(<S><A DataID="1">für 日本</A><B DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1" DynaUseChck="0">7</C></B><D DataID="1">no</D><E RepeatID="128"><F DataID="4">abcdefghijklmnopqrstuvwxyz</F><G DataID="5"/></E><H Name="n" Label="l"/><I DataID="9">9</I></S>)");
+  write("source.xml",
+        R"(<S><A DataID="1">für 日本</A>
+<B DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1" DynaUseChck="0">7</C></B>
+<D DataID="1">no</D><E RepeatID="128"><F DataID="4">abcdefghijklmnopqrstuvwxyz</F><G DataID="5"/></E>
+<H Name="n" Label="l"/><I DataID="9">9</I></S>)");
   write("target.xml", R"(<T><A1 DataID="1" OldValue="o">alt</A1><X DataID="2"><C DataID="3" Auto="0">6</C></X>
 <Y DataID="6" OldValue="o">y</Y><Z RepeatID="128"><F DataID="4">空</F><F DataID="5">a&#10;b</F></Z></T>)");
   ASSERT_EQ(run("source.xml target.xml result.xml"), 0) << err;
@@ -34,8 +36,13 @@ result    result.xml
 )");
   EXPECT_EQ(
       tree("result.xml") + '\n' + tree("result.theme.xml"),
-      R"(<T><A1 DataID="1" OldValue="alt">für 日本</A1><X DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1" DynaUseChck="0" OldValue="6">7</C></X><Y DataID="6">y</Y><Z RepeatID="128"><F DataID="4" OldValue="空">abcdefghijklmnopqrstuvwxyz</F><F DataID="5" OldValue="a&#10;b"/></Z></T>
-<Settings _NodeID="0" Comment="Values of source.xml">Settings<node1>für 日本</node1><node2>1</node2><node3>::{Auto=1|Auto|1}::{DynaUseChck=0}7</node3><node1>no</node1><node8388612>abcdefghijklmnopqrstuvwxyz</node8388612><node8388613/><node9>9</node9></Settings>)");
+      R"(<T><A1 DataID="1" OldValue="alt">für 日本</A1><X DataID="2" Use="1"><C DataID="3" )"
+      R"(Auto="1|Auto|1" DynaUseChck="0" OldValue="6">7</C></X><Y DataID="6">y</Y>)"
+      R"(<Z RepeatID="128"><F DataID="4" OldValue="空">abcdefghijklmnopqrstuvwxyz</F>)"
+      R"(<F DataID="5" OldValue="a&#10;b"/></Z></T>
+<Settings _NodeID="0" Comment="Values of source.xml">Settings<node1>für 日本</node1><node2>1</node2>)"
+      R"(<node3>::{Auto=1|Auto|1}::{DynaUseChck=0}7</node3><node1>no</node1>)"
+      R"(<node8388612>abcdefghijklmnopqrstuvwxyz</node8388612><node8388613/><node9>9</node9></Settings>)");
 }
 
 TEST_F(SettingsTransfer, other_ids_onto_the_target_itself) {
@@ -59,16 +66,19 @@ TEST_F(SettingsTransfer, failures_change_no_file) {
       --fast good.xml target.xml r.xml | unknown option '--fast', try --help
       good.xml target.xml r.xml t.xml more | unexpected argument 'more', try --help
       lost.xml target.xml r.xml | lost.xml: cannot read: No such file or directory
-      none.xml target.xml r.xml | none.xml: no value to take, as no node has an int attribute 'DataID' (--id-attribute NAME takes another)
-      good.xml conflict.xml r.xml | conflict.xml: Repeat ID conflict for Node with Name = C, Label = c\nd, Repeat ID = 3
+      none.xml target.xml r.xml | \
+          none.xml: no value to take, as no node has an int attribute 'DataID' \
+          (--id-attribute NAME takes another)
+      good.xml conflict.xml r.xml | \
+          conflict.xml: Repeat ID conflict for Node with Name = C, Label = c\nd, Repeat ID = 3
       good.xml target.xml r.xml folder/../good.xml | folder/../good.xml: THEME would overwrite good.xml
       good.xml target.xml ./r.xml r.xml | r.xml: THEME would overwrite ./r.xml
       good.xml target.xml r.xml folder | folder: not a regular file
       good.xml target.xml r.xml lost/t.xml | lost/t.xml: cannot write: No such file or directory
       good.xml target.xml lost/r.xml theme.xml | lost/r.xml: cannot write: No such file or directory)")) {
     EXPECT_EQ(run(arguments), 2) << arguments;
-    EXPECT_EQ(err, "settings_transfer: " + reason + '\n');
-    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "settings_transfer: " + reason + '\n') << arguments;
+    EXPECT_EQ(out, "") << arguments;
     EXPECT_EQ(files(), before) << arguments;
   }
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-// The tree of these parts, which tell the cases below what is left of it.
+// The XML text of a tree, in which $NAME stands for one of these parts.
 std::string filled(std::string xml) {
   for (const auto& [name, part] : rows<2>(R"(
       $Plot  | <Plot Label="図 one" DataID="1">$X$Y<Title Label=""/></Plot>
@@ -74,22 +74,31 @@ TEST_F(TreeTool, changes) {
       filter t.xml --data-id 1 --attribute Name --text alpha --case | removed 9 of 12 nodes | $Empty
       filter t.xml --data-id 1 --attribute Label --match '*ONE' | removed 5 of 12 nodes | $Plot$Empty
       filter t.xml --data-id 1 --include red --include blue --include-id 5 | removed 9 of 12 nodes | $Empty
-      filter t.xml --data-id 1 --exclude red --exclude blue --exclude-id 5 | removed 5 of 12 nodes | $Plot$Empty
-      filter t.xml --data-id 1 --exclude red --exclude blue --exclude-id 5 --exclude-mode all | removed 0 of 12 nodes | $Plot$Set$Empty
-      filter t.xml --data-id 1 --include red --include-id 5 --include-mode any --exclude-mode only | removed 4 of 12 nodes | $Set$Empty
-      sort t.xml Root.Plot Order | sorted 2 of 3 children of Root.Plot by Order | <Plot Label="図 one" DataID="1">$Y$X<Title Label=""/></Plot>$Set$Empty
+      filter t.xml --data-id 1 --exclude red --exclude blue --exclude-id 5 | removed 5 of 12 nodes | \
+          $Plot$Empty
+      filter t.xml --data-id 1 --exclude red --exclude blue --exclude-id 5 --exclude-mode all | \
+          removed 0 of 12 nodes | $Plot$Set$Empty
+      filter t.xml --data-id 1 --include red --include-id 5 --include-mode any --exclude-mode only | \
+          removed 4 of 12 nodes | $Set$Empty
+      sort t.xml Root.Plot Order | sorted 2 of 3 children of Root.Plot by Order | \
+          <Plot Label="図 one" DataID="1">$Y$X<Title Label=""/></Plot>$Set$Empty
       sort t.xml Root.Plot Order --descending | sorted 2 of 3 children of Root.Plot by Order | $Plot$Set$Empty
       move t.xml 11 6 | moved row 11 to row 6 | $Plot$Empty$Set
       move t.xml --level 1 4 2 | moved row 4 to row 2 | $Empty$Plot$Set
       move t.xml 2 end | moved row 2 to the end | $Set$Empty$Plot
-      renumber t.xml Root.Set ITEM | numbered 2 children of Root.Set from ITEM1 on | $Plot<Set DataID="1" Name="Alpha"><ITEM1/><ITEM2>b</ITEM2>$Rest</Set>$Empty
-      pairs t.xml 11 'a = 1=2; b=' --pair-separator ';' | 2 pairs put below Root.Empty | $Plot$Set<Empty><a>1=2</a><b/></Empty>
-      set t.xml Root.Empty A=1 B=c=d --value text | set 2 attributes and the value of Root.Empty | $Plot$Set<Empty A="1" B="c=d">text<E/></Empty>
-      set t.xml --value -- Root.Empty.E | set 0 attributes and the value of Root.Empty.E | $Plot$Set<Empty><E>--</E></Empty>
-      prune-empty t.xml | removed 4 of 12 nodes | <Plot Label="図 one" DataID="1">$X$Y</Plot><Set DataID="1" Name="Alpha"><item3>b</item3>$Rest</Set>
+      renumber t.xml Root.Set ITEM | numbered 2 children of Root.Set from ITEM1 on | \
+          $Plot<Set DataID="1" Name="Alpha"><ITEM1/><ITEM2>b</ITEM2>$Rest</Set>$Empty
+      pairs t.xml 11 'a = 1=2; b=' --pair-separator ';' | 2 pairs put below Root.Empty | \
+          $Plot$Set<Empty><a>1=2</a><b/></Empty>
+      set t.xml Root.Empty A=1 B=c=d --value text | set 2 attributes and the value of Root.Empty | \
+          $Plot$Set<Empty A="1" B="c=d">text<E/></Empty>
+      set t.xml --value -- Root.Empty.E | set 0 attributes and the value of Root.Empty.E | \
+          $Plot$Set<Empty><E>--</E></Empty>
+      prune-empty t.xml | removed 4 of 12 nodes | \
+          <Plot Label="図 one" DataID="1">$X$Y</Plot><Set DataID="1" Name="Alpha"><item3>b</item3>$Rest</Set>
       prune-empty t.xml Root.Empty | removed 1 of 12 nodes | $Plot$Set<Empty/>)")) {
     EXPECT_EQ(run(arguments + " -o r.xml"), 0) << arguments << err;
-    EXPECT_EQ(out, done + "\nwritten to r.xml\n");
+    EXPECT_EQ(out, done + "\nwritten to r.xml\n") << arguments;
     EXPECT_EQ(tree("r.xml"), filled(left)) << arguments;
   }
   const auto before = files();
@@ -127,11 +136,14 @@ TEST_F(TreeTool, failures_change_no_file) {
       2 | pairs t.xml Root.Set --key-separator '' | --key-separator is one character of ASCII
       2 | move t.xml 2 1 --in-place | row 1 is the root, which stays the first
       2 | move t.xml 2 3 --in-place | t.xml: row 2 cannot go to row 3: that lies inside it, or too deep for it
-      2 | filter t.xml --data-id 1 --attribute A --include x | a filter has either --attribute, or --include and --exclude
+      2 | filter t.xml --data-id 1 --attribute A --include x | \
+          a filter has either --attribute, or --include and --exclude
       2 | filter t.xml --data-id 1 --attribute A | --attribute goes with one of --text and --match
       2 | filter t.xml --data-id 1 --attribute A --match x --start | --start goes with --text
-      2 | filter t.xml --data-id 1 --include x --include-id 5 --include-mode only | --include-mode cannot be 'only'
-      2 | filter bare.xml --data-id 1 --attribute A --text x --in-place | bare.xml: the filter removes the root, and so all of the tree)")) {
+      2 | filter t.xml --data-id 1 --include x --include-id 5 --include-mode only | \
+          --include-mode cannot be 'only'
+      2 | filter bare.xml --data-id 1 --attribute A --text x --in-place | \
+          bare.xml: the filter removes the root, and so all of the tree)")) {
     EXPECT_EQ(run(arguments), std::stoi(status)) << arguments;
     EXPECT_EQ(err, "tree_tool: " + reason + '\n') << arguments;
     EXPECT_EQ(out, "") << arguments;

@@ -1,5 +1,5 @@
-# Installs a build, then configures, builds and runs the consumer beside this file against what was installed; its output
-# is held against the README's.
+# Installs a build, then configures, builds and runs the consumer in this folder against what was installed, and compares
+# its output with the README's.
 #   cmake -DBUILD=folder -DWORK=folder [-DGENERATOR=… -DCOMPILER=… -DFLAGS=…] -P run.cmake
 foreach(name IN ITEMS GENERATOR COMPILER FLAGS)
   if(NOT DEFINED ${name})
