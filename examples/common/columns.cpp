@@ -64,21 +64,22 @@ Cell::Cell(std::string_view text) {
   ++width_;
 }
 
-std::string Cell::fit(int columns, bool cut_front) const {
+std::string Cell::fit(int columns) const {
+  const int room = width_ <= columns ? columns : columns - 1;
   std::string kept;
-  int left = width_ <= columns ? columns : columns - 1;
-  const auto take = [&](const Glyph& glyph) {
-    left -= glyph.width;
-    if (left >= 0) kept.insert(cut_front ? 0 : kept.size(), glyph.text);
-    return left < 0;
-  };
-  if (cut_front) {
-    static_cast<void>(std::find_if(glyphs_.rbegin(), glyphs_.rend(), take));
-  } else {
-    static_cast<void>(std::find_if(glyphs_.begin(), glyphs_.end(), take));
+  int used = 0;
+  for (auto at = glyphs_.begin(); at != glyphs_.end() && (used += at->width) <= room; ++at) kept += at->text;
+  return width_ <= columns ? kept : kept + "…";
+}
+
+std::string Cell::fit_end(int columns) const {
+  const int room = width_ <= columns ? columns : columns - 1;
+  std::string kept;
+  int used = 0;
+  for (auto at = glyphs_.rbegin(); at != glyphs_.rend() && (used += at->width) <= room; ++at) {
+    kept.insert(0, at->text);
   }
-  if (width_ <= columns) return kept;
-  return cut_front ? "…" + kept : kept + "…";
+  return width_ <= columns ? kept : "…" + kept;
 }
 
 std::string one_line(std::string_view text) {

@@ -1,18 +1,20 @@
-// Texts in columns of a terminal.
+// Texts in aligned columns.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// A text made ready for one line: control characters and bytes that are no UTF-8 stand as escapes.
+/// A text made ready for one line: control characters and bytes that are not UTF-8 are written as escapes.
 class Cell {
  public:
   explicit Cell(std::string_view text);
 
   int width() const { return width_; }
-  /// The text in at most that many columns; "…" stands for what was cut off the end, or the front.
-  std::string fit(int columns, bool cut_front = false) const;
+  /// The text in at most that many columns, with "…" in place of what was cut off its end.
+  std::string fit(int columns) const;
+  /// The same with what is too long cut off the front.
+  std::string fit_end(int columns) const;
 
  private:
   struct Glyph {
@@ -23,11 +25,11 @@ class Cell {
   int width_ = 0;
 };
 
-/// `text` with escapes as in a Cell.
+/// `text` with the escapes of a Cell.
 std::string one_line(std::string_view text);
 
-/// `text` with blanks up to so many columns.
+/// `text` followed by blanks up to that many columns.
 std::string pad(std::string text, int columns);
 
-/// "1 node", "2 nodes".
+/// The count and its noun, as in "1 node" and "2 nodes".
 std::string counted(int count, const char* one, const char* more);

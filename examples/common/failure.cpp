@@ -9,7 +9,7 @@ Failure file_failure(const std::string& file) {
     return Failure(file + ':' + std::to_string(failure.line) + ':' + std::to_string(failure.column) + ": " +
                    reason);
   }
-  // The file stands in quotes in the reason: it is named once, and as the user knows it.
+  // The reason names the file in quotes, perhaps by another path: name it once, as the user did.
   const std::size_t quote = reason.find(" '");
   if (quote != std::string::npos) reason.erase(quote, reason.rfind('\'') + 1 - quote);
   return Failure(file + ": " + reason);

@@ -1,4 +1,4 @@
-// What ends a program early.
+// The failure that ends a program early.
 #pragma once
 
 #include <stdexcept>
@@ -9,6 +9,6 @@ struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The failure of the last load or save, as "FILE:LINE:COLUMN: reason" where it has a place, else "FILE:
-/// reason".
+/// The failure of the last load or save: "FILE:LINE:COLUMN: reason" where the place is known, else
+/// "FILE: reason".
 Failure file_failure(const std::string& file);

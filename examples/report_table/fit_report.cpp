@@ -19,17 +19,18 @@ constexpr Weighting kWeightings[] = {{"Signal1", 8, "D", 0.25, 1.5, 0.875},
                                      {"Background1", 0, "", 0, 0, 0},
                                      {"Signal2", 6, "", 0.125, 2, 0},
                                      {"Background2", 1, "H", 0, 0, 0}};
-constexpr int kVariablesPerSet = 2;  // dependent ones
+constexpr int kVariablesPerSet = 2;  // dependent variables
 
 RYXmlWrapperBase add(RYXmlWrapperBase& parent, const char* tag, const char* label) {
   RYXmlWrapperBase node;
-  rytree_tree_check_get_node(&node, &parent, tag, -1, "Label", label, 1);
+  rytree_tree_check_get_node(&node, &parent, tag, /*nodeId=*/-1, "Label", label, /*find=*/1);
   return node;
 }
 
 void add_ranges(RYXmlWrapperBase& report) {
   RYXmlWrapperBase composite;
-  rytree_create_composite_range_node(&composite, &report, "Data", "Input Data", 2, kErrorBars, nullptr);
+  rytree_create_composite_range_node(&composite, &report, "Data", "Input Data", /*rangeCount=*/2, kErrorBars,
+                                     nullptr);
   RYXmlWrapperBase range;
   composite.GetChild(range, 0);
   rytree_set_composite_subrange_values(&range, "A[1:50]", "B[1:50]", "C[1:50]", kErrorBars);
@@ -45,7 +46,8 @@ void add_weights(RYXmlWrapperBase& report) {
     double b = weighting.b;
     double c = weighting.c;
     unsigned long change = 0;
-    vctree_update_fitter_data_weight_node(node, weighting.method, change, weighting.data, &a, &b, &c, 0, 0);
+    vctree_update_fitter_data_weight_node(node, weighting.method, change, weighting.data, &a, &b, &c,
+                                          /*checkSame=*/0, /*disable=*/0);
   }
 }
 
@@ -70,20 +72,20 @@ void add_statistics(RYXmlWrapperBase& report) {
   tagDescStatResults results{};
   double minimum = 0;
   double maximum = 0;
-  vctree_stats_get_set_stats_results(statistics, results, minimum, maximum, 1);  // all of them missing yet
+  vctree_stats_get_set_stats_results(statistics, results, minimum, maximum, /*get=*/1);  // all are missing
   results.N = 5;
   results.Mean = 3;
   results.Variance = 2.5;
   results.Sum = 15;
   minimum = 1;
   maximum = 5;
-  vctree_stats_get_set_stats_results(statistics, results, minimum, maximum, 0);
+  vctree_stats_get_set_stats_results(statistics, results, minimum, maximum, /*get=*/0);
   CArray<double, double> percentiles;
   for (const double percentile : {1.5, 3.0, 4.5}) percentiles.Add(percentile);
-  vctree_stats_get_set_percentiles(statistics, percentiles, 0);
+  vctree_stats_get_set_percentiles(statistics, percentiles, /*get=*/0);
 }
 
-/// Three values for each dependent variable of a data set.
+/// The three weighting values of each dependent variable of a data set.
 RYXmlWrapperBase weight_parameters(int set) {
   RYXmlWrapperBase parameters;
   parameters.CreateNew(0, nullptr);
@@ -92,7 +94,7 @@ RYXmlWrapperBase weight_parameters(int set) {
     for (double value : {weighting.a, weighting.b, weighting.c}) {
       RYXmlWrapperBase node;
       parameters.AddNode(node, "Value", -1);
-      node.NodeValue(value, 0);
+      node.NodeValue(value, /*get=*/0);
     }
   }
   return parameters;
@@ -110,8 +112,8 @@ void add_table(RYXmlWrapperBase& report) {
     for (int i = 0; i < kVariablesPerSet; ++i)
       methods.array().Add(kWeightings[set * kVariablesPerSet + i].method);
     RYXmlWrapperBase parameters = weight_parameters(set);
-    report_update_input_data_table(&table, set, 1, kVariablesPerSet, 1, &dependent, &independent, 0, &methods,
-                                   &parameters, 0);
+    report_update_input_data_table(&table, set, /*sets=*/1, kVariablesPerSet, /*independents=*/1, &dependent,
+                                   &independent, /*reserved=*/0, &methods, &parameters, /*xyz=*/0);
   }
 }
 

@@ -8,7 +8,7 @@
 
 int main() {
   bool source_texts = true;  // the same labels wherever this runs
-  VCTreeAccessBlockLocalization(&source_texts, false);
+  VCTreeAccessBlockLocalization(&source_texts, /*get=*/false);
   RYXmlWrapperBase report = make_fit_report();
   print_tree(std::cout, report);
   std::cout << '\n';

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "columns.h"
+#include "nodes.h"
 
 namespace {
 
@@ -29,18 +30,10 @@ void print_aligned(std::ostream& out, const std::vector<Line>& lines) {
   }
 }
 
-std::string tag_of(const RYXmlWrapperBase& node) {
-  CString tag;
-  node.GetTagName(tag);
-  return std::string(tag.View());
-}
-
-std::string value_of(RYXmlWrapperBase& node) {
+std::string shown_value(RYXmlWrapperBase& node) {
   double number = 0;
-  if (node.NodeValue(number, 1) != 0 && number == kMissingValue) return "(missing)";
-  CString value;
-  node.NodeValue(value, 1, 1, nullptr);
-  return std::string(value.View());
+  const bool missing = node.NodeValue(number, /*get=*/1) != 0 && number == kMissingValue;
+  return missing ? "(missing)" : value_of(node);
 }
 
 std::string attribute_of(const RYXmlWrapperBase& node, const char* name) {
@@ -56,7 +49,7 @@ std::string node_id_of(const RYXmlWrapperBase& node) {
 
 void list_node(std::vector<Line>& lines, RYXmlWrapperBase& node, const std::string& indent) {
   if (tag_of(node) == kTable) return;
-  lines.push_back({indent + tag_of(node), value_of(node), attribute_of(node, "Label"),
+  lines.push_back({indent + tag_of(node), shown_value(node), attribute_of(node, "Label"),
                    attribute_of(node, "DataID"), attribute_of(node, "RepeatID"), node_id_of(node),
                    attribute_of(node, "Show")});
   RYXmlWrapperBase child;
@@ -65,13 +58,13 @@ void list_node(std::vector<Line>& lines, RYXmlWrapperBase& node, const std::stri
   }
 }
 
-/// Lists a row, and puts the labels of its cells over their columns.
+/// Lists a row of the table, and puts the labels of its cells into the heading.
 void list_row(std::vector<Line>& lines, RYXmlWrapperBase& row) {
   Line line = {tag_of(row), attribute_of(row, "Label"), attribute_of(row, "SubHeader0")};
   for (int column = 1; column <= kColumns; ++column) {
     RYXmlWrapperBase cell;
     const bool there = row.FindChild(("C" + std::to_string(column)).c_str(), cell, 1) != 0;
-    line.push_back(there ? value_of(cell) : "-");
+    line.push_back(there ? shown_value(cell) : "-");
     if (there) lines.front()[line.size() - 1] = attribute_of(cell, "Label");
   }
   lines.push_back(line);

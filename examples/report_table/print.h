@@ -5,7 +5,7 @@
 
 #include <iosfwd>
 
-/// All nodes but those of the table, one a line.
+/// All nodes except those of the table, one a line.
 void print_tree(std::ostream& out, RYXmlWrapperBase& report);
 
 /// The table with its columns under their labels.

@@ -11,12 +11,12 @@ namespace fs = std::filesystem;
 const char* const kHelp =
     "settings_transfer [--id-attribute NAME] SOURCE TARGET RESULT [THEME]\n"
     "\n"
-    "Carries the settings of one tree over to another version of it, node by node as their IDs agree.\n"
+    "Carries the settings of one tree over to another version of it: nodes with equal IDs correspond.\n"
     "\n"
     "  SOURCE   the XML file whose values are taken\n"
     "  TARGET   the XML file whose nodes get them; it is only read\n"
-    "  RESULT   where TARGET goes with the values of SOURCE; what changed has the attribute OldValue\n"
-    "  THEME    where the values go as a list of IDs and values; RESULT with .theme.xml if not given\n"
+    "  RESULT   where TARGET is written with the values of SOURCE; OldValue marks what changed\n"
+    "  THEME    where the IDs and values are written as a list; RESULT with .theme.xml if not given\n"
     "\n"
     "  --id-attribute NAME   the attribute that holds the ID of a node; DataID if not given\n"
     "  --help                shows this text\n"
@@ -34,7 +34,7 @@ bool same_file(const std::string& left, const std::string& right) {
   return !error && place == fs::weakly_canonical(fs::absolute(right, error), error);
 }
 
-/// Takes the options out of the words and gives the rest.
+/// Reads the options and gives the other words.
 std::vector<std::string> read_options(int count, char** words, Arguments& arguments) {
   constexpr std::string_view kIdOption = "--id-attribute";
   std::vector<std::string> files;

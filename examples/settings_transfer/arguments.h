@@ -8,10 +8,10 @@ struct Arguments {
   std::string target;
   std::string result;
   std::string theme;
-  std::string id_attribute;  // empty: not given
+  std::string id_attribute;  // empty if not given
   bool help = false;
 
-  /// As the library takes it: null for its own default.
+  /// The attribute as the library takes it: null for its default.
   const char* id_attribute_or_null() const { return id_attribute.empty() ? nullptr : id_attribute.c_str(); }
 };
 

@@ -1,24 +1,23 @@
 #include "changes.h"
 
 #include <array>
-#include <string_view>
+
+#include "nodes.h"
 
 namespace {
 
 /// The attributes in which a value may be stored.
 constexpr std::array kValueAttributes = {"Use", "Data", "Auto", "DynaUseChck"};
 
-/// Walks both trees, which have one shape, side by side.
+/// Walks both trees side by side; they have the same shape.
 class Comparison {
  public:
   Comparison(Outcome& outcome, int limit) : outcome_(outcome), limit_(static_cast<std::size_t>(limit)) {}
 
   void walk(const RYXmlWrapperBase& before, const RYXmlWrapperBase& after) {
     const std::size_t end_of_path = path_.size();
-    CString tag;
-    after.GetTagName(tag);
     if (end_of_path != 0) path_ += '.';
-    path_ += tag.View();
+    path_ += tag_of(after);
     RYXmlWrapperBase old_child;
     RYXmlWrapperBase child;
     before.FirstChild(old_child);
@@ -54,10 +53,7 @@ class Comparison {
     const auto shown = [](const CString& value) {
       return std::string(value.IsEmpty() ? "(empty)" : value.View());
     };
-    CString tag;
-    node.GetTagName(tag);
-    outcome_.changes.push_back(
-        {path_ + '.' + std::string(tag.View()) + attribute, shown(old_value), shown(new_value)});
+    outcome_.changes.push_back({path_ + '.' + tag_of(node) + attribute, shown(old_value), shown(new_value)});
   }
 
   Outcome& outcome_;

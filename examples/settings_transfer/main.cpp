@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Tells on a terminal what is being done, as long as it lives; elsewhere nothing.
+/// Shows on a terminal what is being done, and clears the line in the end. Shows nothing elsewhere.
 class Progress {
  public:
   Progress() = default;

@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr int kOtherLines = 12;  // of the report, beside the changes
+constexpr int kOtherLines = 12;  // lines of the report that list no change
 constexpr std::size_t kIdsShown = 4;
 
-/// One line of the report: a word and what there is to say.
+/// One line of the report: a heading of one word, and a text.
 void line(std::ostream& out, const char* word, const std::string& text) {
   out << pad(word, 10) << one_line(text) << '\n';
 }
@@ -47,7 +47,7 @@ void print_changes(std::ostream& out, const Outcome& outcome, int columns) {
   }
   path_width = std::min(path_width, std::max(columns - 3 * kGap - old_width - new_width, 12));
   for (const Change& row : rows) {
-    out << "  " << pad(Cell(row.path).fit(path_width, true), path_width + kGap)
+    out << "  " << pad(Cell(row.path).fit_end(path_width), path_width + kGap)
         << pad(row.old_value, old_width + kGap) << row.new_value << '\n';
   }
   const int total = outcome.changed_nodes + outcome.changed_attributes;

@@ -1,4 +1,4 @@
-// What the program tells on standard output.
+// The report that the program prints.
 #pragma once
 
 #include <ostream>
@@ -10,7 +10,7 @@ struct Screen {
   int columns = 100;
   int change_limit = 20;
 
-  /// That of the terminal behind standard output, if there is one.
+  /// The size of the terminal to which standard output goes, if there is one.
   static Screen of_standard_output();
 };
 

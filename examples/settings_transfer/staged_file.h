@@ -11,9 +11,9 @@ class StagedFile {
   StagedFile& operator=(const StagedFile&) = delete;
   ~StagedFile();
 
-  /// Where to write: beside the place.
+  /// Where to write: a temporary file in the same folder, removed if it is not committed.
   const char* path() const { return staged_.c_str(); }
-  /// Moves what was written into place, with the mode of the file that was there.
+  /// Moves the temporary file into place, with the mode of the file that was there. Throws a Failure.
   void commit();
 
  private:

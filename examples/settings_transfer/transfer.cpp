@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The pairs that travel.
+/// The harvested IDs and their values.
 struct Pairs {
   CArray<int, int> ids;
   CStringArray values;
@@ -27,7 +27,7 @@ RYXmlWrapperBase load_tree(const std::string& file) {
   return tree;
 }
 
-/// Counts the nodes below `parent` and collects their IDs, composed with the repeat numbers above them.
+/// Counts the nodes below `parent` and collects their IDs, combined with the repeat numbers above them.
 void collect_ids(const RYXmlWrapperBase& parent, int repeat, const char* id_attribute, TreeIds& found) {
   RYXmlWrapperBase child;
   for (parent.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) {
@@ -42,7 +42,6 @@ void collect_ids(const RYXmlWrapperBase& parent, int repeat, const char* id_attr
 }
 
 void harvest(const Arguments& arguments, RYXmlWrapperBase& source, Pairs& pairs, Outcome& outcome) {
-  // Branches without a value of their own have no entry: nothing is invented for the target.
   CString message;
   const char* const id_attribute = arguments.id_attribute_or_null();
   outcome.harvested = vctree_get_values_with_ids(&source, &pairs.ids, &pairs.values, /*recursive=*/1,
@@ -55,15 +54,15 @@ void harvest(const Arguments& arguments, RYXmlWrapperBase& source, Pairs& pairs,
   }
   outcome.warning = message.View();
   TreeIds found;
-  collect_ids(source, 0, id_attribute, found);
+  collect_ids(source, /*repeat=*/0, id_attribute, found);
   outcome.source_nodes = found.nodes;
 }
 
-/// Sorts out which of the harvested IDs have a node in the target, each of them once.
+/// Finds out which of the harvested IDs have no node in the target, and how many are repeated.
 void match_ids(const Arguments& arguments, const RYXmlWrapperBase& target, const Pairs& pairs,
                Outcome& outcome) {
   TreeIds found;
-  collect_ids(target, 0, arguments.id_attribute_or_null(), found);
+  collect_ids(target, /*repeat=*/0, arguments.id_attribute_or_null(), found);
   outcome.target_nodes = found.nodes;
   std::unordered_set<int> seen;
   for (const int id : pairs.ids) {
@@ -75,24 +74,24 @@ void match_ids(const Arguments& arguments, const RYXmlWrapperBase& target, const
   }
 }
 
-/// The values below the root, before the transfer: what the change marks are made against.
+/// The values below the root before the transfer, with which the change marks compare.
 CStringArray saved_list(RYXmlWrapperBase& target) {
   CStringArray values;
-  VCTreeGetValues(&target, &values, false);
+  VCTreeGetValues(&target, &values, /*childrenOnly=*/false);
   values.RemoveAt(0);  // the root itself
   return values;
 }
 
 void apply(const Arguments& arguments, RYXmlWrapperBase& target, Pairs& pairs, Outcome& outcome) {
   CString message;
-  // Without a place for a duplicate the first of several equal IDs is used.
+  // Where `duplicate` is null, the first of several equal IDs is used.
   outcome.matched =
       vctree_set_values_by_ids(&target, &pairs.ids, &pairs.values, /*repeat=*/0, /*duplicate=*/nullptr,
                                /*storeArgument=*/0, arguments.id_attribute_or_null(), &message);
   if (outcome.matched < 0) throw Failure(arguments.target + ": " + std::string(message.View()));
 }
 
-/// Writes the theme beside its place and reads it back.
+/// Writes the theme to the staged file and reads it back.
 void write_theme(const Arguments& arguments, const StagedFile& file, Pairs& pairs) {
   const std::string comment = "Values of " + arguments.source;
   if (!vctree_save_values_with_ids(file.path(), &pairs.ids, &pairs.values, comment.c_str(), nullptr)) {
@@ -103,7 +102,8 @@ void write_theme(const Arguments& arguments, const StagedFile& file, Pairs& pair
   if (!vctree_read_values_with_ids(file.path(), &back.ids, &back.values, &comment_back)) {
     throw file_failure(arguments.theme);
   }
-  if (VCTreeIsSame(&pairs.ids, &back.ids) == 0 || VCTreeGetChanged(&pairs.values, &back.values, true) != -1 ||
+  if (VCTreeIsSame(&pairs.ids, &back.ids) == 0 ||
+      VCTreeGetChanged(&pairs.values, &back.values, /*caseSensitive=*/true) != -1 ||
       comment_back != comment.c_str()) {
     throw Failure(arguments.theme + ": the theme does not read back as it was written");
   }

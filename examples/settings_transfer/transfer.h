@@ -1,4 +1,4 @@
-// The job of the program: values from one tree into another, with a theme and change marks.
+// The job of the program: values go from one tree into another and into a theme, and changes are marked.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@
 
 /// One setting that the transfer changed.
 struct Change {
-  std::string path;  // tags from the root on, joined by full stops; "@Name" behind it for an attribute
+  std::string path;  // the tags from the root on, joined by full stops, then "@Name" for an attribute
   std::string old_value;
   std::string new_value;
 };
@@ -19,14 +19,14 @@ struct Outcome {
   int harvested = 0;
   int target_nodes = 0;
   int matched = 0;
-  int repeated = 0;           // entries whose ID stood before in the source
+  int repeated = 0;           // entries whose ID came earlier in the source
   std::vector<int> homeless;  // IDs of the source without a node in the target
-  std::string warning;        // what the harvest had to say, or empty
+  std::string warning;        // the message of the harvest, or empty
   int changed_nodes = 0;      // marked in the result
   int changed_attributes = 0;
-  std::vector<Change> changes;  // the first of both, in document order
+  std::vector<Change> changes;  // the first ones, in document order
 };
 
-/// Does the job and writes both files. `stage` is told what begins. At most `change_limit` changes are
-/// listed, all are counted. Throws a Failure, with both files as they were.
+/// Does the job and writes both files. Calls `stage` with the name of each stage as it begins. Counts all
+/// changes and lists at most `change_limit` of them. Throws a Failure, with both files as they were.
 Outcome transfer(const Arguments& arguments, int change_limit, const std::function<void(const char*)>& stage);

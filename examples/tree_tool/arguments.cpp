@@ -10,15 +10,15 @@
 
 namespace {
 
-/// What a usage line asks for.
+/// What a usage line allows.
 struct Grammar {
-  std::size_t least = 0;
+  std::size_t least = 0;  // number of words
   std::size_t most = 0;
   std::map<std::string, bool> options = {{"--help", false}, {"-h", false}};  // whether a value follows
 };
 
-/// Reads a usage line: an option that is not closed by a bracket at once has a value, a word in brackets may
-/// be left out, one with "…" may be repeated.
+/// Reads a usage line. An option has a value unless a bracket closes right after it; a word in brackets may be
+/// left out; one with "…" may be repeated.
 Grammar read_usage(const std::string& usage) {
   constexpr const char* kBrackets = "[]()|";
   Grammar grammar;

@@ -1,4 +1,4 @@
-// The command line behind the name of a command.
+// The command line after the name of a command.
 #pragma once
 
 #include <map>
@@ -9,25 +9,25 @@
 struct Command;
 
 struct Arguments {
-  std::vector<std::string> words;                           // what is no option, FILE first
-  std::map<std::string, std::vector<std::string>> options;  // their values in order; a flag has empty ones
+  std::vector<std::string> words;                           // what is not an option; FILE comes first
+  std::map<std::string, std::vector<std::string>> options;  // the values of each in order; "" for a flag
 
   bool has(const std::string& option) const { return options.contains(option); }
   /// The last value of an option, `missing` if it was not given.
   std::string text(const std::string& option, const char* missing = "") const;
   /// All values of an option.
   std::vector<std::string> texts(const std::string& option) const;
-  /// The number of an option that must be there. Throws a Failure if it is not, or is no int.
+  /// The number given with an option. Throws a Failure if it is missing or not an int.
   int number(const std::string& option) const;
-  /// Where the value of an option stands among the choices. Throws a Failure if it does not.
+  /// The index of an option's value among the choices. Throws a Failure if it is none of them.
   int choice(const std::string& option, const std::vector<std::string>& choices, const char* missing) const;
-  /// The words from that index on, parted at their first "=". Throws a Failure if one has no name before it.
+  /// The words from that index on, split at their first "=". Throws a Failure if one has no name before it.
   std::vector<std::pair<std::string, std::string>> assignments(std::size_t first) const;
 };
 
-/// Sorts the words as the command's usage tells. Throws a Failure if they do not fit it; with --help any
-/// number of them does.
+/// Sorts the words into those of the command's usage. Throws a Failure if they do not fit it; with --help any
+/// number of words does.
 Arguments read_arguments(const Command& command, const std::vector<std::string>& words);
 
-/// The int that the whole text is. Throws a Failure if it is none.
+/// The int that the text holds, and nothing else. Throws a Failure if it does not.
 int whole_number(const std::string& text);

@@ -8,17 +8,17 @@
 namespace {
 
 constexpr std::array kCommands = {
-    Command{
-        "show", "FILE [--branches] [--level N]",
-        "prints the tree with row numbers, levels, labels and values\n"
-        "\n"
-        "  --branches  only nodes with children\n"
-        "  --level N   only the root, at level 0, and the N levels below it, N being 1 to 256\n"
-        "\n"
-        "Rows count what is shown. Those of the whole tree are what PATH takes, and those with options\n"
-        "are what move with the same options takes. Colour goes to a terminal only, and not with NO_COLOR\n"
-        "in the environment.\n",
-        false, show},
+    Command{"show", "FILE [--branches] [--level N]",
+            "prints the tree with row numbers, levels, labels and values\n"
+            "\n"
+            "  --branches  only nodes with children\n"
+            "  --level N   only the root, at level 0, and the N levels below it, N being 1 to 256\n"
+            "\n"
+            "The row numbers count what is shown. PATH takes those of the whole tree; move takes those that "
+            "show\n"
+            "prints with the same options. There is colour on a terminal only, and not with NO_COLOR in the\n"
+            "environment.\n",
+            false, show},
     Command{"path", "FILE PATH", "prints row number, level, path, label and value of one node\n", false,
             path},
     Command{"find", "FILE ATTRIBUTE=VALUE… [--ignore-case]",
@@ -34,8 +34,8 @@ constexpr std::array kCommands = {
         "\n"
         "A node stays if its attribute NAME\n"
         "  --text T         holds T, with --start begins with it\n"
-        "  --match PATTERN  is matched by PATTERN, in which * and ? stand for any text and any character\n"
-        "  --case           where upper and lower case differ\n"
+        "  --match PATTERN  matches PATTERN, in which * is any text and ? any character\n"
+        "  --case           (upper and lower case are different)\n"
         "or if the texts below it pass both of these tests, each TEXT option adding to its list:\n"
         "  --include TEXT   is among the texts of the nodes with the DataID --include-id:\n"
         "                   MODE all (if not given) of the list, or any of it\n"
@@ -51,15 +51,15 @@ constexpr std::array kCommands = {
         "move", "FILE FROM TO [--branches] [--level N]",
         "moves a node to another row\n"
         "\n"
-        "FROM and TO are row numbers, as show with the same options prints them. Up it comes to stand\n"
-        "before the node of TO, down behind it, and always at its level. The TO \"end\" makes it the last\n"
-        "child of the root.\n",
+        "FROM and TO are row numbers, as show with the same options prints them. A node that moves up is\n"
+        "put before the node of TO, one that moves down after it, always at its level. The TO \"end\" makes\n"
+        "it the last child of the root.\n",
         true, move},
     Command{
         "renumber", "FILE PATH PREFIX",
         "gives the children PREFIX7, PREFIX3, … of a node the tags PREFIX1, PREFIX2, … in their order\n"
         "\n"
-        "The prefix is found without regard to case. Children of other tags, and those without a number,\n"
+        "The prefix may be in upper or lower case. Children with other tags, and those without a number,\n"
         "stay as they are.\n",
         true, renumber},
     Command{
@@ -77,16 +77,16 @@ constexpr std::array kCommands = {
 
 constexpr const char* kCommonHelp =
     "\n"
-    "A PATH is the tags from the root down with full stops between them (\"Root.Plot.Axis\", without regard "
-    "to\n"
-    "case, the first of several equal tags), or a row number as show prints it.\n";
+    "A PATH is the tags from the root down with full stops between them (\"Root.Plot.Axis\", in upper or "
+    "lower\n"
+    "case; of several equal tags the first is taken), or a row number as show prints it.\n";
 
 constexpr const char* kWriteHelp =
     "\n"
     "  -o FILE     writes the changed tree there\n"
-    "  --in-place  writes it in the place of the file that was read\n"
+    "  --in-place  replaces the file that was read\n"
     "\n"
-    "Without either nothing is written. A file is replaced as a whole or not at all.\n";
+    "Without either, nothing is written. A file is replaced as a whole or not at all.\n";
 
 }  // namespace
 
@@ -115,7 +115,7 @@ std::string help() {
     text += "  " + pad(command.name, 13) + line.substr(0, line.find('\n') + 1);
   }
   return text + kCommonHelp + kWriteHelp +
-         "\ntree_tool COMMAND --help tells the rest. The exit status is 0; 1 if what was asked for is not "
-         "in\n"
-         "the tree; 2 for any other failure, with one line on standard error.\n";
+         "\ntree_tool COMMAND --help explains a command. The exit status is 0; 1 if what was asked for is "
+         "not\n"
+         "in the tree; 2 for any other failure, with one line on standard error.\n";
 }

@@ -1,4 +1,4 @@
-// The commands of the program.
+// The commands of the program, and the help on them.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ struct Outcome {
 
 struct Command {
   const char* name;
-  const char* usage;  // also tells the parser what the command takes
+  const char* usage;  // printed, and read by the parser of the command line
   const char* help;   // what it does in one line, then the rest
   bool writes;        // takes -o and --in-place
   Outcome (*run)(Document& document, const Arguments& arguments);
@@ -23,7 +23,7 @@ struct Command {
 /// Null if there is none of that name.
 const Command* find_command(const std::string& name);
 
-/// What stands behind the name of the command on the command line.
+/// What comes after the name of the command on the command line.
 std::string usage(const Command& command);
 
 std::string help(const Command& command);

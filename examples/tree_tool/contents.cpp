@@ -1,6 +1,7 @@
 // The commands that read and write values and attributes.
 #include "columns.h"
 #include "commands.h"
+#include "nodes.h"
 
 namespace {
 
@@ -38,10 +39,7 @@ Outcome set(Document& document, const Arguments& arguments) {
     if (place.node.SetPropertyValue(name.c_str(), value.c_str()) == 0)
       throw Failure("'" + name + "' is no name for an attribute");
   }
-  if (with_value) {
-    CString value(arguments.text("--value").c_str());
-    place.node.NodeValue(value, 0, 1, nullptr);
-  }
+  if (with_value) set_value(place.node, arguments.text("--value"));
   return {"set " + counted(static_cast<int>(attributes.size()), "attribute", "attributes") +
               (with_value ? " and the value" : "") + " of " + std::string(place.path.View()),
           true};

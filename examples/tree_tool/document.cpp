@@ -15,11 +15,13 @@ Place Document::at(const std::string& place) {
   found.row = is_row ? whole_number(place) : rytree_get_row_number(&root, place.c_str());
   found.node = node_at_row(root, found.row);
   if (found.node.IsNodeValid() == 0) miss("no node '" + place + "'");
-  found.level = rytree_get_level(&found.path, &found.node, nullptr, 0);
+  found.level = rytree_get_level(&found.path, &found.node, nullptr, /*stopAtEventRoot=*/0);
   return found;
 }
 
-int Document::count() { return 1 + rytree_count_items_by_attribute(&root, nullptr, nullptr, 0, 1); }
+int Document::count() {
+  return 1 + rytree_count_items_by_attribute(&root, nullptr, nullptr, /*countMissing=*/0, /*recursive=*/1);
+}
 
 void Document::save(const std::string& target) const {
   if (target.empty()) throw Failure("a file name is empty");
@@ -31,16 +33,4 @@ RYXmlWrapperBase node_at_row(RYXmlWrapperBase& root, int row, DWORD flags) {
   RYXmlWrapperBase node;
   if (row > 1) rytree_get_node_ex(&root, &node, row - 2, flags, nullptr);
   return node;
-}
-
-std::string tag_of(const RYXmlWrapperBase& node) {
-  CString tag;
-  node.GetTagName(tag);
-  return std::string(tag.View());
-}
-
-std::string value_of(RYXmlWrapperBase node) {
-  CString value;
-  node.NodeValue(value, 1, 1, nullptr);
-  return std::string(value.View());
 }

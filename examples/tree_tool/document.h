@@ -7,12 +7,12 @@
 
 #include "failure.h"
 
-/// What was asked for is not in the tree: status 1 instead of 2.
+/// What was asked for is not in the tree: the program ends with status 1, not 2.
 struct NotFound : Failure {
   using Failure::Failure;
 };
 
-/// A node and where it stands.
+/// A node and where it is in the tree.
 struct Place {
   RYXmlWrapperBase node;
   int row = 0;
@@ -32,7 +32,7 @@ struct Document {
   [[noreturn]] void miss(const std::string& reason) const { throw NotFound(file + ": " + reason); }
   /// The same for a Failure.
   [[noreturn]] void fail(const std::string& reason) const { throw Failure(file + ": " + reason); }
-  /// Writes the tree to a file, which holds the old or the new one at every moment. Throws a Failure.
+  /// Writes the tree to a file, which is replaced as a whole or not at all. Throws a Failure.
   void save(const std::string& target) const;
 
   std::string file;
@@ -42,7 +42,3 @@ struct Document {
 /// The node of a row number, in the numbering of rytree_get_node_ex, where the first child of the root has
 /// row 2; invalid if there is none.
 RYXmlWrapperBase node_at_row(RYXmlWrapperBase& root, int row, DWORD flags = 0);
-
-/// The tag of a node, and its own text.
-std::string tag_of(const RYXmlWrapperBase& node);
-std::string value_of(RYXmlWrapperBase node);

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "columns.h"
-#include "document.h"
+#include "nodes.h"
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr const char* kNoColour = "\033[0m";
 
 }  // namespace
 
-/// A text in at most one of so many parts of the terminal's width.
+/// A text in at most the width of the terminal divided by `part`.
 Listing::Text Listing::fitted(const std::string& text, int part) const {
   const Cell cell(text);
   const int room = terminal_.columns > 0 ? terminal_.columns / part : cell.width();
@@ -41,7 +41,7 @@ void Listing::add(RYXmlWrapperBase& node, int row, const CString& path) {
 }
 
 void Listing::add_line(RYXmlWrapperBase& node, int row, const std::string& level, Text name) {
-  const CString label = rytree_get_node_label(&node, true);
+  const CString label = rytree_get_node_label(&node, /*useLabel=*/true);
   const bool own_label = label != tag_of(node).c_str();
   lines_.push_back({fitted(std::to_string(row), 1), fitted(level, 1), std::move(name),
                     fitted(own_label ? label.GetString() : "", 4), fitted(value_of(node), 1)});
@@ -64,7 +64,7 @@ void Listing::write(std::string& out, const Line& line, const std::array<int, kC
     Text cell = line[i];
     if (i == kValue && terminal_.columns > 0) cell.shown = Cell(cell.shown).fit(terminal_.columns - start);
     if (!cell.shown.empty()) {
-      const int place = i <= kLevel ? start + widths[i] - cell.width : start;  // numbers stand to the right
+      const int place = i <= kLevel ? start + widths[i] - cell.width : start;  // numbers to the right
       out.append(static_cast<std::size_t>(place - written), ' ');
       out += terminal_.colour ? kColours[i] + cell.shown + kNoColour : cell.shown;
       written = place + cell.width;

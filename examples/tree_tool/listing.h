@@ -11,16 +11,16 @@
 
 class Listing {
  public:
-  /// On a terminal texts are cut so that a line fits its width; elsewhere they stay whole.
+  /// On a terminal, texts are cut so that a line fits its width; elsewhere they stay whole.
   explicit Listing(const Terminal& terminal) : terminal_(terminal) {}
 
   void add_heading();
-  /// A node with its tag indented by its level.
+  /// Adds a node with its level and its tag, indented by the level.
   void add(RYXmlWrapperBase& node, int row, int level);
-  /// A node with its path and no level.
+  /// Adds a node with its path and without a level.
   void add(RYXmlWrapperBase& node, int row, const CString& path);
 
-  /// All lines, without blanks at their ends.
+  /// All lines added so far, without blanks at their ends.
   std::string text() const;
 
  private:

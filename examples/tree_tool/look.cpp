@@ -2,6 +2,7 @@
 #include "columns.h"
 #include "commands.h"
 #include "listing.h"
+#include "nodes.h"
 #include "rows.h"
 
 Outcome show(Document& document, const Arguments& arguments) {
@@ -14,7 +15,7 @@ Outcome show(Document& document, const Arguments& arguments) {
 
 Outcome path(Document& document, const Arguments& arguments) {
   Place place = document.at(arguments.words[1]);
-  const CString label = rytree_get_node_label(&place.node, true);
+  const CString label = rytree_get_node_label(&place.node, /*useLabel=*/true);
   return {"row    " + std::to_string(place.row) + "\nlevel  " + std::to_string(place.level) + "\npath   " +
           one_line(place.path.View()) + "\nlabel  " + one_line(label.View()) + "\nvalue  " +
           one_line(value_of(place.node)) + '\n'};
@@ -29,7 +30,7 @@ Outcome find(Document& document, const Arguments& arguments) {
   }
   const int ignore_case = arguments.has("--ignore-case") ? 1 : 0;
   Listing listing(Terminal::of_standard_output());
-  visit_rows(document.root, 0, [&](RYXmlWrapperBase& node, int row, int /*level*/) {
+  visit_rows(document.root, /*flags=*/0, [&](RYXmlWrapperBase& node, int row, int /*level*/) {
     if (rytree_check_node_str_attr(&node, &names, &values, ignore_case) != 1) return;
     CString path;
     VCTreeGetPathStr(path, &node);

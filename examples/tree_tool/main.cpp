@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Writes a changed tree where the options want it, and tells what was done.
+/// Writes a changed tree where the options say, and gives the text to print.
 std::string finish(const Document& document, const Arguments& arguments, const Outcome& outcome) {
   const bool in_place = arguments.has("--in-place");
   const bool writes = in_place || arguments.has("-o");

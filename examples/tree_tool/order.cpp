@@ -3,6 +3,7 @@
 
 #include "columns.h"
 #include "commands.h"
+#include "nodes.h"
 #include "rows.h"
 
 namespace {
@@ -14,20 +15,18 @@ void visit_children(const RYXmlWrapperBase& parent, Visit visit) {
   for (parent.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) visit(child);
 }
 
-/// Whether a tag is the prefix, case aside, and a number.
+/// Whether a tag is the prefix, in upper or lower case, and a number.
 bool is_numbered(const std::string& tag, const std::string& prefix) {
   const std::size_t end = tag.find_last_not_of("0123456789") + 1;
   return end < tag.size() && CString(tag.substr(0, end).c_str()).CompareNoCase(prefix.c_str()) == 0;
 }
 
-/// A node with nothing in it cannot be given another tag, so it borrows a text meanwhile.
+/// VCTreeSetTagName does not take an empty node, so it gets a text for the time of the call.
 bool set_tag(RYXmlWrapperBase& node, const std::string& tag) {
   const bool bare = node.IsEmpty() != 0;
-  CString text("-");
-  if (bare) node.NodeValue(text, 0, 1, nullptr);
+  if (bare) set_value(node, "-");
   const bool done = VCTreeSetTagName(&node, tag.c_str());
-  text.Empty();
-  if (bare) node.NodeValue(text, 0, 1, nullptr);
+  if (bare) set_value(node, "");
   return done;
 }
 

@@ -5,8 +5,8 @@
 
 #include "arguments.h"
 
-/// Which nodes have a row, from the options --branches and --level: as the flags of rytree_get_node_ex and
-/// rytree_move_node.
+/// The flags of rytree_get_node_ex and rytree_move_node that say which nodes have a row, from the options
+/// --branches and --level.
 DWORD row_flags(const Arguments& arguments);
 
 /// Calls `visit` with each node that has a row, the row and the level, beginning with the root.

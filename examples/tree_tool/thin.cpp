@@ -33,7 +33,7 @@ void filter_by_texts(RYXmlWrapperBase& root, int id, const Arguments& arguments)
   HostStringArray excludes;
   for (const std::string& text : arguments.texts("--include")) includes.array().Add(text.c_str());
   for (const std::string& text : arguments.texts("--exclude")) excludes.array().Add(text.c_str());
-  // The modes are the library's, in its order.
+  // The choices are in the order of the library's mode numbers.
   const int include_mode = arguments.choice("--include-mode", {"all", "any"}, "all");
   const int exclude_mode = arguments.choice("--exclude-mode", {"only", "any", "all"}, "any");
   const int include_id = arguments.has("--include") ? arguments.number("--include-id") : 0;
@@ -67,6 +67,6 @@ Outcome prune_empty(Document& document, const Arguments& arguments) {
   RYXmlWrapperBase top =
       arguments.words.size() > 1 ? document.at(arguments.words[1]).node : RYXmlWrapperBase(document.root);
   const int before = document.count();
-  rytree_remove_empty_child_nodes(&top, true);
+  rytree_remove_empty_child_nodes(&top, /*recursive=*/true);
   return removed(document, before);
 }

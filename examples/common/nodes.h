@@ -1,0 +1,13 @@
+// What the programs print of a node.
+#pragma once
+
+#include <rytree_Utils.h>
+
+#include <string>
+
+/// The tag of a node.
+std::string tag_of(const RYXmlWrapperBase& node);
+
+/// The text of a node itself.
+std::string value_of(RYXmlWrapperBase node);
+void set_value(RYXmlWrapperBase& node, const std::string& text);
