@@ -7,13 +7,14 @@
 #include <string>
 #include <string_view>
 
-/// Compares what the libraries made of one job, each asked for its result once, in the first round.
+/// Compares what the libraries made of one job. Each gives its result once, in the first round.
 class Agreement {
  public:
-  /// Whether that library's result of that job is still to be told.
+  /// Whether that library has not given its result of that job yet. True once only.
   static bool wants(std::string_view library, std::string_view job, int nodes);
-  /// The first result told is the one to agree with; another fails the benchmark and the program.
-  static void tell(benchmark::State& state, std::string_view job, int nodes, std::uint64_t result);
+  /// The first result is the one to agree with; a different one fails the benchmark and the program.
+  static void compare(benchmark::State& state, std::string_view job, int nodes, std::uint64_t result);
+  /// Whether any result differed.
   static bool broken();
 };
 

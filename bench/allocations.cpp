@@ -33,7 +33,7 @@ AllocationCount::~AllocationCount() { counting = false; }
 long long AllocationCount::calls() const { return call_count; }
 long long AllocationCount::bytes() const { return byte_count; }
 
-// The program's allocator in place of the C library's, on top of it: shared libraries call these too.
+// These replace the C library's functions, which they call, for the whole program with its shared libraries.
 extern "C" {
 
 void* __libc_malloc(std::size_t bytes);

@@ -1,7 +1,7 @@
 // Counts what the program asks the allocator for.
 #pragma once
 
-/// Counts from its making on, through every way to allocate. One at a time.
+/// Counts from the moment it is made, whatever function allocates. Only one may exist at a time.
 class AllocationCount {
  public:
   AllocationCount();
@@ -9,7 +9,8 @@ class AllocationCount {
   AllocationCount& operator=(const AllocationCount&) = delete;
   ~AllocationCount();
 
+  /// How often memory was asked for.
   long long calls() const;
-  /// Taken and not given back so far, with the allocator's own head of each block.
+  /// Taken and not given back so far, including the allocator's header of each block.
   long long bytes() const;
 };

@@ -1,4 +1,4 @@
-// What programmers write over a tree library: plain recursive loops.
+// The loops that programmers write over a tree library: plain and recursive.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,8 @@
 #include <utility>
 #include <vector>
 
-/// The jobs as loops over `Dom`, which gives a library's own operations one set of names (peers/ has them).
+/// The jobs as loops over `Dom`, which gives the operations of a library common names. Each file in peers/
+/// has such a `Dom`.
 template <class Dom>
 struct DomLoops : Dom {
   using Tree = typename Dom::Tree;

@@ -1,4 +1,4 @@
-// The time per node of exports that walk a tree or an array, small trees against large ones.
+// The time per node of exports that walk a tree or an array: does it grow with the tree?
 #pragma once
 
 #include <vector>

@@ -1,4 +1,4 @@
-// Exports that search or read. What is looked for stands last, or nowhere.
+// Exports that search or read. What they look for is the last node or not there at all.
 #include <rytree_Utils.h>
 
 #include <algorithm>

@@ -6,12 +6,12 @@
 #include "growth_scene.h"
 
 struct GrowthRow {
-  const char* name;  // of the export, and which of its ways it goes
+  const char* name;  // the export, and after a comma which of its cases this is
   void (*call)(Scene&);
   void (*prepare)(Scene&) = nullptr;
 };
 
-/// A row for each export whose work grows with a tree or an array, or for the one to which it hands on; more
-/// where an export has several ways to go.
+/// A row for each export whose work grows with a tree or an array, and several where it works in different
+/// ways. An export that only forwards to another is measured by that one's row.
 std::span<const GrowthRow> reading_rows();
 std::span<const GrowthRow> writing_rows();

@@ -3,30 +3,30 @@
 
 #include <rytree_Utils.h>
 
-/// Loaded once for each number of nodes.
+/// What is loaded once for each number of nodes.
 struct SceneInput {
   int nodes;
   RYXmlWrapperBase tree;  // the tree on which the libraries are compared
-  RYXmlWrapperBase rows;  // a root with leaves alone, shuffled by "Order"
+  RYXmlWrapperBase rows;  // a root with leaves only, their attribute "Order" shuffled
   CArray<int, int> ids;   // of all leaves of the tree, shuffled
-  CStringArray values;    // beside them
+  CStringArray values;    // one for each of these IDs
   CArray<int, int> sorted_ids;
   int last_id;  // of the last node of the tree
 };
 
 const SceneInput& scene_input(int nodes);
 
-/// Fresh for each call.
+/// What each call gets afresh.
 struct Scene : SceneInput {
   explicit Scene(const SceneInput& from);
 
   RYXmlWrapperBase other;     // a second tree
-  RYXmlWrapperBase made;      // a root alone, for what a row of the table makes before its call
-  RYXmlWrapperBase empty;     // a root alone
-  RYXmlWrapperBase found;     // no node
-  CArray<int, int> int_list;  // the lists: no elements
+  RYXmlWrapperBase made;      // a bare root, for what a row of the table makes before its call
+  RYXmlWrapperBase empty;     // a bare root
+  RYXmlWrapperBase found;     // an invalid handle
+  CArray<int, int> int_list;  // the lists and the host arrays below are empty
   CStringArray text_list;
-  HostIntArray ints;  // the host arrays: no elements
+  HostIntArray ints;
   HostStringArray texts;
   HostStringArray labels;
   HostDoubleArray doubles;
@@ -37,30 +37,30 @@ struct Scene : SceneInput {
 
 // What a row may make before its call.
 
-/// Children of `made`, with node ID, "DataID" and a text from 1 on: tags "Row1", "Row2", …; the tag in
-/// "Name".
+/// Children of `made` with the tags "Row1", "Row2", …: the number is also their node ID, "DataID" and text,
+/// the tag also their attribute "Name".
 void make_numbered(Scene& scene);
-/// The same as the values of a vector of fit parameters.
+/// The same children, below a `made` that is a vector of fit parameters, and the host arrays.
 void make_vector(Scene& scene);
 /// Children of `made` tagged A, B, … Z, AA, AB, …
 void make_letters(Scene& scene);
-/// The rows as a child of `made`, with the DataID 420.
+/// A copy of `rows`, with the DataID 420, as a child of `made`.
 void make_branch(Scene& scene);
-/// A composite range in `made`, its ranges and their sub-nodes making up the number of nodes.
+/// A composite range in `made`. Its ranges and their sub-nodes together are as many as the nodes.
 void make_ranges(Scene& scene);
-/// Children of `made`, "X", "Y" and "S" in turn.
+/// Children of `made` with the tags "X", "Y" and "S" in turn.
 void make_flat_ranges(Scene& scene);
-/// "NodeID" as "DataID" in the whole tree.
+/// An attribute "NodeID" with the number of "DataID" on every node below the root of the tree.
 void make_node_ids(Scene& scene);
-/// Host arrays with an element for each node.
+/// One element for each node in the host arrays, apart from `labels`.
 void make_arrays(Scene& scene);
-/// "Row=text," for each node in `text`.
+/// "Row = NUMBER, " for each node in `text`.
 void make_pairs(Scene& scene);
 /// A repeat number on every direct child of the tree.
 void make_repeats(Scene& scene);
-/// The same DataID, 7, on all nodes of the tree and of the rows.
+/// The DataID 7 on all nodes of `tree` and `rows`.
 void make_equal_ids(Scene& scene);
-/// The rows end with one tagged "Last".
+/// A last row with the tag "Last".
 void make_last(Scene& scene);
-/// Ten values of "Order" for all rows.
+/// Only ten different values of "Order" among the rows.
 void make_few_values(Scene& scene);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// What `make` gives for a number of nodes, kept for the next who asks.
+/// What `make` gives for a number of nodes: made at the first call, kept for the next ones.
 template <class Made>
 const Made& made_once(int nodes, Made (*make)(int)) {
   static std::map<int, Made> all;
@@ -16,14 +16,14 @@ const Made& made_once(int nodes, Made (*make)(int)) {
 
 struct Input {
   int nodes;
-  std::string tree_path;  // the tree of make_tree in a file
-  std::string flat_path;  // the tree of make_flat_tree in a file
-  std::vector<int> ids;   // of all leaves, shuffled, and beside each the value to be applied
-  std::vector<std::string> values;
-  int last_id;
+  std::string tree_path;            // the tree of make_tree in a file
+  std::string flat_path;            // the tree of make_flat_tree in a file
+  std::vector<int> ids;             // of all leaves, shuffled
+  std::vector<std::string> values;  // the value to apply to each of these leaves
+  int last_id;                      // of the last node of the tree
 };
 
-/// Files stand in memory where the machine has a place for that, and go at the end of the program.
+/// The files are in memory where the machine has a place for that. They are removed when the program ends.
 const Input& input(int nodes);
 
 /// Where a job may write a file.

@@ -11,14 +11,14 @@
 #include "library.h"
 #include "measure.h"
 
-/// The jobs over `Peer`, an adapter with the operations of DomLoops and below it.
+/// The jobs over `Peer`, an adapter that has the operations of DomLoops and those of the `Dom` below it.
 template <class Peer>
 class Jobs {
   using Tree = typename Peer::Tree;
   using Node = typename Peer::Node;
 
  public:
-  /// A library of that name with those of the jobs below that it is asked for; none: all.
+  /// A library of that name with the wanted jobs, or with all of them if none is named.
   static Library library(const std::string& name, const std::vector<std::string_view>& wanted = {}) {
     Library made{name, {}};
     const auto add = [&](const char* job, auto run) {
@@ -54,7 +54,7 @@ class Jobs {
 
   static void load(Run run) {
     if (run.first_round()) {
-      const int nodes = run.in().nodes;  // the input is made at its first use, which is not the tree's memory
+      const int nodes = run.in().nodes;  // makes the input, which must not count as memory of the tree
       const AllocationCount held;
       const Tree tree = open(run);
       run.count("bytes_per_node", static_cast<double>(held.bytes()) / nodes);

@@ -1,4 +1,4 @@
-// A library that takes part, and what it is measured in.
+// The libraries that take part, and their jobs.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -11,7 +11,7 @@
 
 struct Job {
   std::string name;
-  bool per_call;  // one call on a small tree, and not a pass over all nodes
+  bool per_call;  // one call on a small tree, not a pass over all nodes
   std::function<void(benchmark::State&)> run;
 };
 

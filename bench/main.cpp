@@ -1,5 +1,5 @@
-// Measures the library beside others: every job at every number of nodes by one library after the other,
-// round by round, so that whatever slows the machine down for a while slows down all of them.
+// Measures the library beside others. In each round of a job the libraries take turns, so that whatever slows
+// the machine down for a while slows down all of them.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -34,7 +34,7 @@ std::vector<int> numbers_of(std::string_view list) {
   return numbers;
 }
 
-// What the benchmark framework has left over.
+// Reads the arguments that the benchmark framework does not know.
 Options options_of(int count, char** arguments) {
   constexpr std::string_view kSizes = "--sizes=";
   constexpr std::string_view kRounds = "--rounds=";
@@ -54,7 +54,7 @@ Options options_of(int count, char** arguments) {
   return options;
 }
 
-// Small trees are measured over many passes, large ones over fewer rounds.
+// Small trees are measured in many passes a round, large ones in fewer rounds.
 int passes(int nodes) { return std::clamp(200'000 / nodes, 1, 100); }
 int rounds(const Options& options, int nodes) {
   return nodes > 500'000 ? (options.rounds + 1) / 2 : options.rounds;

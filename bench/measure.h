@@ -12,7 +12,7 @@
 #include "agreement.h"
 #include "inputs.h"
 
-/// Processor time since its making: what other programs do meanwhile does not count.
+/// Processor time since it was made, so that what other programs do does not count.
 class Stopwatch {
  public:
   double seconds() const { return now() - start_; }
@@ -39,8 +39,8 @@ class Run {
   bool first_round() const { return first_round_; }
   void count(const char* name, double value) { state_.counters[name] = value; }
 
-  /// Measures `work` on what `prepare` makes, a new one each time. In the first round `result` turns both
-  /// into the number in which all libraries agree.
+  /// Measures `work` on what `prepare` makes, anew each time. In the first round `result` turns that and what
+  /// `work` gave into the number on which all libraries must agree.
   template <class Prepare, class Work, class Result>
   void measure(const Prepare& prepare, const Work& work, const Result& result) {
     while (state_.KeepRunning()) {
@@ -49,7 +49,7 @@ class Run {
       auto made = work(scene);
       state_.SetIterationTime(watch.seconds());
       if (std::exchange(first_round_, false)) {
-        Agreement::tell(state_, job_, nodes_, static_cast<std::uint64_t>(result(scene, made)));
+        Agreement::compare(state_, job_, nodes_, static_cast<std::uint64_t>(result(scene, made)));
       }
     }
   }

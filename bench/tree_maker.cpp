@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 12> kThings = {"Axis", "Border", "Curve",
 constexpr std::array<std::string_view, 10> kTraits = {"Angle", "Color", "Count", "From", "Mode",
                                                       "Name",  "Range", "Style", "Type", "Width"};
 
-// Numbers that are the same everywhere; the distributions of the standard library are not.
+// Gives the same numbers on every machine, unlike the distributions of the standard library.
 class Random {
  public:
   int below(int limit) { return static_cast<int>(engine_() % static_cast<unsigned>(limit)); }
@@ -31,7 +31,7 @@ class Random {
   std::mt19937 engine_{20240229};
 };
 
-// The number of children of each node, level by level; empty if the levels do not hold that many nodes.
+// The number of children of each node, level by level; empty if the levels cannot hold that many nodes.
 std::vector<int> child_counts(int nodes, int widen) {
   Random random;
   std::vector<int> counts(static_cast<std::size_t>(nodes), 0);
@@ -101,7 +101,7 @@ class Writer {
     const std::string tag = std::string(random_.pick(kThings)) + std::string(random_.pick(kTraits));
     std::string& xml = tree_.xml;
     tree_.last_id +=
-        1 + random_.below(3);  // a million nodes stay below 0x200000, where IDs have another meaning
+        1 + random_.below(3);  // IDs have another meaning from 0x200000 on, beyond a million nodes
     xml += indent + '<' + tag + " DataID=\"" + std::to_string(tree_.last_id) + "\" Label=\"";
     xml += std::string(random_.pick(kThings)) + ' ' + std::to_string(random_.below(1000)) + '"';
     if (random_.below(3) == 0) xml += random_.below(2) == 0 ? " Show=\"0\"" : " Show=\"1\"";
@@ -121,7 +121,7 @@ class Writer {
   }
 
   const std::vector<int>& counts_;
-  std::vector<int> first_;  // child of each node; the children of one node stand together
+  std::vector<int> first_;  // the first child of each node, whose other children follow it
   Random random_;
   MadeTree tree_;
 };

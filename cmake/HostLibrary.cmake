@@ -1,5 +1,5 @@
-# host_library(NAME DEPENDS ...): a shared library of the bundled host from the sources of the calling folder.
-# Its public headers stand in include/ below that folder. Both are installed into the library's package.
+# host_library(NAME DEPENDS ... PRIVATE_DEPENDS ...): makes a shared library of the bundled host from the sources of the
+# calling folder, with public headers in include/ below it. Both are installed with the library's package.
 function(host_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;PRIVATE_DEPENDS")
   file(GLOB sources CONFIGURE_DEPENDS "*.cpp")

@@ -1,4 +1,4 @@
-# Installing the library, its headers and the package that find_package(rytree_Utils CONFIG) finds. The host installs its
+# Installs the library, its headers and the package that find_package(rytree_Utils CONFIG) finds. The host installs its
 # own libraries and headers, into the same export set.
 include(CMakePackageConfigHelpers)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/rytree_Utils")

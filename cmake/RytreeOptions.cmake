@@ -27,16 +27,16 @@ add_library(rytree_build_flags INTERFACE)
 target_compile_options(rytree_build_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
   $<$<BOOL:${RYTREE_DEVELOPER}>:-Werror>
-  -fno-semantic-interposition  # nobody replaces a function of these libraries, so calls inside one go straight
-  # A unique symbol would pin the library in memory after it is unloaded.
+  -fno-semantic-interposition  # nobody replaces a function of these libraries, so calls within one are direct
+  # A unique symbol would keep the library in memory when it is unloaded.
   $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
-  # GCC 12 falsely sees an overlap in "text" + std::string where it optimizes.
+  # GCC 12 wrongly sees an overlap in "text" + std::string when it optimizes.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
-
-target_link_options(rytree_build_flags INTERFACE "LINKER:-Bsymbolic-functions")  # the same for calls between the files of one library
+# The same for calls between the files of one library.
+target_link_options(rytree_build_flags INTERFACE "LINKER:-Bsymbolic-functions")
 
 if(RYTREE_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)  # what the fuzzers watch while they search
+  add_compile_options(-fsanitize=fuzzer-no-link)  # lets the fuzzers see which code an input reaches
 endif()
 if(RYTREE_SANITIZE)
   add_compile_options(-fsanitize=${RYTREE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -1,4 +1,4 @@
-# Compares the symbols that a shared library shows with a list, one demangled name a line.
+# Compares the symbols that a shared library exports with a list, one demangled name a line. UPDATE writes the list first.
 #   cmake -DNM=nm -DLIBRARY=librytree_Utils.so -DLIST=exports.txt [-DUPDATE=ON] -P compare_exports.cmake
 execute_process(
   COMMAND "${NM}" --dynamic --defined-only --demangle --format=posix "${LIBRARY}"

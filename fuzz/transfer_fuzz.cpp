@@ -1,5 +1,5 @@
-// Two trees in one text, divided by a NUL: the values of the first go into the second by ID, which is then
-// pruned of what equals the first; themes are written and read on the way.
+// Two trees in one text, with a NUL between them. The values of the first go into the second by ID, and what
+// is then equal in both is removed from it. On the way they are written to a theme and read back.
 #include <rytree_Utils.h>
 
 #include <cstdint>

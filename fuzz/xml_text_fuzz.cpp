@@ -1,4 +1,5 @@
-// Any bytes as XML text: what parses is given back, and the text that is given back parses to itself.
+// Any bytes as XML text. A tree that they parse to must be written as text, and that text must parse to a tree
+// that is written the same way.
 #include <rytree_host/node.h>
 
 #include <cstdint>

@@ -9,7 +9,7 @@ import unicodedata
 
 
 def upper(char):
-    # Where the full upper case is longer than one character, the title case may be the one-to-one partner.
+    # Where the full upper case is longer than one character, the title case may be the one-to-one mapping.
     return char.upper() if len(char.upper()) == 1 else char.title()
 
 
@@ -18,7 +18,7 @@ def lower(char):
 
 
 def runs(convert):
-    """Yields [first, last, stride, delta] with every stride-th code point from first to last moved by delta."""
+    """Yields [first, last, stride, delta]: every stride-th code point from first to last is mapped to itself plus delta."""
     run = None
     for code in range(0x110000):
         if 0xD800 <= code < 0xE000:

@@ -1,4 +1,4 @@
-// The reader below the bundled node class alone, with nothing built: what a load cannot be faster than.
+// The parser below the bundled node class by itself. It builds nothing, so no load can be faster.
 #include <expat.h>
 
 #include <cstdio>

@@ -54,7 +54,7 @@ struct LibXml2 {
     xmlSetProp(node, bytes(name), bytes(digits));
   }
   static const char* text(Node node) { return content(node->children); }
-  // Setting the content at once would read the text as XML.
+  // xmlNodeSetContent would read the text as XML.
   static void set_text(Tree&, Node node, const std::string& text) {
     xmlNodeSetContent(node, nullptr);
     xmlNodeAddContentLen(node, bytes(text.c_str()), static_cast<int>(text.size()));

@@ -50,7 +50,7 @@ struct PugiXml {
   static void move_to_end(Tree&, Node parent, Node child) { parent.append_move(child); }
 
  private:
-  // With the texts kept in the elements, elements are all there is.
+  // Where texts are kept in the elements, every node is an element.
   static Node element(Node node) {
     if constexpr ((kFlags & pugi::parse_embed_pcdata) == 0) {
       while (node && node.type() != pugi::node_element) node = node.next_sibling();

@@ -1,4 +1,4 @@
-// The library that is measured: its exports, and its node class where a caller would write the loop himself.
+// The library that is measured: its exports, and loops over the node class where no export does the job.
 #include <rytree_Utils.h>
 #include <rytree_Utils/arrange.h>
 
@@ -119,7 +119,7 @@ struct Rytree {
     return missing;
   }
   static void set_int(Tree&, Node& node, const char* name, int value) { node.SetPropertyValue(name, value); }
-  // Good until the next call: whoever reads many texts reads them into one string.
+  // Good until the next call: a caller who reads many texts uses one string for all of them.
   static const char* text(const Node& node) {
     static CString text;
     node.GetNodeStringWithBlobInfo(text, 0);
@@ -143,7 +143,7 @@ struct Rytree {
   }
 };
 
-// The same with the node class's own search, and attribute names as plain text.
+// The same with the search of the node class itself and attribute names as plain text.
 struct RytreePlainNames : Rytree {
   static bool find(Tree& tree, int id) {
     RYXmlWrapperBase found;
