@@ -41,7 +41,8 @@ TEST(CopyById, copies_and_prunes) {
     prune - - | <R><a #6/><a #5 p='1'/><a #5 p='1'/></R> | <R><a #5/></R> | -5
     all - - 1 1 0 | <R><B #-7><a/></B><B #-7><a/></B></R> | <R><a #1>x</a></R> | -4
     prune - - | <R><a #0/><a #0/></R> | <R><a #1>x</a></R> | -4
-    prune - - | <R><a #1>x</a></R> | <R><a #1>x</a><B><a ^32767/></B></R> | -5 | <R><B><a ^32767/></B></R>
+    prune - - | <R><a #1>x</a></R> | <R><a #1>x</a><B ^2><a #65536/></B></R> | -5 | \
+        <R><B ^2><a #65536/></B></R>
     // Made directly below the destination, in the order of the source, its root first; a node ID counts too.
     whole | <S #8 Label='s'><B #2 Use='u'><c #3 Label='l'>y</c><d #4/></B></S> | \
         <R #3><B><a #2 _NodeID='4'/></B></R> | 2 | \
