@@ -5,36 +5,36 @@
 
 namespace {
 
-/// Tells whether the characters in front match, and moves behind them. The text may have ended.
-bool step(const char*& filter, const char*& text, bool exact) {
+// Whether the first characters of both match; moves past them. The text may have ended.
+bool Step(const char*& filter, const char*& text, bool exact) {
   if (!*text) return false;
   const char32_t wanted = utf8::next(filter);
   const char32_t given = utf8::next(text);
   return wanted == '?' || wanted == given || (!exact && utf8::fold(wanted) == utf8::fold(given));
 }
 
-/// Moves `text` behind what the filter up to `end`, where no `*` stands, matches at its front.
-bool step_to(const char* end, const char* filter, const char*& text, bool exact) {
+// Moves `text` past what the filter up to `end`, which has no `*`, matches at its start.
+bool StepTo(const char* end, const char* filter, const char*& text, bool exact) {
   while (filter != end) {
-    if (!step(filter, text, exact)) return false;
+    if (!Step(filter, text, exact)) return false;
   }
   return true;
 }
 
-/// Moves `text` behind the first place that the filter up to `end` matches.
-bool search(const char* end, const char* filter, const char*& text, bool exact) {
+// Moves `text` past the first place that the filter up to `end` matches.
+bool Search(const char* end, const char* filter, const char*& text, bool exact) {
   for (;; utf8::next(text)) {
-    const char* behind = text;
-    if (step_to(end, filter, behind, exact)) {
-      text = behind;
+    const char* past = text;
+    if (StepTo(end, filter, past, exact)) {
+      text = past;
       return true;
     }
     if (!*text) return false;
   }
 }
 
-/// Moves `text` to its last `count` characters.
-bool keep_last(std::size_t count, const char*& text) {
+// Moves `text` to its last `count` characters.
+bool KeepLast(std::size_t count, const char*& text) {
   const char* ahead = text;
   for (; count > 0; --count) {
     if (!*ahead) return false;
@@ -44,25 +44,25 @@ bool keep_last(std::size_t count, const char*& text) {
   return true;
 }
 
-std::size_t characters(const char* text) {
+std::size_t CountCharacters(const char* text) {
   std::size_t count = 0;
   for (; *text; ++count) utf8::next(text);
   return count;
 }
 
-/// The stretches between stars are taken at their first places, which never costs a match, and the last at
-/// the end.
-bool matches(const char* filter, const char* text, bool exact) {
+// Each stretch between stars is matched at the first place it fits, which never loses a match, and the last
+// stretch at the end of the text.
+bool Matches(const char* filter, const char* text, bool exact) {
   const char* star = std::strchr(filter, '*');
-  if (!star) return step_to(filter + std::strlen(filter), filter, text, exact) && !*text;
-  if (!step_to(star, filter, text, exact)) return false;
+  if (!star) return StepTo(filter + std::strlen(filter), filter, text, exact) && !*text;
+  if (!StepTo(star, filter, text, exact)) return false;
   for (;;) {
     filter = star + 1;
     star = std::strchr(filter, '*');
     if (!star) break;
-    if (!search(star, filter, text, exact)) return false;
+    if (!Search(star, filter, text, exact)) return false;
   }
-  return keep_last(characters(filter), text) && step_to(filter + std::strlen(filter), filter, text, exact);
+  return KeepLast(CountCharacters(filter), text) && StepTo(filter + std::strlen(filter), filter, text, exact);
 }
 
 }  // namespace
@@ -78,5 +78,5 @@ char* kelp_find_closing_char(char* text, char character, int option, int* work) 
 
 int kelp_text_match(const char* filter, const char* text, int caseSensitive, int /*option1*/,
                     int /*option2*/) {
-  return matches(filter ? filter : "", text ? text : "", caseSensitive != 0);
+  return Matches(filter ? filter : "", text ? text : "", caseSensitive != 0);
 }

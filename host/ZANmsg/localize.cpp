@@ -8,12 +8,12 @@
 
 namespace {
 
-/// The length of `text` cut to `most` bytes, and then in front of a character that the cut would split.
-std::size_t cut_length(const char* text, std::size_t most) {
+// The length of `text` cut to `most` bytes, or to fewer where that would split a character.
+std::size_t CutLength(const char* text, std::size_t most) {
   std::size_t length = std::strlen(text);
   if (length <= most) return length;
-  constexpr std::size_t longest_tail = 3;
-  const std::size_t least = most - std::min(most, longest_tail);
+  constexpr std::size_t kLongestTail = 3;
+  const std::size_t least = most - std::min(most, kLongestTail);
   for (length = most; length > least; --length) {
     if ((static_cast<unsigned char>(text[length]) & 0xC0U) != 0x80) break;
   }
@@ -30,7 +30,7 @@ extern "C" __attribute__((visibility("default"))) void LocalizeString(char* buff
   if (!buffer || size < 1) return;
   // An empty text would ask for the head of the catalogue.
   const char* const localized = text && *text ? dgettext("rytree", text) : "";
-  const std::size_t length = cut_length(localized, static_cast<std::size_t>(size) - 1);
+  const std::size_t length = CutLength(localized, static_cast<std::size_t>(size) - 1);
   std::memmove(buffer, localized, length);
   buffer[length] = '\0';
 }

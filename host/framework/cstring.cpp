@@ -8,11 +8,11 @@
 
 namespace {
 
-int position(std::size_t found) noexcept {
+int Position(std::size_t found) noexcept {
   return found == std::string::npos || found > INT_MAX ? -1 : static_cast<int>(found);
 }
 
-std::string formatted(const char* format, std::va_list arguments) {
+std::string Formatted(const char* format, std::va_list arguments) {
   char small[256];
   std::va_list again;
   va_copy(again, arguments);
@@ -28,8 +28,8 @@ std::string formatted(const char* format, std::va_list arguments) {
   return text;
 }
 
-/// Converts ASCII in place, and from the first other byte on into a new string, because lengths may change.
-void change_case(std::string& text, char32_t (*convert)(char32_t)) {
+// Converts ASCII in place. From the first other byte on it writes a new string, because lengths may change.
+void ChangeCase(std::string& text, char32_t (*convert)(char32_t)) {
   std::size_t done = 0;
   for (; done < text.size() && static_cast<unsigned char>(text[done]) < 0x80; ++done) {
     text[done] = static_cast<char>(convert(static_cast<char32_t>(text[done])));
@@ -53,24 +53,24 @@ void CString::Format(const char* format, ...) {
   va_end(arguments);
 }
 
-void CString::FormatV(const char* format, std::va_list arguments) { text_ = formatted(format, arguments); }
+void CString::FormatV(const char* format, std::va_list arguments) { text_ = Formatted(format, arguments); }
 
 void CString::AppendFormat(const char* format, ...) {
   std::va_list arguments;
   va_start(arguments, format);
-  text_ += formatted(format, arguments);
+  text_ += Formatted(format, arguments);
   va_end(arguments);
 }
 
 int CString::Find(const char* text, int start) const noexcept {
-  return position(View().find(Narrow(text), Count(start)));
+  return Position(View().find(Narrow(text), Count(start)));
 }
 
 int CString::Find(char character, int start) const noexcept {
-  return position(View().find(character, Count(start)));
+  return Position(View().find(character, Count(start)));
 }
 
-int CString::ReverseFind(char character) const noexcept { return position(View().rfind(character)); }
+int CString::ReverseFind(char character) const noexcept { return Position(View().rfind(character)); }
 
 int CString::Insert(int index, const char* text) {
   text_.insert(Place(index), Narrow(text));
@@ -130,12 +130,12 @@ CString& CString::TrimRight(char character) {
 }
 
 CString& CString::MakeUpper() {
-  change_case(text_, utf8::upper);
+  ChangeCase(text_, utf8::upper);
   return *this;
 }
 
 CString& CString::MakeLower() {
-  change_case(text_, utf8::lower);
+  ChangeCase(text_, utf8::lower);
   return *this;
 }
 

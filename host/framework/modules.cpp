@@ -9,18 +9,18 @@
 
 namespace {
 
-HMODULE open(const std::string& path) { return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL); }
+HMODULE Open(const std::string& path) { return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL); }
 
-std::string local_name(std::string_view name) {
-  constexpr std::string_view ending = ".dll";
-  const std::size_t stem = name.size() > ending.size() ? name.size() - ending.size() : name.size();
+std::string LocalName(std::string_view name) {
+  constexpr std::string_view kEnding = ".dll";
+  const std::size_t stem = name.size() > kEnding.size() ? name.size() - kEnding.size() : name.size();
   // The view runs to the end of a C string, and so does each of its tails.
-  if (_mbsicmp(name.data() + stem, ending.data()) == 0) name.remove_suffix(ending.size());
+  if (_mbsicmp(name.data() + stem, kEnding.data()) == 0) name.remove_suffix(kEnding.size());
   return std::string(name) + ".so";
 }
 
-/// The folder of this library with its closing slash, or nothing.
-std::string own_folder() {
+// The folder of this library with its closing slash, or nothing.
+std::string OwnFolder() {
   Dl_info info{};
   if (!dladdr(reinterpret_cast<const void*>(&LoadLibraryA), &info) || !info.dli_fname) return {};
   const std::string_view file = info.dli_fname;
@@ -31,13 +31,13 @@ std::string own_folder() {
 
 HMODULE LoadLibraryA(const char* name) {
   if (!name || !*name) return nullptr;
-  if (std::string_view(name).find('/') != std::string_view::npos) return open(name);
-  const std::string file = local_name(name);
-  const std::string folder = own_folder();
+  if (std::string_view(name).find('/') != std::string_view::npos) return Open(name);
+  const std::string file = LocalName(name);
+  const std::string folder = OwnFolder();
   if (!folder.empty()) {
-    if (HMODULE module = open(folder + file)) return module;
+    if (HMODULE module = Open(folder + file)) return module;
   }
-  return open(file);
+  return Open(file);
 }
 
 FARPROC GetProcAddress(HMODULE module, const char* name) {

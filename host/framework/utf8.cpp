@@ -9,36 +9,36 @@ namespace utf8 {
 namespace {
 
 template <class Table>
-char32_t convert(const Table& table, char32_t code) noexcept {
+char32_t Convert(const Table& table, char32_t code) noexcept {
   const auto* const run = std::lower_bound(std::begin(table), std::end(table), code,
                                            [](const CaseRun& r, char32_t c) { return r.last < c; });
   if (run == std::end(table) || code < run->first || (code - run->first) % run->stride != 0) return code;
   return static_cast<char32_t>(static_cast<int>(code) + run->delta);
 }
 
-char byte(char32_t value) noexcept { return static_cast<char>(static_cast<unsigned char>(value)); }
+char Byte(char32_t value) noexcept { return static_cast<char>(static_cast<unsigned char>(value)); }
 
 }  // namespace
 
 void append(std::string& text, char32_t code) {
   if (code < 0x80 || code >= kStray) {
-    text += byte(code < 0x80 ? code : code - kStray);
+    text += Byte(code < 0x80 ? code : code - kStray);
     return;
   }
   const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-  constexpr char32_t lead[] = {0, 0xC0, 0xE0, 0xF0};
-  text += byte(lead[more] | code >> (6 * more));
-  for (int shift = 6 * (more - 1); shift >= 0; shift -= 6) text += byte(0x80U | (code >> shift & 0x3FU));
+  constexpr char32_t kLead[] = {0, 0xC0, 0xE0, 0xF0};
+  text += Byte(kLead[more] | code >> (6 * more));
+  for (int shift = 6 * (more - 1); shift >= 0; shift -= 6) text += Byte(0x80U | (code >> shift & 0x3FU));
 }
 
 char32_t upper(char32_t code) noexcept {
   if (code < 0x80) return code >= 'a' && code <= 'z' ? code - 0x20 : code;
-  return convert(kToUpper, code);
+  return Convert(kToUpper, code);
 }
 
 char32_t lower(char32_t code) noexcept {
   if (code < 0x80) return code >= 'A' && code <= 'Z' ? code + 0x20 : code;
-  return convert(kToLower, code);
+  return Convert(kToLower, code);
 }
 
 }  // namespace utf8

@@ -4,19 +4,17 @@
 
 namespace {
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-bool is_name_byte(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || is_digit(c);
-}
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsNameByte(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || IsDigit(c); }
 
 }  // namespace
 
 int ryuMakeValidCName(CString* name, int /*option*/) {
   if (!name) return 0;
-  if (name->IsEmpty() || is_digit(name->GetAt(0))) name->Insert(0, '_');
+  if (name->IsEmpty() || IsDigit(name->GetAt(0))) name->Insert(0, '_');
   char* const bytes = name->GetBuffer();
   std::replace_if(
-      bytes, bytes + name->GetLength(), [](char c) { return !is_name_byte(c); }, '_');
+      bytes, bytes + name->GetLength(), [](char c) { return !IsNameByte(c); }, '_');
   return 1;
 }
 

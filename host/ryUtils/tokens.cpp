@@ -7,8 +7,8 @@
 
 namespace {
 
-/// Where the token at `text` ends: at the next separator outside quotes, or at the end of the text.
-const char* token_end(const char* text, char separator, char quote, bool& unpaired) {
+// Where the token at `text` ends: at the next separator outside quotes, or at the end of the text.
+const char* TokenEnd(const char* text, char separator, char quote, bool& unpaired) {
   for (; *text && *text != separator; ++text) {
     if (!quote || *text != quote) continue;
     if (const char* partner = std::strchr(text + 1, quote)) {
@@ -29,7 +29,7 @@ int ryutilsGetTokens(const char* text, CStringArray* tokens, char separator, int
   int count = 0;
   if (text && *text) {
     for (const char* end = nullptr;; text = end + 1) {
-      end = token_end(text, separator, static_cast<char>(quote), unpaired);
+      end = TokenEnd(text, separator, static_cast<char>(quote), unpaired);
       if (tokens) found.Add(CString(std::string_view(text, static_cast<std::size_t>(end - text))));
       ++count;
       if (!*end) break;

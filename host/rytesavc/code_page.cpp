@@ -28,7 +28,7 @@ constexpr Listed kPages[] = {{"CP1250", 1250, false}, {"CP1251", 1251, false},  
                              {"CP932", 932, true},    {"CP936", 936, true},        {"CP949", 949, true},
                              {"CP950", 950, true},    {"ISO-8859-1", 28591, false}};
 
-// Pages are built when they are first set and stay, for other threads may be at work with them.
+// Pages are built when they are first set, and kept, because other threads may be using them.
 std::mutex building;
 std::array<std::unique_ptr<const CodePage>, std::size(kPages)> built;
 std::atomic<const CodePage*> current;
@@ -44,7 +44,7 @@ class Converter {
 
   bool known() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
-  // Gives the number of bytes written, 0 if the text does not convert as a whole.
+  // Gives the number of bytes written, 0 if not all of the text can be converted.
   std::size_t Convert(std::string_view text, void* to, std::size_t room) {
     char* in = const_cast<char*>(text.data());
     std::size_t rest = text.size();
@@ -57,7 +57,7 @@ class Converter {
     return all - room;
   }
 
-  // The one character that the bytes stand for; 0 if they stand for none or for more.
+  // The character, if the bytes are just one; else 0.
   char32_t Code(std::string_view bytes) {
     char32_t codes[4];
     return Convert(bytes, codes, sizeof codes) == sizeof codes[0] ? codes[0] : 0;

@@ -16,7 +16,8 @@ class CodePage {
   // Null if the platform does not know the character set. `pairs`: it has characters of two bytes.
   static std::unique_ptr<const CodePage> Build(const char* charset, bool pairs);
 
-  // How many bytes from 0x80 up make the first character of a text, 0 if they make none.
+  // Reads the first character of a text that starts with a byte from 0x80 up, and gives its length in bytes;
+  // 0 if the bytes are not a character.
   std::size_t Read(std::string_view text, char32_t& code) const {
     const auto first = static_cast<unsigned char>(text[0]);
     if ((code = codes_[first]) != 0) return 1;
@@ -24,22 +25,21 @@ class CodePage {
     code = codes_[std::size_t{256} * first + static_cast<unsigned char>(text[1])];
     return code != 0 ? 2 : 0;
   }
-  // False, and a part of the text, if there are bytes that make no character.
+  // False if there are bytes that are not a character; only what comes before them is converted then.
   bool ToUtf8(std::string_view text, std::string& utf8) const;
-  // Appends well-formed UTF-8. A character that the page lacks becomes a reference, "&#960;"; then the result
-  // is false.
+  // Appends well-formed UTF-8. A character that the page lacks becomes a reference, "&#960;", and the
+  // result is false.
   bool FromUtf8(std::string_view utf8, std::string& text) const;
 
  private:
   CodePage() = default;
 
-  // By bytes, the first of a pair above the second, and the bytes by code; 0 for none.
+  // Codes by bytes (of a pair, the first is the high byte), and bytes by codes; 0 for none.
   char16_t codes_[0x10000] = {};
   char16_t bytes_[0x10000] = {};
 };
 
-// What each byte stands for in a character set of single bytes, -1 for nothing. False for a name that is not
-// known.
+// What each byte means in a character set of single bytes, -1 for nothing. False for an unknown name.
 bool SingleByteCodes(const char* charset, int (&codes)[256]);
 
 }  // namespace rytesavc

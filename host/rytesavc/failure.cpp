@@ -16,7 +16,7 @@ struct Failure {
   TextPosition position;
 };
 
-// Nothing to destroy, so that threads which outlive the library leave nothing undone.
+// It needs no destructor, so threads may outlive the library.
 thread_local Failure last{};
 
 }  // namespace

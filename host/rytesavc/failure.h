@@ -6,7 +6,7 @@
 namespace rytesavc {
 
 struct TextPosition {
-  int line = 0;  // line and column from 1, the offset from 0 in bytes; as here where there is no text
+  int line = 0;  // line and column from 1, the offset in bytes from 0; without a text as here
   int column = 0;
   long long offset = -1;
 };

@@ -17,11 +17,11 @@ namespace rytesavc {
 
 namespace {
 
-// What a plain write to something that is no regular file is refused with.
+// The error number for something that is not a regular file.
 int NotAFile(mode_t mode) { return S_ISDIR(mode) ? EISDIR : EINVAL; }
 
-// Follows the symbolic links at the end of the path, also to a file that is not there yet. Gives an error
-// number.
+// Follows the symbolic links at the end of the path, which may lead to a file that does not exist yet. Gives
+// an error number.
 int FollowLinks(std::filesystem::path& path) {
   constexpr int kLongestChain = 40;
   for (int i = 0; i < kLongestChain; ++i) {
@@ -34,7 +34,7 @@ int FollowLinks(std::filesystem::path& path) {
   return ELOOP;
 }
 
-// A file beside the target that takes the target's name in the end, or goes.
+// A file beside the target, which takes the target's name in the end or is removed.
 class NewFile {
  public:
   explicit NewFile(std::filesystem::path target) : target_(std::move(target)) {}
@@ -69,7 +69,7 @@ int NewFile::Create() {
   if (stat(target_.c_str(), &old) != 0) return errno == ENOENT ? CreateUnique(0666) : errno;
   if (!S_ISREG(old.st_mode)) return NotAFile(old.st_mode);
   if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return errno;
-  // Nobody may read more of the new file than of the old one, at no time.
+  // Nobody may read the new file, at any time, who may not read the old one.
   if (const int error = CreateUnique(0600)) return error;
   static_cast<void>(fchown(descriptor_, old.st_uid, old.st_gid) == 0);
   return fchmod(descriptor_, old.st_mode & 07777) == 0 ? 0 : errno;
@@ -102,7 +102,7 @@ int NewFile::Write(std::string_view content) const {
 int NewFile::Rename() {
   if (rename(path_.c_str(), target_.c_str()) != 0) return errno;
   path_.clear();
-  // The directory's entry is flushed where the file system can do that.
+  // Flushes the directory's entry, where the file system can do that.
   const std::filesystem::path folder = target_.parent_path();
   const int directory = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (directory >= 0) {

@@ -7,8 +7,7 @@
 
 namespace rytesavc {
 
-// A regular file open for reading. Anything else (a directory, a pipe, a device) is a failure and never
-// waits.
+// A regular file open for reading. Anything else (a directory, a pipe, a device) is refused without waiting.
 class InputFile {
  public:
   explicit InputFile(const char* path) : path_(path) {}
@@ -19,7 +18,7 @@ class InputFile {
   bool Open();
   // Fills the buffer as far as the file goes. False on a failure.
   bool Read(char* to, std::size_t room, std::size_t& length);
-  // When it was opened.
+  // As it was when the file was opened.
   std::size_t size() const { return size_; }
 
  private:

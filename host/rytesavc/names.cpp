@@ -1,4 +1,4 @@
-// The names that a tree holds, and which names can be names.
+// The names that a tree holds, and which texts can be names.
 #include <expat.h>
 
 #include <memory>
@@ -21,7 +21,7 @@ constexpr std::uint32_t Hash(std::string_view text) {
 bool IsNameStart(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == ':'; }
 bool IsNameChar(char c) { return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.'; }
 
-// Whether the reader takes the name back: asked for names beyond ASCII, once for each name of a tree.
+// Whether the XML parser accepts the name. Asked only for names beyond ASCII, once for each name of a tree.
 bool ParsesAsName(std::string_view name) {
   const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate("UTF-8"),
                                                                        XML_ParserFree);
@@ -43,7 +43,7 @@ bool ParsesAsName(std::string_view name) {
 
 bool IsName(std::string_view name) {
   constexpr std::size_t kLongest = std::size_t{1} << 24;
-  if (name.empty() || name.size() > kLongest || name == "_NodeID" || name == "_NodeEscape") return false;
+  if (name.empty() || name.size() > kLongest || name == kNodeId || name == kNodeEscape) return false;
   bool ascii = IsNameStart(name[0]);
   for (const char c : name) {
     if (static_cast<signed char>(c) < 0) return ParsesAsName(name);

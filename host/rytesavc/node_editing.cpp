@@ -20,8 +20,8 @@ std::uint32_t Levels(const Node* branch, std::uint32_t enough) {
   return deepest - branch->depth + 1;
 }
 
-// Whether a copy of the branch with its top at that depth stays within the bound. Most trees are shallow:
-// their own depth bound answers without a walk.
+// Whether a copy of the branch with its top at that depth stays within the bound. A copy that goes no deeper
+// than the branch itself needs no walk.
 bool Fits(const Node* branch, std::uint32_t depth) {
   if (depth > Tree::kMaxDepth) return false;
   if (depth <= branch->depth) return true;
@@ -180,8 +180,10 @@ int RYXmlWrapperBase::Clone(RYXmlWrapperBase& out, int) const {
 
 int RYXmlWrapperBase::Replace(const RYXmlWrapperBase& src, int, int keepTag, int) {
   if (IsNodeValid() == 0 || src.IsNodeValid() == 0 || !Fits(src.node_, node_->depth)) return 0;
-  // The copy is whole before anything goes: the source may stand above this node or below it.
-  tree_->TakeContent(node_, tree_->Copy(src.node_, *src.tree_, node_->depth), keepTag != 0);
+  // The copy is made before anything is removed: the source may be above this node or below it.
+  Node* const copy = tree_->Copy(src.node_, *src.tree_, node_->depth);
+  if (keepTag != 0) copy->tag = node_->tag;
+  tree_->TakeContent(node_, copy);
   return 1;
 }
 

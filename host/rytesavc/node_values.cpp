@@ -13,16 +13,11 @@ namespace {
 
 std::string_view View(const Value& text) { return {text.chars(), text.length()}; }
 
-bool ReadInt(const Value& from, int& to) {
-  if (from.kind() != Value::kInt) return ReadNumber(View(from), to);
+template <class Number>
+int ReadAs(const Value& from, Number& to) {
+  if (from.kind() != Value::kInt) return ReadNumber(View(from), to) ? 1 : 0;
   to = from.number();
-  return true;
-}
-
-bool ReadDouble(const Value& from, double& to) {
-  if (from.kind() != Value::kInt) return ReadNumber(View(from), to);
-  to = from.number();
-  return true;
+  return 1;
 }
 
 // A list of numbers with blanks between.
@@ -54,8 +49,8 @@ std::string WriteNumbers(const CArray<double, double>& numbers) {
 
 // ---- Attributes.
 
-int RYXmlWrapperBase::ParseInt(const Value& from, int& to) { return ::ReadInt(from, to) ? 1 : 0; }
-int RYXmlWrapperBase::ParseDouble(const Value& from, double& to) { return ::ReadDouble(from, to) ? 1 : 0; }
+int RYXmlWrapperBase::ParseInt(const Value& from, int& to) { return ReadAs(from, to); }
+int RYXmlWrapperBase::ParseDouble(const Value& from, double& to) { return ReadAs(from, to); }
 
 void RYXmlWrapperBase::AssignNumber(int from, CString& to) {
   const NumberText text(from);
@@ -71,8 +66,8 @@ const rytesavc::Name* RYXmlWrapperBase::Intern(const RYPropertyName& name) const
   return known != nullptr ? known : tree_->Intern(name.view());
 }
 
-// Finds or makes the attribute and lets `write` fill it; an attribute made for a value that is refused goes
-// again.
+// Finds or makes the attribute and lets `write` fill it. An attribute made for a value that is refused is
+// removed again.
 template <class PropertyName, class Write>
 int RYXmlWrapperBase::WriteAttribute(const PropertyName& name, const Write& write) {
   if (IsNodeValid() == 0) return 0;
@@ -136,14 +131,14 @@ int RYXmlWrapperBase::CopyAllAttributes(const RYXmlWrapperBase& src, int) {
 
 int RYXmlWrapperBase::NodeValue(int& value, int get) {
   if (IsNodeValid() == 0) return 0;
-  if (get != 0) return ::ReadInt(node_->text, value) ? 1 : 0;
+  if (get != 0) return ReadAs(node_->text, value);
   tree_->SetInt(node_->text, value);
   return 1;
 }
 
 int RYXmlWrapperBase::NodeValue(double& value, int get) {
   if (IsNodeValid() == 0) return 0;
-  if (get != 0) return ::ReadDouble(node_->text, value) ? 1 : 0;
+  if (get != 0) return ReadAs(node_->text, value);
   return tree_->SetText(node_->text, NumberText(value).view()) ? 1 : 0;
 }
 

@@ -16,7 +16,7 @@ using rytesavc::XmlForm;
 
 namespace {
 
-// What the thread's failure record tells about.
+// Runs an operation whose failure the thread's record tells.
 template <class Work>
 int Noted(const Work& work) {
   rytesavc::ClearFailure();
@@ -66,7 +66,7 @@ int RYXmlWrapperBase::SetXmlText(const char* text) {
     }
     Tree* const tree = NodeAccess::tree(*this);
     Node* const made = rytesavc::ReadXml(xml, *tree, node->depth, page);
-    if (made != nullptr) tree->TakeContent(node, made, false);
+    if (made != nullptr) tree->TakeContent(node, made);
     return made != nullptr;
   });
 }

@@ -5,7 +5,7 @@
 
 namespace rytesavc {
 
-// Blanks around the number and a sign are taken; an int may also be written as a real number of integral
+// Blanks around the number and a sign are accepted; an int may also be written as a real number of integral
 // value. False leaves the variable alone.
 bool ReadNumber(std::string_view text, int& value);
 bool ReadNumber(std::string_view text, double& value);

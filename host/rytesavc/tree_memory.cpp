@@ -25,7 +25,7 @@ void* AllocateOrThrow(std::size_t bytes) {
   return block;
 }
 
-// Big chunks are huge pages where the platform has them: a large tree would else spend a third of its time on
+// Big chunks are huge pages where the platform has them: without, a large tree spends a third of its time on
 // page faults.
 void* AllocateChunk(std::size_t bytes) {
   if (bytes < kHugePage) return AllocateOrThrow(bytes);
@@ -73,7 +73,7 @@ void TreeMemory::ExpectWhole(unsigned long long part, unsigned long long whole) 
   expected_ = wanted < static_cast<double>(kMostExpected) ? static_cast<std::size_t>(wanted) : 0;
 }
 
-// Grows to what is expected, doubling at most; where nothing is, by a quarter, a huge page at most.
+// Grows to the expected size, but at most doubles. Without one it grows by a quarter, at most by a huge page.
 void TreeMemory::AddChunkFor(std::size_t bytes) {
   const std::size_t step =
       expected_ > bytes_ ? std::min(expected_ - bytes_, bytes_) : std::min(bytes_ / 4, kHugePage);

@@ -9,9 +9,6 @@ namespace rytesavc {
 
 namespace {
 
-// A text block holds the text alone: its size follows from the length.
-std::size_t TextBytes(std::uint32_t length) { return length; }
-
 // Whether a text is the shortest form of an int, so that the int alone gives the text back.
 bool IsPlainInt(std::string_view text, int& number) {
   const bool negative = !text.empty() && text[0] == '-';
@@ -31,7 +28,7 @@ bool IsPlainInt(std::string_view text, int& number) {
 
 }  // namespace
 
-// ---- The tree as a whole. Its first chunk stands with it, so that a small tree is one block.
+// ---- The tree as a whole. Its first chunk is allocated with it, so that a small tree is one block.
 
 Tree* Tree::Create(std::size_t expected_bytes) {
   constexpr std::size_t kFirstChunk = 1536;
@@ -54,7 +51,7 @@ std::size_t Tree::expected_bytes() const {
   return std::min(memory_.bytes(), node_count_ * kLargeNode);
 }
 
-// What removed nodes hold is used before new memory is.
+// Takes what removed nodes hold before new memory.
 inline void* Tree::Allocate(std::size_t bytes) {
   if (removed_nodes_ != nullptr && !memory_.Holds(bytes)) Reclaim();
   return memory_.Allocate(bytes);
@@ -126,12 +123,12 @@ inline void Tree::Unlink(Node* node) {
   --parent->child_count;
 }
 
-// Most of the work of a removal would be to free attributes, in memory that the caller has not looked at: it
-// waits until the slot or the memory is needed. Large blocks do not wait.
+// Most of the work of a removal would be freeing attributes, in memory that nobody has looked at lately. It is
+// put off until the slot or the memory is needed, but not for large blocks.
 inline void Tree::FreeNode(Node* node) {
   --node_count_;
-  // Generations start at 1. A slot that has used them up is given up, so that no old handle can ever fit
-  // again.
+  // Generations start at 1. A slot that has used them all is not used again, so that no old handle ever
+  // comes back to life.
   const bool given_up = ++node->generation == 0;
   if (given_up || memory_.has_large_blocks()) FreeContent(node);
   if (given_up) return;
@@ -186,8 +183,7 @@ void Tree::FreeChildren(Node* node) {
 
 namespace {
 
-// Puts what a node holds into another; what makes the other one itself stays: its generation and where it
-// hangs.
+// Puts what a node holds into another one, which keeps its generation and its place in the tree.
 void PutContent(Node* target, const Node& content) {
   Node node = content;
   node.generation = target->generation;
@@ -201,10 +197,9 @@ void PutContent(Node* target, const Node& content) {
 
 }  // namespace
 
-void Tree::TakeContent(Node* target, Node* source, bool keep_tag) {
+void Tree::TakeContent(Node* target, Node* source) {
   FreeChildren(target);
   FreeContent(target);
-  if (keep_tag) source->tag = target->tag;
   PutContent(target, *source);
   source->text = Value();
   source->attributes = nullptr;
@@ -213,7 +208,7 @@ void Tree::TakeContent(Node* target, Node* source, bool keep_tag) {
 }
 
 void Tree::ArrangeChildren(Node* parent, const int* order) {
-  // Contents are gathered by reads that do not wait for each other, then written in line.
+  // All contents are read, with no read waiting for another, before they are written from first to last.
   std::vector<Node*> places;
   places.reserve(parent->child_count);
   for (Node* child = parent->first; child != nullptr; child = child->next) places.push_back(child);
@@ -297,7 +292,7 @@ Node* Tree::Child(const Node* parent, std::uint32_t index) const {
 // ---- Values.
 
 void Tree::FreeText(Value& value) {
-  memory_.Deallocate(value.body_.heap.chars, TextBytes(value.length()));
+  memory_.Deallocate(value.body_.heap.chars, value.length());
   value.meta_ = 0;
 }
 
@@ -310,7 +305,7 @@ bool Tree::SetText(Value& value, std::string_view text) {
   }
   const auto length = static_cast<std::uint32_t>(text.size());
   if (length <= Value::kInPlace) {
-    // The text may stand in the value's own block.
+    // The text may be in the value's own block.
     char copy[Value::kInPlace] = {};
     if (length != 0) std::memcpy(copy, text.data(), length);
     if (value.kind() == Value::kLong) FreeText(value);
@@ -322,7 +317,7 @@ bool Tree::SetText(Value& value, std::string_view text) {
     std::memmove(value.body_.heap.chars, text.data(), length);
     return true;
   }
-  char* const chars = static_cast<char*>(Allocate(TextBytes(length)));
+  char* const chars = static_cast<char*>(Allocate(length));
   std::memcpy(chars, text.data(), length);
   if (value.kind() == Value::kLong) FreeText(value);
   value.meta_ = length << 2 | Value::kLong;
@@ -335,7 +330,7 @@ inline void Tree::CopyValue(Value& target, const Value& source) {
     target = source;
     return;
   }
-  char* const chars = static_cast<char*>(Allocate(TextBytes(source.length())));
+  char* const chars = static_cast<char*>(Allocate(source.length()));
   std::memcpy(chars, source.chars(), source.length());
   target.meta_ = source.meta_;
   target.body_.heap.chars = chars;

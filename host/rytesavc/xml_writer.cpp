@@ -14,19 +14,18 @@ namespace {
 enum Kind : unsigned char { kItself, kReference, kBackslash, kHigh, kNoCharacter };
 using Kinds = std::array<Kind, 256>;
 
-// How each byte is written in a text or in an attribute value.
-constexpr Kinds MakeKinds(bool attribute) {
+// How each byte is written, with these as references.
+constexpr Kinds MakeKinds(std::string_view references) {
   Kinds kinds{};
   for (std::size_t byte = 0; byte < 0x20; ++byte) kinds[byte] = kNoCharacter;
   for (std::size_t byte = 0x80; byte < 0x100; ++byte) kinds[byte] = kHigh;
-  for (const char c : {'&', '<', '>', '\r'}) kinds[static_cast<unsigned char>(c)] = kReference;
-  for (const char c : {'"', '\t', '\n'})
-    kinds[static_cast<unsigned char>(c)] = attribute ? kReference : kItself;
+  for (const char c : {'\t', '\n'}) kinds[static_cast<unsigned char>(c)] = kItself;
+  for (const char c : references) kinds[static_cast<unsigned char>(c)] = kReference;
   kinds['\\'] = kBackslash;
   return kinds;
 }
-constexpr Kinds kTextKinds = MakeKinds(false);
-constexpr Kinds kAttributeKinds = MakeKinds(true);
+constexpr Kinds kTextKinds = MakeKinds("&<>\r");
+constexpr Kinds kAttributeKinds = MakeKinds("&<>\r\"\t\n");
 
 constexpr std::string_view Reference(char c) {
   switch (c) {
@@ -47,21 +46,12 @@ constexpr std::string_view Reference(char c) {
   }
 }
 
-// The length of the character that starts with a byte from 0x80 up; 0 if it is not well formed or not of XML.
+// The length of the first character; 0 for bytes that are not one, and for the two that XML leaves out.
 std::size_t CharacterLength(std::string_view text) {
-  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned lead = byte(0);
-  const std::size_t length = lead < 0xC2 || lead > 0xF4 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  if (length == 0 || length > text.size()) return 0;
-  char32_t code = lead & (0xFFU >> (length + 1));
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80) return 0;
-    code = code << 6U | (byte(i) & 0x3FU);
-  }
-  constexpr char32_t kLeast[] = {0x80, 0x800, 0x10000};
-  const bool surrogate = code >= 0xD800 && code < 0xE000;
-  if (code < kLeast[length - 2] || code > 0x10FFFF || surrogate || code == 0xFFFE || code == 0xFFFF) return 0;
-  return length;
+  const char* end = text.data();
+  const char32_t code = utf8::next(end, text.size());
+  const bool in_xml = code < utf8::kStray && code != 0xFFFE && code != 0xFFFF;
+  return in_xml ? static_cast<std::size_t>(end - text.data()) : 0;
 }
 
 char* Hexadecimal(char c, char* to) {
@@ -81,7 +71,7 @@ class Writer {
   Output out;
 
  private:
-  // The longest text of one byte.
+  // The most bytes that one is written as.
   static constexpr std::size_t kLongest = 6;
 
   bool Start(const Node* node);
@@ -95,14 +85,14 @@ class Writer {
   std::size_t PutCharacter(std::string_view rest, char*& to) const;
 
   bool layout_;
-  bool marked_ = false;  // whether the element at hand escapes
+  bool marked_ = false;  // whether the current element has the mark
   const CodePage* page_;
 };
 
 void Writer::Write(const Node* top) {
   const Node* node = top;
   for (std::size_t level = 0;;) {
-    // Few elements must be marked: that shows on the way, and then the element is written anew.
+    // Few elements need the mark. One that does is written a second time.
     const std::size_t start = out.size();
     marked_ = false;
     if (!Start(node)) {
@@ -127,7 +117,7 @@ void Writer::Write(const Node* top) {
   }
 }
 
-// Writes the start tag and the text, of a leaf the end too. False if the element must be marked.
+// Writes the start tag and the text, and the end tag of a leaf. False if the element needs the mark.
 bool Writer::Start(const Node* node) {
   out.Put("<");
   out.Put(node->tag->view());
@@ -177,7 +167,7 @@ void Writer::End(const Node* node) {
 }
 
 void Writer::NewLine(std::size_t level) {
-  // Past this level the indent stays, or deep trees would be mostly blanks.
+  // Deeper levels are indented no further, or deep trees would be mostly blanks.
   constexpr std::size_t kDeepest = 32;
   if (!layout_) return;
   char* const to = out.Open(1 + 2 * kDeepest);

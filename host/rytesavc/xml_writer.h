@@ -1,9 +1,9 @@
 // Nodes as XML text.
 //
-// Text is always UTF-8. The node ID is the attribute "_NodeID", in front of the others. What XML cannot hold
-// (control characters, bytes that make no character, white space that would read as layout) is written as a
-// backslash and two hexadecimal digits, and every backslash too, in the text and the attribute values of an
-// element that says so by the attribute _NodeEscape="1".
+// The output is always UTF-8. The node ID is the attribute "_NodeID", before all others. An element with
+// something that XML cannot hold (control characters, bytes that are not a character, white space that would
+// be read as layout) is marked by the attribute _NodeEscape="1". In its text and attribute values such bytes,
+// and all backslashes, are written as a backslash and two hexadecimal digits.
 #pragma once
 
 #include <algorithm>
@@ -16,15 +16,12 @@
 
 namespace rytesavc {
 
-inline constexpr char kNodeId[] = "_NodeID";
-inline constexpr char kNodeEscape[] = "_NodeEscape";
-
 inline bool IsXmlBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-// Bytes written one after the other into a block that grows.
+// A growing block of bytes, written from front to back.
 class Output {
  public:
-  // Room for so many bytes behind what is there; `Close` says how far it was used.
+  // Gives room for so many more bytes; `Close` takes the end of those that were written.
   char* Open(std::size_t bytes) {
     if (room_ - size_ < bytes) Grow(bytes);
     return block_.get() + size_;
@@ -47,7 +44,7 @@ class Output {
   std::size_t room_ = 0;
 };
 
-// kFile has the declaration, and indentation where that loses nothing; kElement is the bare element.
+// kFile has the declaration, and indentation where that changes no text; kElement is the bare element.
 enum class XmlForm { kFile, kElement };
 
 // The node and all below it. The strings are in `page`, null for UTF-8.

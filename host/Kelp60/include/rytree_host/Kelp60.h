@@ -5,7 +5,7 @@
 
 // A null text counts as the empty one throughout.
 
-/// Splits the number off the end of a text: `prefix` (may be null) gets what stands before it, the result is
+/// Splits the number off the end of a text: `prefix` (may be null) gets what comes before it, the result is
 /// the number. The number is the longest run of trailing digits; of a run that does not fit an int, the
 /// longest end that does. Without trailing digits the prefix is the whole text and the result 0. `prefix`
 /// needs room for the whole text and its NUL.
@@ -14,7 +14,7 @@ RYTREE_API int string_to_prefix_end_number(char* prefix, const char* text);
 /// The number in decimal, in a buffer of the thread that the next call overwrites.
 RYTREE_API const char* kelp_number_to_text(int number);
 
-/// The first place of a character in a text, or null. The NUL at the end is no place. The last argument has
+/// The first place of a character in a text, or null. The NUL at the end does not count. The last argument has
 /// no effect.
 RYTREE_API char* kelp_find_char(char* text, char character, int option);
 
@@ -28,5 +28,5 @@ RYTREE_API char* kelp_find_closing_char(char* text, char character, int option, 
 RYTREE_API int kelp_text_match(const char* filter, const char* text, int caseSensitive, int option1,
                                int option2);
 
-/// The number that stands in for a missing one: 256.
+/// The number to use where one is missing: 256.
 RYTREE_API int kelp_default_number();

@@ -1,4 +1,4 @@
-// The growing array of the framework.
+// The growing arrays of the framework.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,9 @@
 #include <utility>
 #include <vector>
 
-/// A growing array of `T`; `A` is the type that the framework passes elements in and plays no part here.
+#include "rytree_host/cstring.h"
+
+/// A growing array of `T`; `A` is the type that the framework passes elements in and has no effect here.
 ///
 /// Sizes below 0 count as 0. An index outside the array reads an empty element; what is written there is
 /// dropped. Every element of a `bool` array is a real `bool` of one byte.
@@ -20,7 +22,7 @@ class CArray {
   int GetUpperBound() const noexcept { return GetSize() - 1; }
   bool IsEmpty() const noexcept { return items_.empty(); }
 
-  /// New elements are zero or empty. `growBy` is taken and not needed.
+  /// New elements are zero or empty. `growBy` has no effect.
   void SetSize(int size, int growBy = -1) {
     static_cast<void>(growBy);
     items_.resize(Count(size));
@@ -29,7 +31,7 @@ class CArray {
   void FreeExtra() { items_.shrink_to_fit(); }
   void RemoveAll() noexcept { items_.clear(); }
 
-  /// Puts an element behind the last one and gives its index.
+  /// Appends an element and gives its index.
   int Add(const T& value) {
     items_.emplace_back(value);
     return GetUpperBound();
@@ -38,8 +40,7 @@ class CArray {
     items_.emplace_back(std::move(value));
     return GetUpperBound();
   }
-  /// Puts the elements of another array, or of this one, behind the last one and gives the index of the
-  /// first.
+  /// Appends the elements of another array, or of this one, and gives the index of the first.
   int Append(const CArray& other) {
     const int first = GetSize();
     if (this == &other) return Append(CArray(other));
@@ -54,19 +55,19 @@ class CArray {
   T& operator[](int index) { return ElementAt(index); }
   void SetAt(int index, T value) { ElementAt(index) = std::move(value); }
 
-  /// As `SetAt`, but an index behind the end makes the array reach to it.
+  /// As `SetAt`, but an index past the end makes the array grow to it.
   void SetAtGrow(int index, T value) {
     if (index >= 0 && !Inside(index)) items_.resize(Count(index) + 1);
     SetAt(index, std::move(value));
   }
-  /// Puts `count` copies before `index`; an index behind the end makes the array reach to it, one below 0
-  /// does nothing.
+  /// Puts `count` copies before `index`; an index past the end makes the array grow to it, one below 0 does
+  /// nothing.
   void InsertAt(int index, T value, int count = 1) {
     if (index < 0 || count <= 0) return;
     if (Count(index) > items_.size()) items_.resize(Count(index));
     items_.insert(items_.begin() + index, Count(count), Slot{std::move(value)});
   }
-  /// Takes out up to `count` elements from `index` on; an index outside the array does nothing.
+  /// Removes up to `count` elements from `index` on; an index outside the array does nothing.
   void RemoveAt(int index, int count = 1) {
     if (!Inside(index) || count <= 0) return;
     items_.erase(items_.begin() + index, items_.begin() + index + std::min(count, GetSize() - index));
@@ -101,3 +102,5 @@ class CArray {
   std::vector<Slot> items_;
   mutable T spare_ = T();  // stands in for an element outside the array, empty again at each use
 };
+
+class CStringArray : public CArray<CString, const CString&> {};

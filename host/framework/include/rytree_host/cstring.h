@@ -37,7 +37,7 @@ class CString {
   std::string_view View() const noexcept { return text_; }
   /// `text` must not be a part of this string.
   void Assign(const char* text, std::size_t length) {
-    text_.clear();  // and append: half the work of an assignment that looks for an overlap
+    text_.clear();  // then append: twice as fast as an assignment, which looks for an overlap
     text_.append(text, length);
   }
 
@@ -80,7 +80,7 @@ class CString {
     return left.View() <=> Narrow(right);
   }
 
-  /// Below 0, 0 or above 0 as this string stands before, at or behind `text`.
+  /// Below 0, 0 or above 0 if this string is less than, equal to or greater than `text`.
   int Compare(const char* text) const noexcept { return View().compare(Narrow(text)); }
   /// The same on the case-folded code points.
   RYTREE_API int CompareNoCase(const char* text) const noexcept;
@@ -91,7 +91,7 @@ class CString {
   /// Appends the `printf` form of the arguments.
   RYTREE_API void AppendFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
-  /// The first place at or behind `start`, -1 for none. An empty text is found at `start`.
+  /// The first place at or after `start`, -1 for none. An empty text is found at `start`.
   RYTREE_API int Find(const char* text, int start = 0) const noexcept;
   RYTREE_API int Find(char character, int start = 0) const noexcept;
   /// The last place of the character, -1 for none.
@@ -104,23 +104,22 @@ class CString {
     return CString(View().substr(text_.size() - std::min(Count(count), text_.size())));
   }
 
-  /// Put in, take out: both give the new length.
+  /// All three give the new length.
   RYTREE_API int Insert(int index, const char* text);
   RYTREE_API int Insert(int index, char character);
   RYTREE_API int Delete(int index, int count = 1);
-  /// Take every place of the character out, or put `now` in every place of `old`: both give the number of
-  /// places.
+  /// Remove a character, or replace `old` by `now`, wherever it occurs. All give the number of places.
   RYTREE_API int Remove(char character);
   RYTREE_API int Replace(const char* old, const char* now);
   RYTREE_API int Replace(char old, char now) noexcept;
 
-  /// Cuts white space, one character or any character of a set off an end.
+  /// Remove white space, one character or any character of a set from one end.
   RYTREE_API CString& TrimLeft(const char* set = " \t\n\v\f\r");
   RYTREE_API CString& TrimLeft(char character);
   RYTREE_API CString& TrimRight(const char* set = " \t\n\v\f\r");
   RYTREE_API CString& TrimRight(char character);
 
-  /// Change the case of each code point that has a partner of its own; the length in bytes may change.
+  /// Change the case of each code point that has a single counterpart; the length in bytes may change.
   RYTREE_API CString& MakeUpper();
   RYTREE_API CString& MakeLower();
 

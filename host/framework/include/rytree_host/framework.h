@@ -3,7 +3,6 @@
 
 #include "rytree_host/carray.h"
 #include "rytree_host/cstring.h"
-#include "rytree_host/cstringarray.h"
 #include "rytree_host/host_array.h"
 #include "rytree_host/modules.h"
 #include "rytree_host/multibyte.h"

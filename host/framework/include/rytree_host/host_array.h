@@ -2,7 +2,6 @@
 #pragma once
 
 #include "rytree_host/carray.h"
-#include "rytree_host/cstringarray.h"
 #include "rytree_host/export.h"
 #include "rytree_host/types.h"
 

@@ -14,5 +14,5 @@ RYTREE_API HMODULE LoadLibraryA(const char* name);
 /// The entry point of that name, or null.
 RYTREE_API FARPROC GetProcAddress(HMODULE module, const char* name);
 
-/// Lets go of a loaded library: nonzero on success, 0 for null too.
+/// Releases a loaded library: nonzero on success, 0 for null too.
 RYTREE_API int FreeLibrary(HMODULE module);

@@ -3,14 +3,13 @@
 
 #include "rytree_host/carray.h"
 #include "rytree_host/cstring.h"
-#include "rytree_host/cstringarray.h"
 #include "rytree_host/export.h"
 
 /// Puts the message of that number into `out`, an empty text for an unknown number. The last argument has no
 /// effect. 1 if there is such a message, 0 if not or if `out` is null.
 RYTREE_API int ryu_load_err_msg_str(int number, CString* out, int option);
 
-/// Splits `text` at each `separator` into `tokens`, which loses what it held. Empty tokens count, a closing
+/// Splits `text` at each `separator` into `tokens`, replacing what it held. Empty tokens count, a closing
 /// separator gives an empty last one, and a null or empty text gives none. A stretch between two `quote`
 /// characters is not split and keeps them; a `quote` without its partner is an ordinary character. `quote` 0
 /// means none; the last argument has no effect. `status` (may be null) gets 1 if a quote had no partner, else

@@ -6,7 +6,16 @@
 #include "rytree_host/detail/tree_store.h"
 #include "rytree_host/framework.h"
 #include "rytree_host/property_name.h"
-#include "rytree_host/tesaobj.h"
+
+/// The base of the host's handle classes.
+class RYTREE_API TESAObj {
+ public:
+  TESAObj() = default;
+  TESAObj(const TESAObj&) = default;
+  TESAObj& operator=(const TESAObj&) = default;
+  virtual ~TESAObj() = default;
+  virtual int IsValid() const;
+};
 
 /// Why the last Save, load or SetXmlText of this thread failed.
 struct RYXmlFailure {
@@ -25,10 +34,10 @@ struct RYXmlFailure {
 /// - Results are int, nonzero on success, unless said otherwise.
 /// - On an invalid or dead handle an operation gives 0, changes nothing and leaves its outputs alone.
 /// - An `out` may be the handle itself. On a valid handle a step to a node that is not there makes `out`
-/// invalid.
+///   invalid.
 /// - An operation that fails changes nothing. None makes a tree deeper than 1,024 levels.
 /// - Tags and attribute names are XML names in UTF-8, under every code page, and compare byte for byte. The
-///   names "_NodeID" and "_NodeEscape" are the file form's own and are refused.
+///   names "_NodeID" and "_NodeEscape" belong to the file form and are refused.
 /// - Numbers are written in the shortest form that reads back to the same value. An int is read from a text
 ///   with blanks around it, a sign, or as a real number of integral value in range; a double takes NaN and
 ///   infinities too. A read that fails leaves the variable alone.
@@ -59,7 +68,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
     if (tree_ != nullptr) tree_->Release();
   }
 
-  /// Same node, or both on none.
+  /// The same node, or neither handle is on a node.
   bool operator==(const RYXmlWrapperBase& other) const {
     return IsNodeValid() != 0 ? node_ == other.node_ && generation_ == other.generation_
                               : other.IsNodeValid() == 0;
@@ -88,15 +97,15 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int NextBelow(RYXmlWrapperBase& out, const RYXmlWrapperBase& top) const {
     return IsNodeValid() != 0 ? out.Point(tree_, node_->NextBelow(top.node_)) : 0;
   }
-  /// The child at `index`, from 0. Asking for one child after the other, either way, is O(1) each.
+  /// The child at `index`, from 0. Asking for the children in order, forwards or backwards, is O(1) each.
   int GetChild(RYXmlWrapperBase& out, int index) const;
   /// The number of children, O(1).
   int GetNodeCount() const { return IsNodeValid() != 0 ? static_cast<int>(node_->child_count) : 0; }
-  /// The number of nodes of the whole tree, O(1): what a walk from its root can make room for.
+  /// The number of nodes of the whole tree, O(1): the most that a walk needs room for.
   int GetTreeSize() const { return IsNodeValid() != 0 ? static_cast<int>(tree_->node_count()) : 0; }
-  /// The argument has no effect.
+  /// Whether the node has children. The argument has no effect.
   int HasChildren(int) const { return IsNodeValid() != 0 && node_->first != nullptr ? 1 : 0; }
-  /// A leaf without text.
+  /// Whether the node is a leaf without text.
   int IsEmpty() const { return IsNodeValid() != 0 && node_->first == nullptr && node_->text.empty() ? 1 : 0; }
 
   // ---- Attributes, in the order of their first writing.
@@ -151,13 +160,13 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int SetShow(int value) { return SetPropertyValue("Show", value); }
   int SetLabel(const char* text) { return SetPropertyValue("Label", text); }
 
-  // ---- The value: the node's own text, also on a branch. `get` nonzero reads, 0 writes.
+  // ---- The value: the node's own text, which a branch has too. `get` nonzero reads, 0 writes.
 
   int NodeValue(int& value, int get);
   int NodeValue(double& value, int get);
   /// Read as an int, nonzero is true; written as "1" or "0".
   int NodeValue(bool& value, int get);
-  /// The text is the numbers with one space between. A read replaces what the array held.
+  /// The text is the numbers with one space between each two. A read replaces what the array held.
   int NodeValue(CArray<double, double>& value, int get);
   /// The int and the options have no effect.
   int NodeValue(CString& value, int get, int, const STNODETEXTOPTS*);
@@ -193,7 +202,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
     id = node_->id;
     return 1;
   }
-  /// -1 takes the node ID away. The flag has no effect.
+  /// -1 removes the node ID. The flag has no effect.
   int SetID(int id, bool);
 
   // ---- Finding.
@@ -218,7 +227,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// Appends a deep copy of `src`, which may be this node or hold it. The int has no effect.
   int AddNodeCopy(const RYXmlWrapperBase& src, int);
 
-  // ---- Removing: in step with the size of what goes.
+  // ---- Removing: the cost grows with the number of nodes removed.
 
   /// `child` is a direct child of this node. The status, which may be null, becomes 0, or -1 on a failure.
   int RemoveChild(RYXmlWrapperBase& child, int* status);
@@ -243,9 +252,9 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int Replace(const RYXmlWrapperBase& src, int, int keepTag, int);
   int ReplaceByNodeCopy(const RYXmlWrapperBase& src, int, int);
   /// Rearranges the contents of the children: tag, node ID, attributes, text and children of the child at
-  /// place `order[i]` go to place i. Places stay: a handle on a child stands on the same place afterwards,
-  /// handles below go with the content, nothing is copied. Refused if the order does not name every place
-  /// once.
+  /// place `order[i]` go to place i. A handle on a child keeps its place and shows the content that came
+  /// there; handles further below go with the content. Nothing is copied. Refused unless the order names
+  /// every place once.
   int ArrangeChildren(const CArray<int, int>& order);
   /// Removes children and text; tag, node ID and attributes stay. The int has no effect.
   int ResetNode(int);
@@ -262,8 +271,9 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int Save(const char* path) const;
   /// Puts the handle on the root of the tree in the file. The int has no effect.
   int load(const char* path, int);
-  /// The encoding of the narrow strings in files: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949,
-  /// 950, 28591.
+  /// The encoding of texts and attribute values, in the strings given and taken: 65001 (UTF-8, at the start),
+  /// 1250 to 1258, 932, 936, 949, 950, 28591. Files are UTF-8 under every page. An unknown page gives 0 and
+  /// changes nothing.
   static int SetDefaultCodePage(int page);
   static RYXmlFailure LastFailure();
 

@@ -8,7 +8,7 @@
 
 /// A name for the attribute operations of RYXmlWrapperBase that remembers where the tree it was last used on
 /// keeps that name. A walk that reads one attribute on every node makes one of these before it starts: each
-/// read is then a few compared addresses, and none at all where the tree holds no such name. It keeps the
+/// read then compares a few addresses, or none at all where the tree holds no such name. It keeps the
 /// tree's memory (not its nodes) until it dies or is used on another tree, refers to the characters that it
 /// was given, and belongs to one thread.
 class RYPropertyName {

@@ -6,11 +6,11 @@
 
 namespace rytesavc {
 
-// Hands out slots that are never given back, and blocks that are. Slots fill a chunk from the front and
-// blocks from the back, so that a walk over the slots meets nothing else.
+// Hands out slots, which are never given back, and blocks, which can be. Slots fill a chunk from the front
+// and blocks from the back, so that the slots lie side by side.
 class TreeMemory {
  public:
-  // The first chunk stays the caller's.
+  // The first chunk belongs to the caller.
   TreeMemory(char* first_chunk, char* end)
       : room_(first_chunk), room_end_(end), bytes_(static_cast<std::size_t>(end - first_chunk)) {}
   TreeMemory(const TreeMemory&) = delete;
@@ -40,25 +40,26 @@ class TreeMemory {
     std::memcpy(block, &free_block, sizeof free_block);
     free_block = block;
   }
-  // Whether a block can be had without a new chunk.
+  // Whether a block can be allocated without a new chunk.
   bool Holds(std::size_t bytes) const {
     return bytes > kLargest || free_blocks_[Steps(bytes)] != nullptr || HasRoom(Steps(bytes) * kStep);
   }
-  // Whether there are blocks that stand on their own, and go back to the system when they are freed.
+  // Whether there are blocks outside the chunks, which go back to the system when they are freed.
   bool has_large_blocks() const { return large_ != nullptr; }
 
   // Makes room for about so many bytes.
   void Reserve(std::size_t bytes);
-  // Tells which part of all that will come is there, so that what is taken fits. `part` is above 0.
+  // Says that `part` of `whole` has been read so far, so that the next chunk is large enough for the rest.
+  // `part` is above 0.
   void ExpectWhole(unsigned long long part, unsigned long long whole);
-  // Of all chunks and large blocks.
+  // The size of all chunks and large blocks.
   std::size_t bytes() const { return bytes_; }
 
  private:
   struct Chunk;
   struct Large;
   static constexpr std::size_t kStep = 8;
-  static constexpr std::size_t kLargest = 512;  // longer blocks stand on their own
+  static constexpr std::size_t kLargest = 512;  // longer blocks are outside the chunks
 
   static std::size_t Steps(std::size_t bytes) { return (bytes + kStep - 1) / kStep; }
   bool HasRoom(std::size_t bytes) const { return static_cast<std::size_t>(room_end_ - room_) >= bytes; }
@@ -74,7 +75,7 @@ class TreeMemory {
   char* room_;  // of the newest chunk
   char* room_end_;
   std::size_t bytes_;
-  std::size_t expected_ = 0;  // of all that will be; 0: not known
+  std::size_t expected_ = 0;  // the size of the whole in the end; 0: not known
   Chunk* chunks_ = nullptr;
   Large* large_ = nullptr;
   void* free_blocks_[kLargest / kStep + 1] = {};

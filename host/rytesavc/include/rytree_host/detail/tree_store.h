@@ -1,5 +1,5 @@
-// How the bundled host keeps a tree in memory. Only the node class looks in here: whoever uses the tree goes
-// through RYXmlWrapperBase, so that another host can be put in its place.
+// How the bundled host keeps a tree in memory. Only the node class looks in here; everyone else goes through
+// RYXmlWrapperBase, so that another host can be put in its place.
 #pragma once
 
 #include <cstddef>
@@ -13,18 +13,24 @@
 
 namespace rytesavc {
 
+// The attributes of the XML form that say something about the form itself. No tag and no other attribute may
+// have these names.
+inline constexpr char kNodeId[] = "_NodeID";
+inline constexpr char kNodeEscape[] = "_NodeEscape";
+
 // A tag or attribute name. Each tree holds every name once, so two names of one tree are equal if their
 // addresses are.
 struct Name {
   std::uint32_t length;
   std::uint32_t hash;
-  mutable std::uint64_t copied_in = 0;  // the copy, counted by the tree, in which the name was last looked up
-  mutable const Name* copied_as = nullptr;  // and what it is called there
+  mutable std::uint64_t copied_in = 0;      // the number of the copy in which the name was last looked up
+  mutable const Name* copied_as = nullptr;  // and the name found there
   const char* text() const { return reinterpret_cast<const char*>(this + 1); }
   std::string_view view() const { return {text(), length}; }
 };
 
-// A text, or an int that is written out only when somebody asks for its text. Short texts stand in place.
+// A text, or an int that is written out only when somebody asks for its text. Short texts are stored in the
+// value itself.
 class Value {
  public:
   enum Kind : std::uint32_t { kShort = 0, kLong = 1, kInt = 2 };
@@ -55,8 +61,8 @@ struct Attribute {
   Value value;
 };
 
-// A slot is never anything but a node while its tree lives; its generation tells the handles which node they
-// knew.
+// While its tree lives, a slot is never used for anything but nodes; its generation tells a handle whether
+// the node in it is still the same.
 struct Node {
   std::uint32_t generation;
   std::uint32_t child_count;
@@ -68,13 +74,13 @@ struct Node {
   std::uint32_t attribute_count;
   std::uint32_t attribute_capacity;
   Value text;
-  Node* back;  // the sibling before; at a first child the last one, at a node that hangs nowhere null
-  int id;      // -1: none
+  Node* back;           // the sibling before; for a first child the last one, without a parent null
+  int id;               // -1: none
   std::uint32_t depth;  // 1 at a root
 
   Node* last() const { return first != nullptr ? first->back : nullptr; }
   Node* previous() const { return back != nullptr && back->next != nullptr ? back : nullptr; }
-  // The next in document order of those below `top`.
+  // The next node, in document order, among those below `top`.
   Node* NextBelow(const Node* top) const {
     if (first != nullptr) return first;
     const Node* at = this;
@@ -101,7 +107,7 @@ struct Node {
 
 static_assert(sizeof(Value) == 16 && sizeof(Attribute) == 24 && sizeof(Node) == 88);
 
-// One tree: its nodes, names and texts stand in memory that is freed whole. Counted by the handles on its
+// One tree: its nodes, names and texts, in memory that is freed as a whole. Counts the handles on its
 // nodes; the count is plain because the handles of one tree belong to one thread.
 class RYTREE_API Tree {
  public:
@@ -117,26 +123,27 @@ class RYTREE_API Tree {
     if (--references_ == 0) Destroy(this);
   }
 
-  // Names. Lookups give null for a name that the tree does not hold, interning gives null for what is no XML
-  // name.
+  // Names. A look-up gives null for a name that the tree does not hold, interning gives null for what is not
+  // an XML name.
   const Name* FindName(std::string_view name) const;
   const Name* Intern(std::string_view name);
   const Name* Intern(const Name* name, const Tree& of_tree);
   std::uint32_t name_count() const { return name_count_; }
   std::size_t node_count() const { return node_count_; }
-  // About what a copy of the tree takes.
+  // About how much memory a copy of the tree takes.
   std::size_t expected_bytes() const;
-  // Tells a tree that is being read which part of what will come is there.
+  // Tells a tree that is being read how much of the whole has come.
   void ExpectWhole(unsigned long long part, unsigned long long whole) { memory_.ExpectWhole(part, whole); }
 
-  // Nodes. New nodes hang nowhere; Append and InsertBefore put them into the tree.
+  // Nodes. New nodes have no parent; Append and InsertBefore put them into the tree.
   Node* NewNode(const Name* tag, int id, std::uint32_t depth);
   void Append(Node* parent, Node* child);
   void InsertBefore(Node* next, Node* child);
   void Remove(Node* branch);
-  void Free(Node* branch);  // one that no other node names as its child or sibling any more
+  void Free(Node* branch);  // which no other node links to any more
   void FreeChildren(Node* node);
-  void TakeContent(Node* target, Node* source, bool keep_tag);
+  // `source` has no parent and is freed.
+  void TakeContent(Node* target, Node* source);
   void ArrangeChildren(Node* parent, const int* order);
   Node* Copy(const Node* source, const Tree& source_tree, std::uint32_t depth);
   bool CopyAttributes(Node* target, const Node* source, const Tree& source_tree);
@@ -150,7 +157,7 @@ class RYTREE_API Tree {
     value.body_.number = number;
   }
   Value& AddAttribute(Node* node, const Name* name);
-  // The same for one that the node has not.
+  // The same for a name that the node does not have.
   Value& AppendAttribute(Node* node, const Name* name);
   void AppendInt(Node* node, const Name* name, int number);
   void ReserveAttributes(Node* node, std::uint32_t capacity);
@@ -180,7 +187,7 @@ class RYTREE_API Tree {
   std::size_t references_ = 1;
   TreeMemory memory_;
   Node* free_nodes_ = nullptr;
-  Node* removed_nodes_ = nullptr;  // as free, but attributes and text are still there
+  Node* removed_nodes_ = nullptr;  // free too, but with their attributes and text
   std::size_t node_count_ = 0;     // in the tree now
   mutable std::uint64_t copies_ = 0;
   mutable const Node* seen_parent_ = nullptr;  // where the last Child() ended
