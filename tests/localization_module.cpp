@@ -1,4 +1,4 @@
-// A module in the place of the host's own for texts; HAS_ENTRY 0 makes one without the entry point.
+// Takes the place of the host's module for texts. With HAS_ENTRY 0 it lacks the entry point.
 #include <cstdio>
 
 #if HAS_ENTRY

@@ -1,5 +1,4 @@
-// A plain forest to hold the host's trees against: every edit goes the shortest way, without a thought for
-// speed.
+// A plain forest to compare the host's trees with: every edit is done the simplest way, at any cost.
 #pragma once
 
 #include <algorithm>
@@ -46,7 +45,7 @@ inline std::string xml_of(const Node* node) {
   return xml + "</" + node->tag + ">";
 }
 
-// The edits give what the host's should: false, and nothing changed, on a node that is none or dead.
+// The edits give what the host's should: false, with nothing changed, on a null or dead node.
 class Forest {
  public:
   Node* create(const std::string& tag) { return &nodes_.emplace_back(Node{tag}); }
@@ -136,7 +135,7 @@ class Forest {
     return true;
   }
 
-  std::deque<Node> nodes_;  // none is given back: a removed node goes on saying that it is dead
+  std::deque<Node> nodes_;  // removed ones too, which say that they are dead
 };
 
 }  // namespace model

@@ -1,5 +1,4 @@
-// Random edits on the host's trees and on a plain model of them, with old handles kept to see which of them
-// die.
+// Random edits on the host's trees and on a plain model of them. Old handles are kept, to see which die.
 #include "node_model.h"
 
 #include <array>
@@ -64,7 +63,7 @@ class Duel {
   auto& pick(Table& table) {
     return table[random_() % std::size(table)];
   }
-  // Mostly one that is alive.
+  // Mostly a live one.
   Handle& any() {
     Handle& first = pick(pool_);
     return model::valid(first.twin) ? first : pick(pool_);
@@ -74,7 +73,7 @@ class Duel {
   }
   static void same(int real, bool modelled) { EXPECT_EQ(real != 0, modelled); }
 
-  // Puts what a successful edit made onto the handle that was its output.
+  // Lets the output handle of a successful edit know what was made.
   static void made(Handle& out, int real, model::Node* twin) {
     same(real, twin != nullptr);
     if (twin != nullptr) out.twin = twin;
@@ -163,7 +162,7 @@ class Duel {
     if (model::valid(a.twin) && way < 3) a.twin->text = text.GetString();
   }
 
-  // Keeps the pool alive: most of the time another handle, often a dead one, comes to know the node too.
+  // Keeps the pool full of live handles: mostly by giving another one, often a dead one, the same node.
   void take(Handle& a, Handle&) {
     if (below(20) == 0) a.real.ReleaseNode(), a.twin = nullptr;
     if (model::valid(a.twin)) {
@@ -174,33 +173,34 @@ class Duel {
   }
 
   void check_node(RYXmlWrapperBase& real, const model::Node* twin) {
-    const auto& [tag, value, id, attributes, children, parent, alive] = *twin;
+    const auto& [own_tag, value, id, attributes, children, parent, alive] = *twin;
     CString read;
     int read_id = -1;
-    ASSERT_TRUE(real.GetTagName(read) != 0 && read == tag.c_str() &&
-                real.HasTagName(RYPropertyName(tag.c_str())) != 0);
-    ASSERT_TRUE((real.GetID(read_id) != 0) == (id != -1) && read_id == id);
-    ASSERT_TRUE(real.NodeValue(read, 1, 1, nullptr) != 0 && read == value.c_str());
+    ASSERT_EQ(real.GetID(read_id), id == -1 ? 0 : 1);
+    ASSERT_EQ(real.NodeValue(read, 1, 1, nullptr), 1);
+    ASSERT_EQ(real.HasTagName(RYPropertyName(own_tag.c_str())), 1);
+    ASSERT_EQ(std::tuple(tag(real), read.View(), read_id), std::tuple(own_tag, value, id));
     ASSERT_EQ(real.GetNodeCount(), std::ssize(children));
-    ASSERT_TRUE((real.HasChildren(0) == 0) == children.empty() &&
-                (real.IsEmpty() != 0) == (children.empty() && value.empty()));
+    ASSERT_EQ(real.HasChildren(0) == 0, children.empty());
+    ASSERT_EQ(real.IsEmpty() != 0, children.empty() && value.empty());
     const auto handle = known_.find(twin);
     ASSERT_TRUE(handle == known_.end() || *handle->second == real);
 
     const std::map<std::string, std::string> values(attributes.begin(), attributes.end());
     for (const RYPropertyName& property : properties_) {
       const char* const name = kNames[&property - properties_.data()];
-      const bool has = values.count(name) != 0;
-      CString by_property;
-      ASSERT_EQ(real.HasProperty(property) != 0, has) << name;
-      ASSERT_EQ(real.GetPropertyValue(name, read) + real.GetPropertyValue(property, by_property),
-                has ? 2 : 0);
-      ASSERT_TRUE(!has || (read == values.at(name).c_str() && by_property == read)) << name;
+      const int has = values.count(name) != 0 ? 1 : 0;
+      CString by_name, by_property;
+      ASSERT_EQ(real.HasProperty(property), has) << name;
+      ASSERT_EQ(real.GetPropertyValue(name, by_name), has) << name;
+      ASSERT_EQ(real.GetPropertyValue(property, by_property), has) << name;
+      const std::string wanted = has != 0 ? values.at(name) : "";
+      ASSERT_EQ(std::tuple(by_name.View(), by_property.View()), std::tuple(wanted, wanted)) << name;
     }
   }
 
-  // Goes down by every way there is: first and next, last and previous, by index here and there, and over all
-  // that is below.
+  // Goes down every way there is: first and next, last and previous, by index in random order, and over the
+  // whole branch.
   void check_branch(RYXmlWrapperBase& real, const model::Node* twin, std::vector<RYXmlWrapperBase>& order) {
     const std::size_t first = order.size();
     check_node(real, twin);
@@ -208,22 +208,27 @@ class Duel {
     std::vector<RYXmlWrapperBase> row;
     RYXmlWrapperBase at;
     for (int found = real.FirstChild(at); found != 0; found = at.NextSibling(at)) row.push_back(at);
-    ASSERT_TRUE(std::ssize(row) == last && at.IsNodeValid() == 0 && real.GetChild(at, last) == 0);
+    ASSERT_EQ(std::tuple(std::ssize(row), at.IsNodeValid(), real.GetChild(at, last)), std::tuple(last, 0, 0));
     for (int found = real.GetChild(at, last - 1); found != 0; found = at.PrevSibling(at))
       ASSERT_TRUE(at == row[static_cast<std::size_t>(--last)]);
-    ASSERT_TRUE(last == 0 && at.IsNodeValid() == 0);
+    ASSERT_EQ(std::tuple(last, at.IsNodeValid()), std::tuple(0, 0));
     for (std::size_t i = 0; i < row.size(); ++i) {
       const std::size_t other = random_() % row.size();
-      ASSERT_TRUE(real.GetChild(at, static_cast<int>(other)) != 0 && at == row[other]);
-      ASSERT_TRUE(at.GetParent(at) != 0 && at == real);
+      real.GetChild(at, static_cast<int>(other));
+      ASSERT_TRUE(at == row[other]);
+      at.GetParent(at);
+      ASSERT_TRUE(at == real);
       order.push_back(row[i]);
       check_branch(row[i], twin->children[i], order);
       if (testing::Test::HasFatalFailure()) return;
     }
     at = real;
-    for (std::size_t i = first; i < order.size(); ++i)
-      ASSERT_TRUE(at.NextBelow(at, real) != 0 && at == order[i]);
-    ASSERT_TRUE(at.NextBelow(at, real) == 0 && at.IsNodeValid() == 0);
+    for (std::size_t i = first; i < order.size(); ++i) {
+      ASSERT_EQ(at.NextBelow(at, real), 1);
+      ASSERT_TRUE(at == order[i]);
+    }
+    ASSERT_EQ(at.NextBelow(at, real), 0);
+    ASSERT_EQ(at.IsNodeValid(), 0);
   }
 
   std::mt19937 random_;

@@ -1,8 +1,8 @@
 // A caller of the library as a module of its own, for the test that loads and unloads it.
 #include <rytree_Utils.h>
 
-/// Does some work that leaves state behind in the libraries, and gives what the block-localization flag was
-/// before.
+// Does some work that leaves state in the libraries, and gives what the block-localization flag was before; -1
+// if something failed.
 extern "C" RYTREE_API int use_library() {
   bool blocked = false;
   VCTreeAccessBlockLocalization(&blocked, true);
@@ -16,5 +16,6 @@ extern "C" RYTREE_API int use_library() {
   rytree_get_values(&tree, &values, 0);
   auto* const module = LoadLibraryA("ZANmsg.dll");
   if (module == nullptr || FreeLibrary(module) == 0 || values.array().GetSize() != 3) return -1;
+  if (rytree_set_default_code_page(65001) == 0) return -1;
   return blocked ? 1 : 0;
 }

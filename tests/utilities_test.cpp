@@ -21,7 +21,7 @@ namespace {
 using namespace std::string_view_literals;
 
 TEST(Tokens, SplitAtSeparators) {
-  // Each token between brackets, and whether a quote is left alone.
+  // Each token in brackets, and whether a quote has no partner.
   const Rows<const char*, const char*, int> rows = {
       {"x'a|b'y|c", "[x'a|b'y][c]", 0}, {"a|", "[a][]", 0},     {"", "", 0},
       {"'a|'b'|c", "['a|'b'][c]", 1},   {"''|'", "[''][']", 1}, {nullptr, "", 0},
@@ -34,7 +34,8 @@ TEST(Tokens, SplitAtSeparators) {
     std::string joined;
     for (const CString& token : tokens) joined.append("[").append(token).append("]");
     EXPECT_EQ(joined, wanted);
-    EXPECT_TRUE(status == unpaired && count == tokens.GetSize()) << wanted;
+    EXPECT_EQ(status, unpaired);
+    EXPECT_EQ(count, tokens.GetSize());
     EXPECT_EQ(ryutilsGetTokens(text, nullptr, '|', nullptr, '\'', 0), count);
   }
   CStringArray own;
@@ -58,7 +59,8 @@ TEST(Messages, AreThereForTheirNumbers) {
   for (const int number : {1624, 1625, 1626, 1627, 1628, 1629, 1630, 1631, 1996, 2539, 1995}) {
     CString text("old");
     EXPECT_EQ(ryu_load_err_msg_str(number, &text, -1), number != 1995);
-    EXPECT_TRUE(text.IsEmpty() == (number == 1995) && text != "old") << number;
+    EXPECT_EQ(text.IsEmpty(), number == 1995) << number;
+    EXPECT_NE(text, "old") << number;
   }
   EXPECT_EQ(ryu_load_err_msg_str(1996, nullptr, -1), 0);
 }
@@ -67,7 +69,7 @@ TEST(Numbers, SortUnsigned) {
   CArray<unsigned, unsigned> numbers;
   for (const unsigned number : {3U, UINT_MAX, 0U}) numbers.Add(number);
   ryutilsSort(numbers, 0);
-  EXPECT_TRUE(numbers[0] == 0 && numbers[1] == 3 && numbers[2] == UINT_MAX);
+  EXPECT_EQ(std::vector(numbers.begin(), numbers.end()), (std::vector{0U, 3U, UINT_MAX}));
 }
 
 TEST(Numbers, AreSplitOffTheEnd) {
@@ -88,12 +90,15 @@ TEST(Numbers, AreSplitOffTheEnd) {
 TEST(Search, FindsCharacters) {
   char text[] = "a=b=}";
   int work = 5;
-  EXPECT_TRUE(kelp_find_char(text, '=', 1) == text + 1 && !kelp_find_char(text, '\0', 1));
-  EXPECT_TRUE(kelp_find_closing_char(text, '}', 0, &work) == text + 4 && work == 0);
-  EXPECT_TRUE(!kelp_find_char(nullptr, '=', 1) && !kelp_find_closing_char(text, '{', 0, nullptr));
+  EXPECT_EQ(kelp_find_char(text, '=', 1), text + 1);
+  EXPECT_EQ(kelp_find_closing_char(text, '}', 0, &work), text + 4);
+  EXPECT_EQ(work, 0);
+  for (const char* const found : {kelp_find_char(text, '\0', 1), kelp_find_char(nullptr, '=', 1),
+                                  kelp_find_closing_char(text, '{', 0, nullptr)})
+    EXPECT_EQ(found, nullptr);
 }
 
-/// The plain meaning of a filter, character by character.
+// The plain meaning of a filter, character by character.
 bool naive_match(const char* filter, const char* text, bool exact) {
   if (!*filter) return !*text;
   const char* const front = text;
@@ -121,7 +126,8 @@ TEST(Match, AgreesWithItsMeaning) {
               naive_match(filter.c_str(), text.c_str(), round % 2 != 0))
         << filter << " / " << text;
   }
-  EXPECT_TRUE(kelp_text_match(nullptr, "", 0, 0, 0) && !kelp_text_match("a", nullptr, 0, 0, 0));
+  EXPECT_NE(kelp_text_match(nullptr, "", 0, 0, 0), 0);
+  EXPECT_EQ(kelp_text_match("a", nullptr, 0, 0, 0), 0);
 }
 
 TEST(Match, IsQuickOnManyStars) {
@@ -133,16 +139,16 @@ TEST(Match, IsQuickOnManyStars) {
 
 using Localize = void (*)(char*, int, const char*, int);
 
-/// Writes a message catalogue whose one entry behind its head is "host".
+// Writes a message catalogue with one entry, "host", besides its head.
 void write_catalogue(const std::filesystem::path& folder) {
-  // Tables of the lengths and places of keys and texts stand from 28 and 44 on, the bytes from 60 on.
+  // The lengths and places of the keys are at byte 28, those of the texts at 44, the bytes themselves at 60.
   const unsigned head[] = {0x950412de, 0, 2, 28, 44, 0, 60, 0, 60, 4, 61, 4, 66, 5, 71};
   std::filesystem::create_directories(folder);
   std::ofstream file(folder / "rytree.mo", std::ios::binary);
   file.write(reinterpret_cast<const char*>(head), sizeof head) << "\0host\0head\0hôte\0"sv;
 }
 
-TEST(Localization, ComesFromTheModule) {
+TEST(Localization, ComesFromItsModule) {
   HMODULE module = LoadLibraryA("ZANmsg.dll");
   ASSERT_NE(module, nullptr);
   const auto localize = reinterpret_cast<Localize>(GetProcAddress(module, "LocalizeString"));
@@ -165,12 +171,14 @@ TEST(Localization, ComesFromTheModule) {
   std::setlocale(LC_ALL, "C");
   std::filesystem::remove_all(folder);
 
-  EXPECT_TRUE(LoadLibraryA("ZANmsg.DLL") == module && LoadLibraryA("ZANmsg") == module);
-  EXPECT_TRUE(!GetProcAddress(module, "NoSuchEntry") && !GetProcAddress(module, nullptr));
+  for (const char* name : {"ZANmsg.DLL", "ZANmsg"}) EXPECT_EQ(LoadLibraryA(name), module);
+  for (const char* name : {"NoSuchEntry", static_cast<const char*>(nullptr)})
+    EXPECT_EQ(GetProcAddress(module, name), nullptr);
   for (int load = 0; load < 3; ++load) EXPECT_NE(FreeLibrary(module), 0);
   for (const char* name : {static_cast<const char*>(nullptr), "", ".dll", "no_such.dll", "./ZANmsg.dll"})
     EXPECT_EQ(LoadLibraryA(name), nullptr);
-  EXPECT_TRUE(!GetProcAddress(nullptr, "LocalizeString") && FreeLibrary(nullptr) == 0);
+  EXPECT_EQ(GetProcAddress(nullptr, "LocalizeString"), nullptr);
+  EXPECT_EQ(FreeLibrary(nullptr), 0);
 }
 
 }  // namespace

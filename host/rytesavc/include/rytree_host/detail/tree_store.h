@@ -13,8 +13,8 @@
 
 namespace rytesavc {
 
-// The attributes of the XML form that say something about the form itself. No tag and no other attribute may
-// have these names.
+// What the XML form writes beside a node's own attributes: its ID, and a mark if it has escapes. No tag or
+// attribute may have these names.
 inline constexpr char kNodeId[] = "_NodeID";
 inline constexpr char kNodeEscape[] = "_NodeEscape";
 
