@@ -18,8 +18,8 @@ struct Handle {
 constexpr const char* kNames[] = {"DataID", "Show", "a", "b", "Label", "Use", "_x", "long-name-of-one"};
 constexpr const char* kTags[] = {"a", "b", "Range", "X1"};
 constexpr std::pair<double, const char*> kDoubles[] = {{0.5, "0.5"}, {1e5, "1e+05"}, {-0.0, "-0"}, {3, "3"}};
-const std::string kTexts[] = {
-    "", "7", "x", "12", std::string(12, 'y'), std::string(13, 'z'), std::string(600, 'w')};
+const std::string kTexts[] = {"", "7", "x", "12"};
+constexpr std::size_t kLengths[] = {11, 12, 13, 14, 504, 512, 513, 600};
 constexpr std::size_t kManyNodes = 60;
 
 class Duel {
@@ -63,6 +63,10 @@ class Duel {
   auto& pick(Table& table) {
     return table[random_() % std::size(table)];
   }
+  std::string any_text() {
+    if (below(3) == 0) return pick(kTexts);
+    return std::string(pick(kLengths), static_cast<char>('a' + below(26)));
+  }
   // Mostly a live one.
   Handle& any() {
     Handle& first = pick(pool_);
@@ -83,7 +87,7 @@ class Duel {
     const char* const tag = pick(kTags);
     const int id = below(3) - 1;
     const int way = below(3);
-    const std::string text = way == 2 ? pick(kTexts) : "";
+    const std::string text = way == 2 ? any_text() : "";
     const int real = way == 0   ? a.real.AddNode(out.real, tag, id)
                      : way == 1 ? a.real.AddChildNode(tag, out.real, id, nullptr)
                                 : a.real.AddTextNode(out.real, text.c_str(), tag, id, 0, nullptr);
@@ -136,7 +140,7 @@ class Duel {
     const char* const name = kNames[&property - properties_.data()];
     const auto& [number, written] = pick(kDoubles);
     const int way = below(6);
-    const std::string text = way == 2 ? written : way == 3 ? "-12345678" : pick(kTexts);
+    const std::string text = way == 2 ? written : way == 3 ? "-12345678" : any_text();
     if (way == 0) return same(a.real.RemoveProperty(name), forest_.unset(a.twin, name));
     if (way == 1) return same(a.real.RemoveProperty(property), forest_.unset(a.twin, name));
     const int real = way == 2   ? a.real.SetPropertyValue(name, number)
@@ -152,7 +156,7 @@ class Duel {
     int number = below(2000) - 1000;
     auto [real, written] = pick(kDoubles);
     const int way = below(4);
-    CString text(way == 0 ? std::to_string(number).c_str() : way == 1 ? written : pick(kTexts).c_str());
+    CString text(way == 0 ? std::to_string(number).c_str() : way == 1 ? written : any_text().c_str());
     same(way == 0   ? a.real.NodeValue(number, 0)
          : way == 1 ? a.real.NodeValue(real, 0)
          : way == 2 ? a.real.NodeValue(text, 0, 1, nullptr)

@@ -149,23 +149,6 @@ TEST(NodeValues, KeepTheOrderOfTheirFirstWriting) {
   EXPECT_EQ(text(top), R"(<t b="" a="" DataID="3" Show="0" Label="l" z="6" new="1"/>)");
 }
 
-TEST(NodeValues, TakeTextsOfEveryLength) {
-  const auto xml = [](const std::string& all) { return "<t x=\"" + all + "\">" + all + "</t>"; };
-  const std::size_t kLengths[] = {1, 11, 12, 13, 14, 100, 504, 512, 513, 600, 100000};
-  for (const std::size_t from : kLengths) {
-    for (const std::size_t to : kLengths) {
-      Node top = parse("<t/>");
-      const std::string before(from, 'a'), after(to, 'b');
-      Node copy;
-      put(top, before.c_str()), top.Clone(copy, 1), put(top, after.c_str());
-      EXPECT_EQ(text(top), xml(after));
-      EXPECT_EQ(text(copy), xml(before));
-      put(top, "");
-      EXPECT_EQ(text(top), "<t x=\"\"/>");
-    }
-  }
-}
-
 TEST(NodeValues, GiveTheMemoryOfLongTextsBack) {
   const auto most_memory_in_kib = [] {
     rusage usage{};
