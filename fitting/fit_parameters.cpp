@@ -1,6 +1,6 @@
 // The parameter branch of a fit: vectors on a fixed grid of DataIDs, and reading a block of one into an
 // array.
-#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/weighting.h>
 #include <rytree_Utils/lookup.h>
 
 #include <climits>

@@ -1,5 +1,5 @@
 // Values between arrays and the children of any vector node.
-#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/weighting.h>
 
 #include <algorithm>
 

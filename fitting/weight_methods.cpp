@@ -1,5 +1,5 @@
 // The weight methods: their names and what they need.
-#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/weighting.h>
 
 #include <iterator>
 

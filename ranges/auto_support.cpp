@@ -1,5 +1,5 @@
 // The automatic mode of a node, and whether a composite range takes the entire worksheet.
-#include <rytree_Utils/autosupport.h>
+#include <rytree_Utils/auto_support.h>
 #include <rytree_host/ryUtils.h>
 
 #include "frame/decimal.h"

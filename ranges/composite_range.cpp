@@ -2,7 +2,7 @@
 #include "ranges/composite_range.h"
 
 #include <rytree_Utils/lookup.h>
-#include <rytree_Utils/ranges.h>
+#include <rytree_Utils/composite_range.h>
 #include <rytree_host/ryUtils.h>
 
 #include <algorithm>

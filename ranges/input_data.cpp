@@ -1,6 +1,6 @@
 // Branches of input data, and date nodes.
 #include <rytree_Utils/lookup.h>
-#include <rytree_Utils/ranges.h>
+#include <rytree_Utils/composite_range.h>
 
 #include <cstddef>
 #include <vector>

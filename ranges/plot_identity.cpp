@@ -1,5 +1,5 @@
 // The identity of plots and data markers, and the texts of a node's children.
-#include <rytree_Utils/plot.h>
+#include <rytree_Utils/plot_identity.h>
 
 #include <utility>
 

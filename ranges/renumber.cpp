@@ -1,6 +1,6 @@
 // Numbering the ranges of a tree anew.
 #include <rytree_Utils/lookup.h>
-#include <rytree_Utils/ranges.h>
+#include <rytree_Utils/composite_range.h>
 
 #include "frame/children.h"
 #include "ranges/composite_range.h"

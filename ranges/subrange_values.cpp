@@ -1,5 +1,5 @@
 // The texts of a range's sub-nodes, and action IDs.
-#include <rytree_Utils/ranges.h>
+#include <rytree_Utils/composite_range.h>
 
 #include "frame/children.h"
 #include "frame/node_text.h"

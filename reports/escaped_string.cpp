@@ -1,5 +1,5 @@
 // Escaped data strings.
-#include <rytree_Utils/reports.h>
+#include <rytree_Utils/input_table.h>
 #include <rytree_host/Kelp60.h>
 
 #include "frame/words.h"

@@ -1,9 +1,9 @@
 // The input-data table of a report: a row for each variable, a cell for each of its columns.
 #include "reports/input_table.h"
 
-#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/weighting.h>
 #include <rytree_Utils/lookup.h>
-#include <rytree_Utils/reports.h>
+#include <rytree_Utils/input_table.h>
 
 #include <algorithm>
 #include <climits>

@@ -1,4 +1,4 @@
-#include <rytree_Utils/autosupport.h>
+#include <rytree_Utils/auto_support.h>
 
 #include <climits>
 

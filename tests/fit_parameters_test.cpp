@@ -1,5 +1,5 @@
 // The parameter branch of a fit, and values between vector nodes and arrays.
-#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/weighting.h>
 #include <rytree_Utils/lookup.h>
 
 #include <chrono>

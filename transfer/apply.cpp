@@ -1,5 +1,5 @@
 // The apply: parallel arrays written into the nodes of a tree that have their IDs.
-#include <rytree_Utils/autosupport.h>
+#include <rytree_Utils/auto_support.h>
 #include <rytree_Utils/transfer.h>
 
 #include <optional>

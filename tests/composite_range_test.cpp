@@ -1,5 +1,5 @@
-#include <rytree_Utils/plot.h>
-#include <rytree_Utils/ranges.h>
+#include <rytree_Utils/plot_identity.h>
+#include <rytree_Utils/composite_range.h>
 #include <rytree_host/ryUtils.h>
 
 #include <climits>

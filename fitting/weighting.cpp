@@ -1,7 +1,7 @@
 // The weighting of a fit in its two forms, and the way between them.
-#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/weighting.h>
 #include <rytree_Utils/lookup.h>
-#include <rytree_Utils/ranges.h>
+#include <rytree_Utils/composite_range.h>
 #include <rytree_host/ryUtils.h>
 
 #include "frame/node_text.h"

@@ -1,5 +1,5 @@
 // The weighting of a fit.
-#include <rytree_Utils/fitting.h>
+#include <rytree_Utils/weighting.h>
 
 #include "tests/tree_text.h"
 

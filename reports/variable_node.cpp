@@ -1,6 +1,6 @@
 // Tests on nodes: inputs and outputs, and options that are inherited down a tree.
 #include <rytree_Utils/lookup.h>
-#include <rytree_Utils/reports.h>
+#include <rytree_Utils/input_table.h>
 
 #include "frame/tag_path.h"
 
