@@ -1,12 +1,18 @@
-// The parameter branch of a fit: vectors on a fixed grid of DataIDs, and reading a block of one into an
-// array.
-#include <rytree_Utils/weighting.h>
+// The parameter branch of a fit: vector nodes on a fixed grid of DataIDs, and values between vector nodes and
+// arrays.
+#include <rytree_Utils/fit_parameters.h>
 #include <rytree_Utils/lookup.h>
 
+#include <algorithm>
 #include <climits>
+#include <cstdint>
 
-#include "fitting/values_by_data_id.h"
+#include "frame/attributes.h"
+#include "frame/check_get.h"
+#include "frame/children.h"
 #include "frame/host_arrays.h"
+#include "frame/id_index.h"
+#include "frame/words.h"
 
 namespace {
 
@@ -41,6 +47,41 @@ bool is_parameter_vector(const RYXmlWrapperBase& vector) {
   }
   return false;
 }
+
+/// Finds the children of one vector node by DataID, as rytree_check_get_node_by_dataid does one by one. The
+/// children are read once; nobody else may add or remove any meanwhile.
+class ValuesByDataId {
+ public:
+  explicit ValuesByDataId(RYXmlWrapperBase& vector) : vector_(vector) {
+    for (Children child(vector); child; ++child, ++count_) {
+      int id = 0;
+      if (child->GetPropertyValue(data_id_, id) != 0) places_.add(id, count_);
+    }
+  }
+
+  /// Puts `out` on the first child with the vector's `base` + `number`, or on a new one with the tag "Value"
+  /// and the number. False if it cannot be made.
+  bool check_get(RYXmlWrapperBase& out, int base, int number) {
+    const int id = low_word(std::int64_t{base} + number);
+    const int place = places_.find(id);
+    if (place >= 0) return vector_.GetChild(out, place) != 0;
+    tag_.Format("Value%d", number);
+    if (vector_.AddNode(out, tag_, -1) == 0) return false;
+    if (id > 0) {
+      out.SetPropertyValue(data_id_, id);
+      places_.add(id, count_);
+    }
+    ++count_;
+    return true;
+  }
+
+ private:
+  RYXmlWrapperBase& vector_;
+  const RYPropertyName data_id_{kDataIdName};
+  IdIndex places_;
+  int count_ = 0;
+  CString tag_;
+};
 
 void size_vector(RYXmlWrapperBase& vector, int base, int count) {
   if (vector.GetNodeCount() > count) {
@@ -90,6 +131,37 @@ bool read_block(const RYXmlWrapperBase* vector, Array* values, int block) {
   return true;
 }
 
+constexpr int kMostValues = 999;  // the bases of two vectors are 1000 apart
+
+template <class Array>
+int read_values(const RYXmlWrapperBase* vector, Array* values) {
+  if (values == nullptr || vector == nullptr || vector->IsNodeValid() == 0) return -1;
+  const int size = values->GetSize();
+  int filled = 0;
+  for (Children child(*vector); child && filled < size; ++child) {
+    if (child->IsEmpty() == 0) child->NodeValue((*values)[filled++], 1);
+  }
+  return filled;
+}
+
+template <class Array>
+void write_values(Array* values, RYXmlWrapperBase* vector) {
+  int base = 0;
+  if (values == nullptr || vector == nullptr || vector->GetDataID(base) == 0) return;
+  const int size = std::min(values->GetSize(), kMostValues);
+  if (vector->GetNodeCount() > size) {
+    vector->SetSizeTrimFromEnd(size);
+    int i = 0;
+    for (Children child(*vector); child; ++child) child->NodeValue((*values)[i++], 0);
+    return;
+  }
+  ValuesByDataId children(*vector);
+  RYXmlWrapperBase child;
+  for (int i = 0; i < size; ++i) {
+    if (children.check_get(child, base, i + 1)) child.NodeValue((*values)[i], 0);
+  }
+}
+
 }  // namespace
 
 void rytree_nlsf_add_params_node_DataID(RYXmlWrapperBase* tree, int count) {
@@ -100,7 +172,7 @@ void rytree_nlsf_add_params_node_DataID(RYXmlWrapperBase* tree, int count) {
     RYXmlWrapperBase node;
     CString number;
     number.Format("%d", setting.data_id);
-    rytree_tree_check_get_node(&node, tree, setting.tag, -1, "DataID", number, 1);
+    check_get_child(node, *tree, setting.tag, {.attribute = kDataIdName, .value = number});
   }
   for (const Place& row : kVectors) {
     RYXmlWrapperBase vector;
@@ -122,4 +194,28 @@ bool rytree_nlf_set_double_param_from_user_params_setting(RYXmlWrapperBase* vect
 bool rytree_nlf_set_int_param_from_user_params_setting(RYXmlWrapperBase* vector, HostArrayObject* values,
                                                        int block) {
   return read_block(vector, open_ints(values), block);
+}
+
+int rytree_value_from_tree_sub_nodes_to_vector_bool(RYXmlWrapperBase* vector, HostArrayObject* values) {
+  return read_values(vector, open_bools(values));
+}
+
+int rytree_value_from_tree_sub_nodes_to_vector_double(RYXmlWrapperBase* vector, HostArrayObject* values) {
+  return read_values(vector, open_doubles(values));
+}
+
+int rytree_value_from_tree_sub_nodes_to_vector_int(RYXmlWrapperBase* vector, HostArrayObject* values) {
+  return read_values(vector, open_ints(values));
+}
+
+void rytree_value_from_vec_bool_to_tree_sub_nodes(HostArrayObject* values, RYXmlWrapperBase* vector) {
+  write_values(open_bools(values), vector);
+}
+
+void rytree_value_from_vec_double_to_tree_sub_nodes(HostArrayObject* values, RYXmlWrapperBase* vector) {
+  write_values(open_doubles(values), vector);
+}
+
+void rytree_value_from_vec_int_to_tree_sub_nodes(HostArrayObject* values, RYXmlWrapperBase* vector) {
+  write_values(open_ints(values), vector);
 }

@@ -1,15 +1,45 @@
-// The weighting of a fit in its two forms, and the way between them.
+// The weighting of a fit: the methods with their names and needs, the two forms, and the way between them.
 #include <rytree_Utils/weighting.h>
-#include <rytree_Utils/lookup.h>
-#include <rytree_Utils/composite_range.h>
 #include <rytree_host/ryUtils.h>
 
+#include <iterator>
+
+#include "frame/attributes.h"
+#include "frame/check_get.h"
 #include "frame/node_text.h"
 
 namespace {
 
-constexpr const char* kMethodTag =
-    "WeightMethod";  // of the child, and the name of the compact form's attribute
+struct WeightMethod {
+  const char* name;
+  int data, a, b, c;  // 1 if needed
+};
+
+constexpr WeightMethod kMethods[] = {
+    {"No Weighting", 0, 0, 0, 0},
+    {"Instrumental", 1, 0, 0, 0},
+    {"Statistical", 0, 0, 0, 0},
+    {"Arbitrary Dataset", 1, 0, 0, 0},
+    {"Direct Weighting", 1, 0, 0, 0},
+    {"Variance ~ y^2", 0, 0, 0, 0},
+    {"Variance = a*y^b", 0, 1, 1, 0},
+    {"Variance = c^b+a*y^b", 0, 1, 1, 1},
+    {"Variance = a*y^b*c^(tlast-t)", 1, 1, 1, 1},
+    {"Variance ~ yfit", 0, 0, 0, 0},
+    {"Variance ~ yfit^2", 0, 0, 0, 0},
+    {"Variance = a*yfit^b", 0, 1, 1, 0},
+    {"Variance = c^b+a*yfit^b", 0, 1, 1, 1},
+    {"Variance = a*yfit^b*c^(tlast-t)", 1, 1, 1, 1},
+    {"Variance = [max(z,a)]^b", 0, 1, 1, 0},
+};
+constexpr int kMethodCount = static_cast<int>(std::size(kMethods));
+
+const WeightMethod* find_method(int method) {
+  return method >= 0 && method < kMethodCount ? &kMethods[method] : nullptr;
+}
+
+// The tag of the child, and the name of the compact form's attribute.
+constexpr const char* kMethodTag = "WeightMethod";
 constexpr const char* kDisable = "DisableWeightMethod";
 constexpr const char* kCombo = "Combo";
 constexpr int kMethodNodeId = 11;
@@ -23,7 +53,8 @@ struct Setting {
   int message;            // of its label
   const char* attribute;  // of a parameter in the compact form, whose text is the data
 };
-constexpr Setting kSettings[] = {
+constexpr int kSettingCount = 4;  // the first for the data, then a, b and c
+constexpr Setting kSettings[kSettingCount] = {
     {"WeightData", 13, 1627, nullptr},
     {"WeightA", 14, 1628, "Weight_A"},
     {"WeightB", 14, 1629, "Weight_B"},
@@ -48,47 +79,70 @@ bool is_shown(const RYXmlWrapperBase& node) {
 
 void mark_as_data(RYXmlWrapperBase& node, const CString& combo) {
   node.SetPropertyValue(kCombo, combo);
-  int action = kDataAction;
-  vctree_get_set_node_action_id(node, action, 0);
+  node.SetPropertyValue(kActionIdName, kDataAction);
 }
 
 void write_value(RYXmlWrapperBase& node, const char* data, double* parameter) {
-  if (data != nullptr) {
-    CString text(data);
-    node.NodeValue(text, 0, 1, nullptr);
-  }
+  if (data != nullptr) write_text(node, data);
   if (parameter != nullptr) node.NodeValue(*parameter, 0);
 }
 
 }  // namespace
 
+int rytree_fitter_get_weight_mth_info(int method, CString* name, int* needData, int* needA, int* needB,
+                                      int* needC) {
+  const WeightMethod* const found = find_method(method);
+  const WeightMethod info = found != nullptr ? *found : WeightMethod{};
+  if (needData != nullptr) *needData = info.data;
+  if (needA != nullptr) *needA = info.a;
+  if (needB != nullptr) *needB = info.b;
+  if (needC != nullptr) *needC = info.c;
+  if (name != nullptr) VCTreeGetFitterWeightStrings(method, name, nullptr);
+  return found != nullptr ? 1 : 0;
+}
+
+int VCTreeGetFitterWeightStrings(int method, CString* name, CStringArray* names) {
+  if (name != nullptr) {
+    const WeightMethod* const found = find_method(method);
+    if (found == nullptr) {
+      name->Empty();
+      if (names != nullptr) names->SetSize(0);
+      return -1;
+    }
+    *name = found->name;
+  }
+  if (names != nullptr) {
+    names->SetSize(kMethodCount);
+    for (int i = 0; i < kMethodCount; ++i) names->SetAt(i, kMethods[i].name);
+  }
+  return kMethodCount;
+}
+
 int vctree_update_fitter_data_weight_node(RYXmlWrapperBase& parent, int method, unsigned long& change,
                                           const char* data, double* a, double* b, double* c, int checkSame,
                                           int disable) {
   RYXmlWrapperBase method_node;
-  if (rytree_tree_check_get_node(&method_node, &parent, kMethodTag, kMethodNodeId, nullptr, nullptr, 1) == 0)
-    return 0;
+  if (!check_get_child(method_node, parent, kMethodTag, {.id = kMethodNodeId})) return 0;
   parent.SetPropertyValue(kDisable, disable);
   int stored = 0;
   if (checkSame != 0 && method_node.NodeValue(stored, 1) != 0 && stored == method) return 0;
   method_node.SetShow(0);
-  int needs[4] = {};
-  if (rytree_fitter_get_weight_mth_info(method, nullptr, &needs[0], &needs[1], &needs[2], &needs[3]) == 0)
+  int needs[kSettingCount] = {};
+  if (rytree_fitter_get_weight_mth_info(method, nullptr, &needs[0], &needs[1], &needs[2], &needs[3]) == 0) {
     return 0;
+  }
   method_node.NodeValue(method, 0);
 
   CString combo;
   move_combo(parent, combo);
-  double* const parameters[4] = {nullptr, a, b, c};
+  double* const parameters[kSettingCount] = {nullptr, a, b, c};
   int before = 0;
   int after = 0;
-  for (int i = 0; i < 4; ++i) {
+  for (int i = 0; i < kSettingCount; ++i) {
     const Setting& setting = kSettings[i];
     RYXmlWrapperBase child;
-    if (rytree_tree_check_get_node(&child, &parent, setting.tag, setting.node_id, "Label",
-                                   message(setting.message), 1) == 0) {
-      continue;
-    }
+    const CString label = message(setting.message);
+    if (!check_get_child(child, parent, setting.tag, {setting.node_id, kLabelName, label})) continue;
     if (i == 0) mark_as_data(child, combo);
     before += is_shown(child) ? 1 : 0;
     after += needs[i];
@@ -102,37 +156,36 @@ int vctree_update_fitter_data_weight_node(RYXmlWrapperBase& parent, int method, 
 int vctree_fitter_data_weight_node_compact_to_expanded(RYXmlWrapperBase& expanded,
                                                        RYXmlWrapperBase& compact) {
   if (expanded.IsNodeValid() == 0 || compact.IsNodeValid() == 0) return 0;
-  expanded.SetPropertyValue("Label", message(kExpandedMessage));
+  expanded.SetPropertyValue(kLabelName, message(kExpandedMessage));
   CString data;
   read_text(compact, data);
   int method = 0;
   compact.GetPropertyValue(kMethodTag, method);
-  double parameters[4] = {};
-  for (int i = 1; i < 4; ++i) compact.GetPropertyValue(kSettings[i].attribute, parameters[i]);
+  double parameters[kSettingCount] = {};
+  for (int i = 1; i < kSettingCount; ++i) compact.GetPropertyValue(kSettings[i].attribute, parameters[i]);
   CString combo;
   if (compact.GetPropertyValue(kCombo, combo) != 0) expanded.SetPropertyValue(kCombo, combo);
   int disable = 0;
   compact.GetPropertyValue(kDisable, disable);
   unsigned long change = 0;
   vctree_update_fitter_data_weight_node(expanded, method, change, data, &parameters[1], &parameters[2],
-                                        &parameters[3], 0, disable);
+                                        &parameters[3], /*checkSame=*/0, disable);
   return 1;
 }
 
 int vctree_fitter_data_weight_node_expanded_to_compact(RYXmlWrapperBase& compact,
                                                        RYXmlWrapperBase& expanded) {
   RYXmlWrapperBase method_node;
-  if (rytree_tree_check_get_node(&method_node, &expanded, kMethodTag, 0, nullptr, nullptr, 1) == 0) return 0;
-  RYXmlWrapperBase settings[4];
-  for (int i = 0; i < 4; ++i) {
-    if (rytree_tree_check_get_node(&settings[i], &expanded, kSettings[i].tag, 0, nullptr, nullptr, 1) == 0)
-      return 0;
+  if (!check_get_child(method_node, expanded, kMethodTag)) return 0;
+  RYXmlWrapperBase settings[kSettingCount];
+  for (int i = 0; i < kSettingCount; ++i) {
+    if (!check_get_child(settings[i], expanded, kSettings[i].tag)) return 0;
   }
   int method = 0;
   if (method_node.NodeValue(method, 1) != 0) compact.SetPropertyValue(kMethodTag, method);
   CString data;
-  if (settings[0].NodeValue(data, 1, 1, nullptr) != 0) compact.NodeValue(data, 0, 1, nullptr);
-  for (int i = 1; i < 4; ++i) {
+  if (settings[0].NodeValue(data, 1, 1, nullptr) != 0) write_text(compact, data);
+  for (int i = 1; i < kSettingCount; ++i) {
     double parameter = 0;
     if (settings[i].NodeValue(parameter, 1) != 0) compact.SetPropertyValue(kSettings[i].attribute, parameter);
   }
@@ -148,8 +201,8 @@ int vctree_extract_weight_info(RYXmlWrapperBase& node, const char* tag, int* met
     *method = 0;
     node.GetPropertyValue(kMethodTag, *method);
   }
-  double* const parameters[4] = {nullptr, a, b, c};
-  for (int i = 1; i < 4; ++i) {
+  double* const parameters[kSettingCount] = {nullptr, a, b, c};
+  for (int i = 1; i < kSettingCount; ++i) {
     if (parameters[i] == nullptr) continue;
     *parameters[i] = 0;
     node.GetPropertyValue(kSettings[i].attribute, *parameters[i]);

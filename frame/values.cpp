@@ -41,3 +41,8 @@ int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenO
   for (Children child(*tree); child; ++child) append_text(*child, *values);
   return 0;
 }
+
+void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values) {
+  make_room(values, node, false);
+  for (Children child(node); child; ++child) append_text(*child, values);
+}

@@ -15,16 +15,21 @@
 // - A tree and an array belong to one thread at a time; different trees on different threads need no lock.
 #pragma once
 
+#include <rytree_Utils/action_id.h>
 #include <rytree_Utils/arrange.h>
 #include <rytree_Utils/auto_support.h>
 #include <rytree_Utils/bulk.h>
 #include <rytree_Utils/changes.h>
 #include <rytree_Utils/composite_range.h>
+#include <rytree_Utils/date_node.h>
 #include <rytree_Utils/edit.h>
 #include <rytree_Utils/enumerate.h>
+#include <rytree_Utils/escaped_string.h>
 #include <rytree_Utils/filter.h>
+#include <rytree_Utils/fit_parameters.h>
 #include <rytree_Utils/frame.h>
 #include <rytree_Utils/homologous.h>
+#include <rytree_Utils/input_data.h>
 #include <rytree_Utils/input_table.h>
 #include <rytree_Utils/key_value.h>
 #include <rytree_Utils/lookup.h>
@@ -36,6 +41,7 @@
 #include <rytree_Utils/theme_lookup.h>
 #include <rytree_Utils/themes.h>
 #include <rytree_Utils/transfer.h>
+#include <rytree_Utils/variable_node.h>
 #include <rytree_Utils/weighting.h>
 #include <rytree_host/Kelp60.h>
 #include <rytree_host/framework.h>

@@ -2,11 +2,11 @@
 #include <rytree_Utils/auto_support.h>
 #include <rytree_host/ryUtils.h>
 
+#include "frame/attributes.h"
 #include "frame/decimal.h"
 
 namespace {
 
-constexpr const char* kAuto = "Auto";
 constexpr const char* kEntireWorksheet = "_EntireWorksheet";
 constexpr int kAutoMessage = 1624;
 constexpr int kKeepNumber = -1;
@@ -37,7 +37,7 @@ int vctree_parse_auto_support_string(const char* text, int& state, CString& labe
 
 int vctree_set_auto_support(RYXmlWrapperBase& node, int state, const char* label, int number) {
   if (node.IsNodeValid() == 0) return 0;
-  if (state == 0) node.RemoveProperty(kAuto);
+  if (state == 0) node.RemoveProperty(kAutoName);
   if (state != 1 && state != -1) return 0;
 
   CString kept_label;
@@ -47,14 +47,14 @@ int vctree_set_auto_support(RYXmlWrapperBase& node, int state, const char* label
   vctree_create_auto_support_string(value, state == 1 ? 1 : 0,
                                     label != nullptr ? label : kept_label.GetString(),
                                     number != kKeepNumber ? number : kept_number);
-  node.SetPropertyValue(kAuto, value);
+  node.SetPropertyValue(kAutoName, value);
   return 1;
 }
 
 int vctree_get_auto_support(RYXmlWrapperBase& node, CString& label, int& number) {
   CString value;
   int state = 0;
-  if (node.GetPropertyValue(kAuto, value) == 0) return 0;
+  if (node.GetPropertyValue(kAutoName, value) == 0) return 0;
   if (vctree_parse_auto_support_string(value, state, label, number) == 0) return 0;
   return state == 0 ? -1 : state;
 }

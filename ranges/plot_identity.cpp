@@ -1,10 +1,5 @@
-// The identity of plots and data markers, and the texts of a node's children.
+// The identity of plots and data markers.
 #include <rytree_Utils/plot_identity.h>
-
-#include <utility>
-
-#include "frame/children.h"
-#include "frame/node_text.h"
 
 namespace {
 
@@ -34,13 +29,4 @@ int vctree_get_data_marker_id_from_tree(RYXmlWrapperBase& tree, int& id) {
 
 int vctree_set_data_marker_id_to_tree(RYXmlWrapperBase& tree, int id) {
   return tree.SetPropertyValue(kDataMarkerId, id);
-}
-
-void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values) {
-  make_room(values, node, false);
-  for (Children child(node); child; ++child) {
-    CString text;
-    read_text(*child, text);
-    values.Add(std::move(text));
-  }
 }

@@ -1,5 +1,5 @@
 // Escaped data strings.
-#include <rytree_Utils/input_table.h>
+#include <rytree_Utils/escaped_string.h>
 #include <rytree_host/Kelp60.h>
 
 #include "frame/words.h"
@@ -36,7 +36,8 @@ void report_get_escaped_data_string(CString* out, int number, int dot, char kind
 }
 
 int report_get_set_data_string(CString* out, int index) {
-  report_get_escaped_data_string(out, one_more(index), 0, 'F', 'Y', 0, '\0', 0);
+  report_get_escaped_data_string(out, one_more(index), /*dot=*/0, 'F', 'Y', /*option=*/0, /*type=*/'\0',
+                                 /*suffixNumber=*/0);
   return 1;
 }
 

@@ -1,26 +1,28 @@
 // The input-data table of a report: a row for each variable, a cell for each of its columns.
-#include "reports/input_table.h"
-
-#include <rytree_Utils/weighting.h>
-#include <rytree_Utils/lookup.h>
+#include <rytree_Utils/escaped_string.h>
 #include <rytree_Utils/input_table.h>
+#include <rytree_Utils/lookup.h>
+#include <rytree_Utils/weighting.h>
 
 #include <algorithm>
 #include <climits>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <string>
-#include <unordered_map>
 #include <vector>
 
+#include "frame/attributes.h"
+#include "frame/check_get.h"
 #include "frame/children.h"
+#include "frame/children_by_tag.h"
 #include "frame/host_arrays.h"
+#include "frame/node_text.h"
 #include "frame/words.h"
 #include "reports/localization.h"
 
 namespace {
 
-constexpr const char* kRowPrefix = "R";
+constexpr const char* kNameAttribute = "SubHeader0";
 constexpr int kFirstRowId = 1900;
 constexpr int kRowIds = 0x10000;  // so many rows of a data set have node IDs of their own
 constexpr int kParameterCount = 3;
@@ -35,13 +37,10 @@ constexpr Column kData = {2, 0x1B000, "Data"};
 constexpr Column kRange = {3, 0x1E000, "Range"};
 constexpr Column kWeightType = {4, 0x1D000, "Weight Type"};
 constexpr Column kWeightData = {5, 0x1F000, "Weight Data"};
-constexpr Column kParameters[kParameterCount] =
-    {  // their labels are the names of the parameters, not localized
-        {6, 0x20000, "a"},
-        {7, 0x20001, "b"},
-        {8, 0x20002, "c"}};
+// Their labels are the names of the parameters and not localized.
+constexpr Column kParameters[kParameterCount] = {{6, 0x20000, "a"}, {7, 0x20001, "b"}, {8, 0x20002, "c"}};
 
-/// What a row tells of its variable.
+/// What a row shows of its variable.
 struct Variable {
   int index;
   bool dependent;
@@ -53,24 +52,26 @@ struct Variable {
 
 using FindParameter = std::function<RYXmlWrapperBase(std::int64_t number)>;
 
-CString numbered_tag(const char* prefix, int number) {
+CString numbered_tag(char letter, int number) {
   CString tag;
-  tag.Format("%s%d", prefix != nullptr ? prefix : "", number);
+  tag.Format("%c%d", letter, number);
   return tag;
 }
 
-int row_number(int data, int variables, int position) {
-  return low_word(std::int64_t{data} * variables + position + 1);
+CString row_tag(int data, int variables, int position) {
+  return numbered_tag('R', low_word(std::int64_t{data} * variables + position + 1));
 }
 
+/// The node ID of a row: the data set in the high 16 bits, the place of the row in the low ones.
 int row_id(int data, int position) {
-  return report_table_row_id(low_word(std::int64_t{position} + kFirstRowId), data);
+  constexpr std::int64_t kWord = 0x10000;
+  return low_word((data | 0x2000) * kWord + ((position + std::int64_t{kFirstRowId}) & (kWord - 1)));
 }
 
 RYXmlWrapperBase labelled_cell(RYXmlWrapperBase& row, const Column& column, const char* label) {
-  RYXmlWrapperBase cell =
-      report_get_numbered_node(&row, "C", column.number, column.node_id, nullptr, nullptr);
-  report_set_header_text(&cell, label, -1);
+  RYXmlWrapperBase cell;
+  check_get_child(cell, row, numbered_tag('C', column.number), {.id = column.node_id});
+  cell.SetPropertyValue(kLabelName, label);
   return cell;
 }
 
@@ -78,19 +79,20 @@ RYXmlWrapperBase localized_cell(RYXmlWrapperBase& row, const Column& column) {
   return labelled_cell(row, column, report_localized_text(column.label));
 }
 
-void write_cell(RYXmlWrapperBase& row, const Column& column, CString value) {
-  localized_cell(row, column).NodeValue(value, 0, 1, nullptr);
+void write_cell(RYXmlWrapperBase& row, const Column& column, const CString& value) {
+  RYXmlWrapperBase cell = localized_cell(row, column);
+  write_text(cell, value);
 }
 
 void write_kind(RYXmlWrapperBase& row, bool dependent) {
   RYXmlWrapperBase cell = localized_cell(row, kKind);
-  CString kind(report_localized_text(dependent ? "Dep" : "Indep"));
-  cell.NodeValue(kind, 0, 1, nullptr);
+  write_text(cell, report_localized_text(dependent ? "Dep" : "Indep"));
 }
 
 CString data_string(int data, char kind, char letter, int number) {
   CString text;
-  report_get_escaped_data_string(&text, one_more(data), 0, kind, letter, 0, '\0', number);
+  report_get_escaped_data_string(&text, one_more(data), /*dot=*/0, kind, letter, /*option=*/0, /*type=*/'\0',
+                                 number);
   return text;
 }
 
@@ -128,28 +130,24 @@ void write_weight(RYXmlWrapperBase& row, int data, const Variable& variable, con
 void write_row(RYXmlWrapperBase& row, int data, const Variable& variable, const FindParameter& find) {
   CString label;
   report_get_set_data_string(&label, data);
-  report_set_header_text(&row, label, -1);
-  report_set_header_text(&row, variable.name, 0);
+  row.SetPropertyValue(kLabelName, label);
+  row.SetPropertyValue(kNameAttribute, CString(variable.name));
   write_kind(row, variable.dependent);
   write_data(row, data, variable);
   if (variable.dependent) write_weight(row, data, variable, find);
 }
 
-/// Writes the rows of a data set. It knows the rows by their tags, so that each is found at once.
+/// Writes the rows of a data set. It knows the children of the table by their tags, so that each row is found
+/// at once.
 class TableWriter {
  public:
   TableWriter(RYXmlWrapperBase& table, int data, int variables, const FindParameter& find)
-      : table_(table), data_(data), variables_(variables), find_(find) {
-    CString tag;
-    for (Children child(table); child; ++child) {
-      child->GetTagName(tag);
-      if (tag[0] == *kRowPrefix) rows_.try_emplace(std::string(tag.View()), *child);
-    }
-  }
+      : table_(table), data_(data), variables_(variables), find_(find), rows_(table) {}
+
   void write(std::int64_t position, const Variable& variable) {
     const int place = low_word(position);
-    const CString tag = numbered_tag(kRowPrefix, row_number(data_, variables_, place));
-    RYXmlWrapperBase& row = rows_[std::string(tag.View())];
+    const CString tag = row_tag(data_, variables_, place);
+    RYXmlWrapperBase& row = rows_[tag.View()];
     if (row.IsNodeValid() == 0) table_.AddNode(row, tag, row_id(data_, place));
     write_row(row, data_, variable, find_);
   }
@@ -159,7 +157,7 @@ class TableWriter {
   int data_;
   int variables_;
   const FindParameter& find_;
-  std::unordered_map<std::string, RYXmlWrapperBase> rows_;
+  FirstByTag rows_;
 };
 
 /// The first nodes below `tree` (which may be null) in the order of their numbers.
@@ -174,7 +172,7 @@ int row_count(int variables, const CStringArray& names) {
   return std::min(variables, std::max(names.GetSize(), kRowIds));
 }
 
-/// One pass behind the weight methods does what all that follow it would do.
+/// The first pass after the end of the weight methods does what all later ones would do.
 int pass_count(int sets, int dependents, int methods) {
   return dependents > 0
              ? static_cast<int>(std::min<std::int64_t>(sets, std::int64_t{methods} / dependents + 2))
@@ -183,36 +181,18 @@ int pass_count(int sets, int dependents, int methods) {
 
 }  // namespace
 
-int report_table_row_id(int idWord, int data) {
-  const auto set = static_cast<std::uint32_t>(data) | 0x2000u;
-  return static_cast<int>(set << 16 | (static_cast<std::uint32_t>(idWord) & 0xFFFFu));
-}
-
-RYXmlWrapperBase report_get_numbered_node(RYXmlWrapperBase* parent, const char* prefix, int number, int id,
-                                          const char* attribute, const char* attributeValue) {
-  RYXmlWrapperBase node;
-  rytree_tree_check_get_node(&node, parent, numbered_tag(prefix, number), id, attribute, attributeValue, 1);
-  return node;
-}
-
-void report_set_header_text(RYXmlWrapperBase* node, const char* text, int subHeader) {
-  if (node == nullptr) return;
-  node->SetPropertyValue(subHeader < 0 ? CString("Label") : numbered_tag("SubHeader", subHeader),
-                         CString(text));
-}
-
 RYXmlWrapperBase report_make_input_data_table_var_row(RYXmlWrapperBase* table, int data, int position,
                                                       int index, bool dependent, const char* name,
                                                       int /*sets*/, int pass, int variables, int /*reserved*/,
                                                       int weightMethod, RYXmlWrapperBase* parameters, int xyz,
                                                       int parameterIndex) {
-  RYXmlWrapperBase row = report_get_numbered_node(table, kRowPrefix, row_number(data, variables, position),
-                                                  row_id(data, position), nullptr, nullptr);
+  RYXmlWrapperBase row;
+  const CString tag = row_tag(data, variables, position);
+  if (table == nullptr || !check_get_child(row, *table, tag, {.id = row_id(data, position)})) return row;
   const auto find = [parameters](std::int64_t number) {
     RYXmlWrapperBase node;
-    int counter = 0;
     if (number >= 0 && number <= INT_MAX) {
-      rytree_get_node(parameters, &node, static_cast<int>(number), &counter, -1, nullptr, true, false, 0);
+      rytree_get_node_ex(parameters, &node, static_cast<int>(number), /*flags=*/0, /*attribute=*/nullptr);
     }
     return node;
   };

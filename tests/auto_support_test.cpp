@@ -1,7 +1,5 @@
 #include <rytree_Utils/auto_support.h>
 
-#include <climits>
-
 #include "tree_text.h"
 
 namespace {
@@ -30,67 +28,75 @@ TEST(AutoSupport, strings_made) {
 }
 
 TEST(AutoSupport, strings_read) {
-  const Rows<Text, int, int, Text, int> rows = {
-      {"1||-99999999999999999999", 1, 1, "", INT_MIN}, {"5", 1, 5, "Auto", 1},
-      {" -2x|\"a|b\"|y|4", 1, -2, "\"a|b\"", 0},       {"", 0, 77, "old", 77},
-      {"99999999999|A|-2", 1, INT_MAX, "A", -2},       {"1|\"A|2", 0, 77, "old", 77}};
-  for (const auto& [string, result, state, label, number] : rows) {
-    int state_read = 77;
-    int number_read = 77;
-    CString label_read("old");
-    EXPECT_EQ(vctree_parse_auto_support_string(string, state_read, label_read, number_read), result);
-    EXPECT_EQ(std::tie(state_read, label_read, number_read), std::make_tuple(state, CString(label), number));
+  // The result, the state, the label and the number.
+  using R = Row<Text, Text>;
+  for (const auto& [string, expected] :
+       Rows{R{"1||-99999999999999999999", "1 1  -2147483648"}, R{"5", "1 5 Auto 1"},
+            R{" -2x|\"a|b\"|y|4", "1 -2 \"a|b\" 0"}, R{"", "0 77 old 77"},
+            R{"99999999999|A|-2", "1 2147483647 A -2"}, R{"1|\"A|2", "0 77 old 77"}}) {
+    int state = 77;
+    int number = 77;
+    CString label("old");
+    const int result = vctree_parse_auto_support_string(string, state, label, number);
+    CString read;
+    read.Format("%d %d %s %d", result, state, label.GetString(), number);
+    EXPECT_EQ(read, expected);
   }
 }
 
 TEST(AutoSupport, set) {
-  const Rows<Text, int, Text, int, int, Text> rows = {
-      {nullptr, 1, nullptr, -1, 1, "1||1"}, {"1|A|2", -1, nullptr, -1, 1, "0|A|2"},
-      {"0|A|2", 1, "", -2, 1, "1||-2"},     {"1|A|2", 0, "B", 3, 0, "none"},
-      {"1|A|2", 2, "B", 3, 0, "1|A|2"},     {"\"", 1, nullptr, -1, 1, "1||1"}};
-  for (const auto& [before, state, label, number, result, after] : rows) {
+  using R = Row<Text, int, Text, int, int, Text>;
+  for (const auto& [before, state, label, number, result, after] :
+       Rows{R{nullptr, 1, nullptr, -1, 1, "1||1"}, R{"1|A|2", -1, nullptr, -1, 1, "0|A|2"},
+            R{"0|A|2", 1, "", -2, 1, "1||-2"}, R{"1|A|2", 0, "B", 3, 0, "none"},
+            R{"1|A|2", 2, "B", 3, 0, "1|A|2"}, R{"\"", 1, nullptr, -1, 1, "1||1"}}) {
     RYXmlWrapperBase node = with_auto(before);
     EXPECT_EQ(vctree_set_auto_support(node, state, label, number), result);
     EXPECT_EQ(auto_of(node), after);
   }
+  RYXmlWrapperBase node = with_auto("0|A|2");
+  EXPECT_EQ(rytree_set_auto_support(&node, 1), 1);
+  EXPECT_EQ(auto_of(node), "1|A|2");
 }
 
 TEST(AutoSupport, get_and_reset) {
-  const Rows<Text, int, Text, int, Text> rows = {
-      {nullptr, 0, "old", 77, "none"}, {"", 0, "old", 77, ""},          {"0|A|2", -1, "A", 2, "0|A|2"},
-      {"1|A|2|3", 1, "A", 2, "0|A|2"}, {"5", 5, "Auto", 1, "0|Auto|1"}, {"1|A|-1", 1, "A", -1, "0|A|-1"}};
-  for (const auto& [before, state, label, number, reset] : rows) {
+  using R = Row<Text, int, Text, int, Text>;
+  for (const auto& [before, state, label, number, reset] :
+       Rows{R{nullptr, 0, "old", 77, "none"}, R{"", 0, "old", 77, ""}, R{"0|A|2", -1, "A", 2, "0|A|2"},
+            R{"1|A|2|3", 1, "A", 2, "0|A|2"}, R{"5", 5, "Auto", 1, "0|Auto|1"},
+            R{"1|A|-1", 1, "A", -1, "0|A|-1"}}) {
     RYXmlWrapperBase node = with_auto(before);
     CString label_read("old");
     int number_read = 77;
     EXPECT_EQ(vctree_get_auto_support(node, label_read, number_read), state);
-    EXPECT_TRUE(label_read == label && number_read == number && rytree_get_auto_support(&node) == state)
-        << reset;
+    EXPECT_EQ(std::tie(label_read, number_read), std::make_tuple(CString(label), number));
+    EXPECT_EQ(rytree_get_auto_support(&node), state);
     vctree_check_reset_auto_support(node);
     EXPECT_EQ(auto_of(node), reset);
   }
-  RYXmlWrapperBase node = with_auto("0|A|2");
-  EXPECT_EQ(rytree_set_auto_support(&node, 1), 1);
-  EXPECT_EQ(auto_of(node), "1|A|2");
+}
+
+TEST(AutoSupport, no_node) {
   RYXmlWrapperBase dead = dead_node();
-  EXPECT_EQ(rytree_set_auto_support(&dead, 1) + rytree_set_auto_support(nullptr, 1), 0);
-  EXPECT_EQ(rytree_get_auto_support(&dead) + rytree_get_auto_support(nullptr), 0);
+  for (RYXmlWrapperBase* const none : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
+    EXPECT_EQ(rytree_set_auto_support(none, 1), 0);
+    EXPECT_EQ(rytree_get_auto_support(none), 0);
+    rytree_composite_range_set_entire_worksheet_support(none, 1);
+    EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(none), 0);
+  }
 }
 
 TEST(EntireWorksheet, three_states) {
-  const Rows<int, Text, int> rows = {{1, "<A _EntireWorksheet=\"1\"/>", 1},
-                                     {-1, "<A _EntireWorksheet=\"0\"/>", -1},
-                                     {5, "<A _EntireWorksheet=\"0\"/>", -1},
-                                     {0, "<A/>", 0}};
-  RYXmlWrapperBase node = parse("<A _EntireWorksheet=\"9\"/>");
+  RYXmlWrapperBase node = parse("<A _EntireWorksheet='9'/>");
   EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), -1);
-  for (const auto& [state, xml, read] : rows) {
+  using R = Row<int, Text, int>;
+  for (const auto& [state, xml, read] :
+       Rows{R{1, "<A _EntireWorksheet=\"1\"/>", 1}, R{-1, "<A _EntireWorksheet=\"0\"/>", -1},
+            R{5, "<A _EntireWorksheet=\"0\"/>", -1}, R{0, "<A/>", 0}}) {
     rytree_composite_range_set_entire_worksheet_support(&node, state);
     EXPECT_EQ(text(node), xml);
     EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), read);
   }
-  rytree_composite_range_set_entire_worksheet_support(nullptr, 1);
-  EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(nullptr), 0);
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
-// The parameter branch of a fit, and values between vector nodes and arrays.
-#include <rytree_Utils/weighting.h>
+#include <rytree_Utils/fit_parameters.h>
 #include <rytree_Utils/lookup.h>
 
 #include <chrono>
@@ -8,9 +7,11 @@
 #include <sstream>
 #include <type_traits>
 
-#include "tests/tree_text.h"
+#include "tree_text.h"
 
 namespace {
+
+using Text = const char*;
 
 // Calls with a vector node and an array of these values: the result, and what the array then holds.
 template <class Host, class... Rest>
@@ -22,7 +23,7 @@ std::string left(const std::string& values, auto call, RYXmlWrapperBase* vector,
   std::ostringstream out;
   out << call(vector, &host, rest...) << ":";
   for (const Element value : host.array()) out << " " << value;
-  return out.str() + "; ";
+  return out.str();
 }
 
 std::string grid(int count) {
@@ -40,12 +41,12 @@ std::string grid(int count) {
   return text(parse((xml + "</Root>").GetString()));
 }
 
-TEST(FitParameters, GrowAndShrinkOnTheirGrid) {
+TEST(FitParameters, grow_and_shrink_on_their_grid) {
   RYXmlWrapperBase tree;
-  const Rows<int, int> rows = {{3, 3}, {3, 3}, {2, 2}, {4, 4}, {-1, 4}, {INT_MIN, 4}, {0, 0}};
-  for (const auto& [count, left] : rows) {
+  for (const auto& [count, left] :
+       Rows<int, int>{{3, 3}, {3, 3}, {2, 2}, {4, 4}, {-1, 4}, {INT_MIN, 4}, {0, 0}}) {
     rytree_nlsf_add_params_node_DataID(&tree, count);
-    EXPECT_EQ(text(tree), grid(left)) << count;
+    EXPECT_EQ(text(tree), grid(left));
   }
   rytree_nlsf_add_params_node_DataID(nullptr, 3);
   tree = parse("<Root><LinearConstraints/><Mine DataID='5000'><V DataID='5002'/></Mine></Root>");
@@ -60,7 +61,7 @@ TEST(FitParameters, GrowAndShrinkOnTheirGrid) {
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10)) << "in step with the count";
 }
 
-TEST(FitParameters, AreFoundAsByOneSearchEach) {
+TEST(VectorValues, are_found_as_by_one_search_each) {
   std::mt19937 random(7);
   const auto below = [&random](int limit) { return static_cast<int>(random() >> 1) % limit; };
   for (int round = 0; round < 500; ++round) {
@@ -86,43 +87,45 @@ TEST(FitParameters, AreFoundAsByOneSearchEach) {
   }
 }
 
-TEST(VectorValues, ReadBlocksOfTheElementType) {
+TEST(VectorValues, blocks_of_the_element_type) {
   RYXmlWrapperBase vector =
       parse("<Fixed><a>0</a><b>1</b><c>2</c><d>1.5</d><e>-1.23456789e-300</e><f>nan</f><g/><h>1</h></Fixed>");
   RYXmlWrapperBase lower = parse("<fixed><a>1</a></fixed>");
-  const auto set_bools = rytree_nlf_set_bool_param_from_user_params_setting;
-  const auto set_doubles = rytree_nlf_set_double_param_from_user_params_setting;
-  const auto set_ints = rytree_nlf_set_int_param_from_user_params_setting;
-  std::string all;
-  const Rows<const char*, int> rows = {{"1 1", 0}, {"1", 2}, {"1", 3},         {"1 1 1", 0},
-                                       {"", 5},    {"1", 9}, {"1 1", INT_MIN}, {"1 1 1 1", 1 << 30}};
-  for (const auto& [values, block] : rows) all += left<HostBoolArray>(values, set_bools, &vector, block);
-  EXPECT_EQ(all, "1: 0 1; 0: 1; 0: 1; 0: 0 1 1; 1:; 0: 1; 0: 1 1; 0: 1 1 1 1; ");
-  EXPECT_EQ(left<HostDoubleArray>("40 41 42", set_doubles, &vector, 1) +
-                left<HostDoubleArray>("4", set_doubles, &vector, 6),
-            "1: 1.5 41 42; 0: 4; ");
-  EXPECT_EQ(left<HostIntArray>("9 9 9", set_ints, &vector, 0) +
-                left<HostIntArray>("9", set_ints, &vector, 3) +
-                left<HostDoubleArray>("9", set_ints, &vector, 0) +
-                left<HostIntArray>("9", set_ints, nullptr, 0) + left<HostIntArray>("", set_ints, &lower, 0),
-            "1: 0 1 2; 0: 9; 0: 9; 0: 9; 0:; ");
+  const auto bools = rytree_nlf_set_bool_param_from_user_params_setting;
+  const auto doubles = rytree_nlf_set_double_param_from_user_params_setting;
+  const auto ints = rytree_nlf_set_int_param_from_user_params_setting;
+  using R = Row<Text, int, Text>;
+  for (const auto& [values, block, expected] :
+       Rows{R{"1 1", 0, "1: 0 1"}, R{"1", 2, "0: 1"}, R{"1", 3, "0: 1"}, R{"1 1 1", 0, "0: 0 1 1"},
+            R{"", 5, "1:"}, R{"1", 9, "0: 1"}, R{"1 1", INT_MIN, "0: 1 1"},
+            R{"1 1 1 1", 1 << 30, "0: 1 1 1 1"}})
+    EXPECT_EQ(left<HostBoolArray>(values, bools, &vector, block), expected);
+  EXPECT_EQ(left<HostDoubleArray>("40 41 42", doubles, &vector, 1), "1: 1.5 41 42");
+  EXPECT_EQ(left<HostDoubleArray>("4", doubles, &vector, 6), "0: 4");
+  EXPECT_EQ(left<HostIntArray>("9 9 9", ints, &vector, 0), "1: 0 1 2");
+  EXPECT_EQ(left<HostIntArray>("9", ints, &vector, 3), "0: 9");
+  EXPECT_EQ(left<HostDoubleArray>("9", ints, &vector, 0), "0: 9");
+  EXPECT_EQ(left<HostIntArray>("9", ints, nullptr, 0), "0: 9");
+  EXPECT_EQ(left<HostIntArray>("", ints, &lower, 0), "0:");
 }
 
-TEST(VectorValues, ReadOverEmptyChildren) {
+TEST(VectorValues, reading_skips_empty_children) {
   RYXmlWrapperBase vector = parse("<V><a>1</a><b/><c>x</c><d>1e+02</d><e><f/></e><g>7</g></V>");
   RYXmlWrapperBase dead = dead_node();
   const auto bools = rytree_value_from_tree_sub_nodes_to_vector_bool;
   const auto doubles = rytree_value_from_tree_sub_nodes_to_vector_double;
   const auto ints = rytree_value_from_tree_sub_nodes_to_vector_int;
-  EXPECT_EQ(left<HostIntArray>("90 90 90 90 90 90 90", ints, &vector) +
-                left<HostIntArray>("90 90", ints, &vector) + left<HostIntArray>("", ints, &vector) +
-                left<HostBoolArray>("0 0", bools, &vector) + left<HostDoubleArray>("0", doubles, &vector) +
-                left<HostBoolArray>("0", doubles, &vector) + left<HostDoubleArray>("0", doubles, nullptr) +
-                left<HostDoubleArray>("0", doubles, &dead),
-            "5: 1 90 100 90 7 90 90; 2: 1 90; 0:; 2: 1 0; 1: 1; -1: 0; -1: 0; -1: 0; ");
+  EXPECT_EQ(left<HostIntArray>("90 90 90 90 90 90 90", ints, &vector), "5: 1 90 100 90 7 90 90");
+  EXPECT_EQ(left<HostIntArray>("90 90", ints, &vector), "2: 1 90");
+  EXPECT_EQ(left<HostIntArray>("", ints, &vector), "0:");
+  EXPECT_EQ(left<HostBoolArray>("0 0", bools, &vector), "2: 1 0");
+  EXPECT_EQ(left<HostDoubleArray>("0", doubles, &vector), "1: 1");
+  EXPECT_EQ(left<HostBoolArray>("0", doubles, &vector), "-1: 0");
+  EXPECT_EQ(left<HostDoubleArray>("0", doubles, nullptr), "-1: 0");
+  EXPECT_EQ(left<HostDoubleArray>("0", doubles, &dead), "-1: 0");
 }
 
-TEST(VectorValues, AreWrittenByDataIdOrByPlace) {
+TEST(VectorValues, written_by_data_id_or_by_place) {
   const auto write = [](RYXmlWrapperBase* node, HostArrayObject* array) {
     rytree_value_from_vec_double_to_tree_sub_nodes(array, node);
     rytree_value_from_vec_bool_to_tree_sub_nodes(array, node);
@@ -130,22 +133,27 @@ TEST(VectorValues, AreWrittenByDataIdOrByPlace) {
     rytree_value_from_vec_double_to_tree_sub_nodes(array, nullptr);
     return rytree_value_from_tree_sub_nodes_to_vector_int(node, nullptr);
   };
-  for (const auto& [before, values, after] : rows<3>(R"(
-      <V DataID='10'><x DataID='12'/></V> | 1.5 2 | <V DataID='10'><x DataID='12'>2</x><Value1 DataID='11'>1.5</Value1></V>
-      <V DataID='10'><x DataID='12'/><y/><z/></V> | 5 6 | <V DataID='10'><x DataID='12'>5</x><y>6</y></V>
-      <V DataID='10'>t</V> | | <V DataID='10'>t</V>
-      <V><x/></V> | 1 | <V><x/></V>)")) {
+  using R = Row<Text, Text, Text>;
+  for (const auto& [before, values, after] :
+       Rows{R{"<V DataID='10'><x DataID='12'/></V>", "1.5 2",
+              "<V DataID='10'><x DataID='12'>2</x><Value1 DataID='11'>1.5</Value1></V>"},
+            R{"<V DataID='10'><x DataID='12'/><y/><z/></V>", "5 6",
+              "<V DataID='10'><x DataID='12'>5</x><y>6</y></V>"},
+            R{"<V DataID='10'>t</V>", "", "<V DataID='10'>t</V>"}, R{"<V><x/></V>", "1", "<V><x/></V>"}}) {
     RYXmlWrapperBase vector = parse(before);
     left<HostDoubleArray>(values, write, &vector);
     EXPECT_EQ(text(vector), text(parse(after)));
   }
+}
+
+TEST(VectorValues, at_most_999_are_written) {
   RYXmlWrapperBase vector = parse("<V DataID='1000'/>");
   HostBoolArray many;
   for (int i = 0; i < 1200; ++i) many.array().Add(i % 2 == 1);
   rytree_value_from_vec_bool_to_tree_sub_nodes(&many, &vector);
   ASSERT_EQ(vector.GetNodeCount(), 999);
-  EXPECT_EQ(text(at(vector, {997})) + text(at(vector, {998})),
-            "<Value998 DataID=\"1998\">1</Value998><Value999 DataID=\"1999\">0</Value999>");
+  EXPECT_EQ(text(at(vector, {997})), "<Value998 DataID=\"1998\">1</Value998>");
+  EXPECT_EQ(text(at(vector, {998})), "<Value999 DataID=\"1999\">0</Value999>");
 }
 
 }  // namespace

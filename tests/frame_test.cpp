@@ -43,6 +43,15 @@ TEST(HostArrays, open_by_code) {
   expect_opening<HostBoolArray>(open_bools, 0x10002);
 }
 
+TEST(Values, of_all_children) {
+  RYXmlWrapperBase tree = parse("<R>t<C>1</C><C/><C>2<D>3</D></C></R>");
+  CStringArray values;
+  values.Add("old");
+  vctree_get_all_children_values_as_string_array(tree, values);
+  ASSERT_EQ(values.GetSize(), 4);
+  EXPECT_EQ(values[0] + "|" + values[1] + "|" + values[2] + "|" + values[3], "old|1||2");
+}
+
 TEST(Values, of_a_branch) {
   RYXmlWrapperBase tree = parse("<R>own<A>1</A><B>two<C>3</C><D/></B></R>");
   const Rows<RYXmlWrapperBase, int, const char*> rows = {{at(tree, {0}), 1, "[old][1]"},

@@ -1,44 +1,14 @@
-#include <rytree_Utils.h>
+#include <rytree_Utils/frame.h>
+#include <rytree_Utils/input_table.h>
 
 #include <climits>
 #include <vector>
 
-#include "reports/input_table.h"
 #include "tree_text.h"
 
 namespace {
 
 using Text = const char*;
-
-TEST(EscapedString, pieces) {
-  const Rows<int, int, char, char, int, char, int, Text> rows = {
-      {1, 0, '\0', '\0', 0, '\0', 0, "?$OP:A=1"},
-      {2, 1, 'P', '\0', 0, '\0', 0, "?$OP:P=.2"},
-      {4, 0, 'P', 'W', 1, '\0', 1, "?$OP:P G=4W1"},
-      {4, 0, 'P', '\0', 0x30002, '\0', 7, "?$OP:P (3)=4"},
-      {4, -1, 'P', 'X', 0x10003, '\0', -2, "?$OP:P=.4X"},
-      {INT_MIN, 1, '%', '%', INT_MIN + 1, '%', INT_MAX, "?$OP:%=%-2147483648%2147483647"}};
-  for (const auto& [number, dot, kind, suffix, option, type, suffix_number, expected] : rows) {
-    CString out("old");
-    report_get_escaped_data_string(&out, number, dot, kind, suffix, option, type, suffix_number);
-    EXPECT_EQ(out, expected);
-  }
-  report_get_escaped_data_string(nullptr, 1, 0, 'P', 'X', 0x10002, 'C', 1);
-}
-
-TEST(EscapedString, data_set_label_and_change_of_type) {
-  CString out("old");
-  EXPECT_EQ(report_get_set_data_string(&out, 0) + report_get_set_data_string(nullptr, 0), 2);
-  EXPECT_EQ(out, "?$OP:F=1Y");
-  const Rows<Text, int, Text> rows = {
-      {"?$OP:P", 1, "?$OP:G"}, {"?$OP:", 0, "?$OP:"}, {"?$op:P=1", 0, "?$op:P=1"}, {"ab?$OP:", 1, "ab?$OG:"}};
-  for (const auto& [before, result, after] : rows) {
-    out = before;
-    EXPECT_EQ(report_set_escaped_data_string_type(&out, 'G'), result);
-    EXPECT_EQ(out, after);
-  }
-  EXPECT_EQ(report_set_escaped_data_string_type(nullptr, 'G'), 0);
-}
 
 /// Tests of the table, with labels in source text.
 class InputTable : public testing::Test {
@@ -68,12 +38,12 @@ class InputTable : public testing::Test {
 TEST_F(InputTable, cells_follow_the_weight_method) {
   const std::string weight = cell("C5", "126976", "Weight Data", "?$OP:P=1W3");
   const std::string ab = cell("C6", "131072", "a", "0.5") + "<C7 _NodeID=\"131073\" Label=\"b\"/>";
-  const Rows<int, std::string> rows = {
-      {0, type_cell("No Weighting")},
-      {1, type_cell("Instrumental") + weight},
-      {6, type_cell("Variance = a*y^b") + ab},
-      {8, type_cell("Variance = a*y^b*c^(tlast-t)") + weight + ab + cell("C8", "131074", "c", "2")}};
-  for (const auto& [method, cells] : rows) {
+  const std::string c = cell("C8", "131074", "c", "2");
+  using R = Row<int, std::string>;
+  for (const auto& [method, cells] :
+       Rows{R{0, type_cell("No Weighting")}, R{1, type_cell("Instrumental") + weight},
+            R{6, type_cell("Variance = a*y^b") + ab},
+            R{8, type_cell("Variance = a*y^b*c^(tlast-t)") + weight + ab + c}}) {
     RYXmlWrapperBase table = parse("<T/>");
     report_make_input_data_table_var_row(&table, 0, 1, 2, true, "y", 1, 0, 2, 0, method, &parameters_, 0, -1);
     EXPECT_EQ(text(at(table, {0})), row("R2", "536872813", "1", "y", data_cells("Dep", "1Y3") + cells));
@@ -81,25 +51,24 @@ TEST_F(InputTable, cells_follow_the_weight_method) {
 }
 
 TEST_F(InputTable, xyz_names_and_parameter_blocks) {
-  const Rows<int, bool, int, int, Text, Text> rows = {
-      {0, false, 0, 0, "?$OP:P=1X1", ""},  {7, false, 0, 0, "?$OP:P=1Y1", ""},
-      {7, true, 0, 1, "?$OP:P=1Z1", "5"},  {7, true, 1, -1, "?$OP:P=1Z1", "5"},
-      {7, true, -9, -1, "?$OP:P=1Z1", ""}, {7, true, 0, INT_MAX, "?$OP:P=1Z1", ""}};
-  for (const auto& [index, dependent, pass, block, reference, b] : rows) {
+  using R = Row<int, bool, int, int, Text, Text>;
+  for (const auto& [index, dependent, pass, block, letter, b] :
+       Rows{R{0, false, 0, 0, "X", ""}, R{7, false, 0, 0, "Y", ""}, R{7, true, 0, 1, "Z", "5"},
+            R{7, true, 1, -1, "Z", "5"}, R{7, true, -9, -1, "Z", ""}, R{7, true, -1'000'000'000, -1, "Z", ""},
+            R{7, true, 0, INT_MAX, "Z", ""}}) {
     RYXmlWrapperBase table = parse("<T/>");
     RYXmlWrapperBase made = report_make_input_data_table_var_row(&table, 0, 0, index, dependent, "n", 1, pass,
                                                                  1, 0, 6, &parameters_, 1, block);
-    EXPECT_EQ(text(at(made, {1})), cell("C2", "110592", "Data", reference));
-    EXPECT_EQ(text(at(made, {5})), dependent ? text(parse(cell("C7", "131073", "b", b))) : "") << block;
+    EXPECT_EQ(text(at(made, {1})), cell("C2", "110592", "Data", "?$OP:P=1" + std::string(letter) + "1"));
+    EXPECT_EQ(text(at(made, {5})), dependent ? text(parse(cell("C7", "131073", "b", b))) : "");
   }
 }
 
 TEST_F(InputTable, words_are_cut_to_32_bits) {
-  const Rows<int, int, int, Text, Text, Text> rows = {
-      {1, 0, 2, "R3", "536938348", "2"},
-      {0x2000, 70000, 1, "R78193", "536877276", "8193"},
-      {INT_MAX, INT_MAX, INT_MAX, "R-2147483647", "-63637", "-2147483648"}};
-  for (const auto& [data, position, variables, expected, id, set] : rows) {
+  using R = Row<int, int, int, Text, Text, Text>;
+  for (const auto& [data, position, variables, expected, id, set] :
+       Rows{R{1, 0, 2, "R3", "536938348", "2"}, R{0x2000, 70000, 1, "R78193", "536877276", "8193"},
+            R{INT_MAX, INT_MAX, INT_MAX, "R-2147483647", "-63637", "-2147483648"}}) {
     RYXmlWrapperBase made = report_make_input_data_table_var_row(
         &table_, data, position, INT_MAX, false, nullptr, 1, 0, variables, 0, 8, nullptr, 0, 0);
     EXPECT_EQ(text(made), row(expected, id, set, "", data_cells("Indep", std::string(set) + "X")));
@@ -124,12 +93,13 @@ struct Arrays {
 
 TEST_F(InputTable, later_passes_write_over_earlier_ones) {
   // The second pass finds no number for a and leaves that of the first; from the third on there is no method.
-  const Rows<int, Text> rows = {{2, "Variance = a*y^b"}, {3, "No Weighting"}, {INT_MAX, "No Weighting"}};
-  for (const auto& [sets, method] : rows) {
+  for (const auto& [sets, method] :
+       Rows<int, Text>{{2, "Variance = a*y^b"}, {3, "No Weighting"}, {INT_MAX, "No Weighting"}}) {
     RYXmlWrapperBase table = parse("<T><R2><C1>old</C1></R2><R2/><S/></T>");
     Arrays({"y"}, {"t", "u"}, {8, 6}).update(&table, sets, 1, 2, &parameters_);
     EXPECT_EQ(text(at(table, {0, 0})), "<C1 Label=\"Dep/Indep\">Indep</C1>");
-    EXPECT_EQ(text(at(table, {1})) + tag(at(table, {3})), "<R2/>R1");
+    EXPECT_EQ(text(at(table, {1})), "<R2/>");
+    EXPECT_EQ(tag(at(table, {3})), "R1");
     EXPECT_EQ(text(at(table, {4})),
               row("R3", "536872814", "1", "y",
                   data_cells("Dep", "1Y1") + type_cell(method) +
@@ -140,9 +110,9 @@ TEST_F(InputTable, later_passes_write_over_earlier_ones) {
 
 TEST_F(InputTable, methods_and_blocks_of_each_pass_and_variable) {
   Arrays({"y", "z"}, {}, {0, 0, 15, 6}).update(&table_, 2, 2, 0, &parameters_);
-  EXPECT_EQ(at(table_, {1}).GetNodeCount(), 6);  // its block is behind the parameters
-  EXPECT_EQ(text(at(table_, {0, 3})) + text(at(table_, {1, 4})),
-            "<C4 _NodeID=\"118784\" Label=\"Weight Type\"/><C6 _NodeID=\"131072\" Label=\"a\"/>");
+  EXPECT_EQ(at(table_, {1}).GetNodeCount(), 6);  // its block is after the last parameter
+  EXPECT_EQ(text(at(table_, {0, 3})), "<C4 _NodeID=\"118784\" Label=\"Weight Type\"/>");
+  EXPECT_EQ(text(at(table_, {1, 4})), "<C6 _NodeID=\"131072\" Label=\"a\"/>");
 }
 
 TEST_F(InputTable, bad_arguments) {
@@ -175,35 +145,6 @@ TEST_F(InputTable, many_variables) {
   for (int round = 0; round < 2; ++round) arrays.update(&table_, 1, kCount, INT_MIN, &parameters);
   ASSERT_EQ(table_.GetNodeCount(), kCount);
   EXPECT_EQ(text(at(table_, {kCount - 1, 5})), cell("C7", "131073", "b", std::to_string(3 * kCount - 2)));
-}
-
-TEST(VariableNode, input_and_output) {
-  // Bits: input, output, the same when strict.
-  std::string all;
-  for (const Text inside :
-       {"", "<io>0</io>", "<io>1</io>", "<x/><io>2</io>", "<io>-1</io>", "<io>one</io>"}) {
-    RYXmlWrapperBase node = parse("<V>" + std::string(inside) + "</V>");
-    for (const bool strict : {false, true})
-      all.append(XVarNode_IsInput(node, strict) ? "i" : "-")
-          .append(XVarNode_IsOutput(node, strict) ? "o" : "-");
-    all += " ";
-  }
-  EXPECT_EQ(all, "---- i-i- -o-o io-- io-- i-i- ");
-}
-
-TEST(InteractiveOptions, nearest_setting_wins) {
-  const RYXmlWrapperBase root = parse(
-      "<A><B InteractiveOptions='6'><C><D/></C><C InteractiveOptions='0'/><C InteractiveOptions='x'/></B>"
-      "<B InteractiveOptions='-2147483648'/></A>");
-  const auto test = [](RYXmlWrapperBase node, unsigned long mask) {
-    return vctree_test_ICOPT_recursively(node, mask);
-  };
-  EXPECT_EQ(test(root, ~0UL) + test(dead_node(), ~0UL), 0);
-  for (const RYXmlWrapperBase& node : {at(root, {0}), at(root, {0, 0, 0}), at(root, {0, 2})})
-    EXPECT_EQ(test(node, 4) * 10 + test(node, 1), 10);
-  EXPECT_EQ(test(at(root, {0, 1}), 6), 0);
-  EXPECT_EQ(test(at(root, {1}), 0x80000000), 1);
-  EXPECT_EQ(test(at(root, {1}), ~0UL ^ 0x80000000), 0) << "the options are 32 bits without a sign";
 }
 
 }  // namespace

@@ -1,13 +1,12 @@
-// The weighting of a fit.
 #include <rytree_Utils/weighting.h>
 
-#include "tests/tree_text.h"
+#include "tree_text.h"
 
 namespace {
 
 using Text = const char*;
 
-TEST(WeightMethods, HaveTheirNamesAndNeeds) {
+TEST(WeightMethods, names_and_needs) {
   CString listed;
   CStringArray names;
   for (int method = -1; method < 16; ++method) {
@@ -44,83 +43,101 @@ std::string expanded(Text parent, int method, Text show, Text combo, Text data, 
   return text(parse(xml.GetString()));
 }
 
-TEST(WeightNode, FollowsItsMethod) {
-  RYXmlWrapperBase tree = parse("<P Combo='A|B'/>");
-  RYXmlWrapperBase none;
-  double parameters[3] = {1.5, 2, -3};
-  unsigned long change = 9;
-  const auto update = [&](RYXmlWrapperBase& node, int method, Text data, bool all, int check, int disable) {
-    double* const p = all ? parameters : nullptr;
-    change = 9;
-    return vctree_update_fitter_data_weight_node(node, method, change, data, p, all ? p + 1 : p,
-                                                 all ? p + 2 : p, check, disable);
-  };
-  // The arguments, the result and the change; then the method, what is shown, the combo and the data.
-  const Rows<int, Text, bool, int, int, int, unsigned, int, Text, Text, Text> rows = {
-      {8, "col", true, 1, 1, 1, 0, 8, "1111", "A|B", "col"},
-      {8, "no", true, 1, 1, 0, 9, 8, "1111", "A|B", "col"},
-      {0, nullptr, false, 1, 0, 1, 1, 0, "0000", "", "col"},
-      {6, "d2", false, 0, 0, 1, 2, 6, "0110", "", "d2"},
-      {11, nullptr, false, 0, 0, 1, 0, 11, "0110", "", "d2"},
-      {15, "x", true, 0, 5, 0, 9, 11, "0110", "", "d2"}};
-  for (const auto& [method, data, all, check, disable, result, changed, left, show, combo, kept] : rows) {
-    EXPECT_EQ(update(tree, method, data, all, check, disable), result) << method;
-    EXPECT_EQ(change, changed) << method;
-    const std::string parent = "DisableWeightMethod='" + std::to_string(disable) + "'";
-    EXPECT_EQ(text(tree), expanded(parent.c_str(), left, show, combo, kept, "1.5", "2", "-3"));
-  }
+struct Update {
+  int method;
+  Text data;
+  bool all;  // of the parameters
+  int check_same, disable;
+};
 
-  // A stored method that is no number is not method 0.
-  tree =
+int update(RYXmlWrapperBase& node, const Update& with, unsigned long& change) {
+  double p[3] = {1.5, 2, -3};
+  const auto [method, data, all, check_same, disable] = with;
+  change = 9;
+  return vctree_update_fitter_data_weight_node(node, method, change, data, all ? &p[0] : nullptr,
+                                               all ? &p[1] : nullptr, all ? &p[2] : nullptr, check_same,
+                                               disable);
+}
+
+TEST(WeightNode, follows_its_method) {
+  RYXmlWrapperBase tree = parse("<P Combo='A|B'/>");
+  // The arguments, the result and the change; then the method, what is shown, the combo and the data.
+  using R = Row<Update, int, unsigned, int, Text, Text, Text>;
+  for (const auto& [with, result, changed, method, show, combo, data] :
+       Rows{R{{8, "col", true, 1, 1}, 1, 0, 8, "1111", "A|B", "col"},
+            R{{8, "no", true, 1, 1}, 0, 9, 8, "1111", "A|B", "col"},
+            R{{0, nullptr, false, 1, 0}, 1, 1, 0, "0000", "", "col"},
+            R{{6, "d2", false, 0, 0}, 1, 2, 6, "0110", "", "d2"},
+            R{{11, nullptr, false, 0, 0}, 1, 0, 11, "0110", "", "d2"},
+            R{{15, "x", true, 0, 5}, 0, 9, 11, "0110", "", "d2"}}) {
+    unsigned long change = 0;
+    EXPECT_EQ(update(tree, with, change), result);
+    EXPECT_EQ(change, changed);
+    const std::string parent = "DisableWeightMethod='" + std::to_string(with.disable) + "'";
+    EXPECT_EQ(text(tree), expanded(parent.c_str(), method, show, combo, data, "1.5", "2", "-3"));
+  }
+}
+
+TEST(WeightNode, text_in_place_of_a_method_is_not_method_0) {
+  RYXmlWrapperBase tree =
       parse("<P><WeightMethod _NodeID='3'>x</WeightMethod><WeightA _NodeID='5' Label='old'>7</WeightA></P>");
-  EXPECT_EQ(update(tree, 0, nullptr, false, 1, 0), 1);
+  RYXmlWrapperBase none;
+  unsigned long change = 0;
+  EXPECT_EQ(update(tree, {0, nullptr, false, 1, 0}, change), 1);
   EXPECT_EQ(change, 1U);
-  EXPECT_EQ(text(at(tree, {0})) + text(at(tree, {1})),
-            "<WeightMethod _NodeID=\"3\" Show=\"0\">0</WeightMethod>"
-            "<WeightA _NodeID=\"5\" Label=\"a\" Show=\"0\">7</WeightA>");
-  EXPECT_EQ(update(none, 0, nullptr, false, 0, 0), 0);
+  EXPECT_EQ(text(at(tree, {0})), "<WeightMethod _NodeID=\"3\" Show=\"0\">0</WeightMethod>");
+  EXPECT_EQ(text(at(tree, {1})), "<WeightA _NodeID=\"5\" Label=\"a\" Show=\"0\">7</WeightA>");
+  EXPECT_EQ(update(none, {0, nullptr, false, 0, 0}, change), 0);
   EXPECT_EQ(change, 9U);
 }
 
-TEST(WeightNode, ConvertsBothWays) {
+TEST(WeightNode, converted_both_ways) {
   const auto expand = vctree_fitter_data_weight_node_compact_to_expanded;
   const auto compact = vctree_fitter_data_weight_node_expanded_to_compact;
   const std::string wide =
       expanded("Label='Weighting' DisableWeightMethod='1'", 7, "0111", "one", "src", "0.5", "0", "4");
-  // The source, and the target before and after; the last source gets the nodes that it lacks.
-  const auto table = rows<3>(R"(
-    <W WeightMethod='7' Weight_A='0.5' Weight_C='4' Combo='one' DisableWeightMethod='1'>src</W> | <P/> |
-    | <W Combo='c'/> | <W Combo='c' WeightMethod='7' Weight_A='0.5' Weight_B='0' Weight_C='4'>src</W>
-    <W WeightMethod='20' Combo='c'/> | <P/> | <P Label='Weighting' Combo='c' DisableWeightMethod='0'><WeightMethod _NodeID='11' Show='0'/></P>
-    <P><WeightB>x</WeightB><WeightMethod>3</WeightMethod></P> | <W Weight_B='9'>old</W> | <W Weight_B='9' WeightMethod='3'/>)");
   RYXmlWrapperBase source;
   RYXmlWrapperBase target;
   RYXmlWrapperBase none;
-  for (const auto& [from, before, after] : table) {
-    source = parse(from.empty() ? wide : from);
+  // The source, and the target before and after; the last source gets the nodes that it lacks.
+  using R = Row<std::string, Text, std::string>;
+  for (const auto& [from, before, after] :
+       Rows{R{"<W WeightMethod='7' Weight_A='0.5' Weight_C='4' Combo='one' DisableWeightMethod='1'>src</W>",
+              "<P/>", wide},
+            R{wide, "<W Combo='c'/>",
+              "<W Combo='c' WeightMethod='7' Weight_A='0.5' Weight_B='0' Weight_C='4'>src</W>"},
+            R{"<W WeightMethod='20' Combo='c'/>", "<P/>",
+              "<P Label='Weighting' Combo='c' DisableWeightMethod='0'><WeightMethod _NodeID='11' "
+              "Show='0'/></P>"},
+            R{"<P><WeightB>x</WeightB><WeightMethod>3</WeightMethod></P>", "<W Weight_B='9'>old</W>",
+              "<W Weight_B='9' WeightMethod='3'/>"}}) {
+    source = parse(from);
     target = parse(before);
     EXPECT_EQ((tag(target) == "P" ? expand : compact)(target, source), 1);
-    EXPECT_EQ(text(target), after.empty() ? wide : text(parse(after)));
+    EXPECT_EQ(text(target), text(parse(after)));
   }
   EXPECT_EQ(text(source),
             "<P><WeightB>x</WeightB><WeightMethod>3</WeightMethod><WeightData/><WeightA/><WeightC/></P>");
-  EXPECT_EQ(expand(none, target) + expand(source, none) + compact(target, none), 0);
+  EXPECT_EQ(expand(none, target), 0);
+  EXPECT_EQ(expand(source, none), 0);
+  EXPECT_EQ(compact(target, none), 0);
   EXPECT_EQ(text(target), "<W Weight_B=\"9\" WeightMethod=\"3\"/>");
 }
 
-TEST(WeightNode, ExtractsByTag) {
+TEST(WeightNode, extracted_by_tag) {
   const std::string values = " WeightMethod='3' Weight_A='1' Weight_B='2'/>";
-  const Rows<std::string, Text, double> rows = {{"<W" + values, nullptr, 3120},
-                                                {"<W/>", "", 0},
-                                                {"<X" + values, "W", 3120},
-                                                {"<W" + values, "X", 8777},
-                                                {"<w" + values, nullptr, 8777}};
-  for (const auto& [xml, tag, wanted] : rows) {
+  using Numbers = std::array<double, 4>;
+  const Numbers old = {8, 7, 7, 7};
+  using R = Row<std::string, Text, int, Numbers>;
+  for (const auto& [xml, tag, result, wanted] :
+       Rows{R{"<W" + values, nullptr, 1, {3, 1, 2, 0}}, R{"<W/>", "", 1, {}},
+            R{"<X" + values, "W", 1, {3, 1, 2, 0}}, R{"<W" + values, "X", 0, old},
+            R{"<w" + values, nullptr, 0, old}}) {
     RYXmlWrapperBase node = parse(xml);
     int method = 8;
     double p[3] = {7, 7, 7};
-    EXPECT_EQ(vctree_extract_weight_info(node, tag, &method, &p[0], &p[1], &p[2]), wanted < 8000 ? 1 : 0);
-    EXPECT_EQ(method * 1000 + p[0] * 100 + p[1] * 10 + p[2], wanted) << xml;
+    EXPECT_EQ(vctree_extract_weight_info(node, tag, &method, &p[0], &p[1], &p[2]), result);
+    EXPECT_EQ((Numbers{static_cast<double>(method), p[0], p[1], p[2]}), wanted);
     vctree_extract_weight_info(node, tag, nullptr, nullptr, nullptr, nullptr);
   }
 }

@@ -4,7 +4,7 @@
 #include <rytree_host/framework.h>
 #include <rytree_host/node.h>
 
-// Both settings have three states, the same when read and when set: 1 on, -1 off but kept, 0 not there.
+// Both settings have three states, the same when read and when set: 1 on, -1 off but kept, 0 not set.
 //
 // The automatic mode is one string in the attribute "Auto", "%d|%s|%d": 1 for on or 0 for off, a label, and a
 // number that is kept for the caller. The label and the number may be missing and are then "Auto" and 1. A
@@ -14,23 +14,23 @@
 /// Always 1.
 RYTREE_API int vctree_create_auto_support_string(CString& out, int state, const char* label, int number);
 
-/// Takes such a string apart; fields beyond the third are ignored, and a field that is no number counts as 0,
-/// one out of range as the nearest int. 1, or 0 with all outputs untouched if the text is null, empty or has
-/// a quote without its partner.
+/// Takes such a string apart; fields beyond the third are ignored, and a field that is not a number counts as
+/// 0, one out of range as the nearest int. 1, or 0 with all outputs untouched if the text is null, empty or
+/// has a quote without its partner.
 RYTREE_API int vctree_parse_auto_support_string(const char* text, int& state, CString& label, int& number);
 
 /// Sets the automatic mode.
-/// - `state` 1 or -1: writes the string, with `label` unless it is null and `number` unless it is -1; in
-///   their place stand those of the string that is there, or an empty label and 1. The result is 1.
+/// - `state` 1 or -1: writes the string. For a null `label` and a `number` of -1 it takes those of the
+///   present string, or an empty label and 1 if there is none. The result is 1.
 /// - `state` 0: removes the attribute. The result is 0, as for a failure.
 /// - Any other state and an invalid node: nothing changes, 0.
 RYTREE_API int vctree_set_auto_support(RYXmlWrapperBase& node, int state, const char* label, int number);
 
-/// Reads the automatic mode: 1, -1, any other number that is there in place of 1 or 0, or 0 if the node is
-/// invalid or has no such string. `label` and `number` are set unless the result is 0.
+/// Reads the automatic mode: 1, -1, any other number that the string has in place of 1 or 0, or 0 if the
+/// node is invalid or has no such string. `label` and `number` are set unless the result is 0.
 RYTREE_API int vctree_get_auto_support(RYXmlWrapperBase& node, CString& label, int& number);
 
-/// Turns the automatic mode off where there is one, keeping label and number; the string is then written out
+/// Turns the automatic mode off if it is set, keeping label and number; the string is then written out
 /// in full.
 RYTREE_API void vctree_check_reset_auto_support(RYXmlWrapperBase& node);
 
@@ -43,7 +43,7 @@ RYTREE_API int vctree_composite_range_get_entire_worksheet_support(RYXmlWrapperB
 
 extern "C" {
 
-/// vctree_set_auto_support with the label and the number that are there. 0 for a null node.
+/// vctree_set_auto_support with the label and the number of the present string. 0 for a null node.
 RYTREE_API int rytree_set_auto_support(RYXmlWrapperBase* node, int state);
 
 /// vctree_get_auto_support for the state alone. 0 for a null node.
@@ -52,4 +52,5 @@ RYTREE_API int rytree_get_auto_support(RYXmlWrapperBase* node);
 /// The vctree_ functions of the same names. A null node: nothing happens, 0.
 RYTREE_API void rytree_composite_range_set_entire_worksheet_support(RYXmlWrapperBase* node, int state);
 RYTREE_API int rytree_composite_range_get_entire_worksheet_support(RYXmlWrapperBase* node);
-}
+
+}  // extern "C"

@@ -24,6 +24,9 @@ RYTREE_API int rytree_get_values(RYXmlWrapperBase* tree, HostArrayObject* values
 /// 0, or -1 if a pointer is null.
 RYTREE_API int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenOnly);
 
+/// Appends the text of each direct child, even if it is empty, to `values`, which is never emptied.
+RYTREE_API void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values);
+
 /// Reads or sets the flag that blocks the localization of labels; while it is true they stay in their source
 /// text. One flag for the process, false at the start. `get` true stores it in `value`, `get` false sets it
 /// from there; a null `value` does neither. The result is the flag after the call.

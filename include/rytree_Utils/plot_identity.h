@@ -1,10 +1,9 @@
-// The identity of a plot and of a data marker, as a tree holds it, and the texts of a node's children.
+// The identity of a plot and of a data marker, as a tree holds it.
 #pragma once
 
-#include <rytree_host/framework.h>
 #include <rytree_host/node.h>
 
-/// Reads or writes the identity of the plot, the int attribute "PlotObjUID" of `tree`; 0 is an ordinary one.
+/// Reads or writes the identity of the plot, the int attribute "PlotObjUID" of `tree`; 0 is a valid one.
 /// Nonzero, or 0 if `tree` is invalid or, on reading, has none; `id` is then untouched.
 RYTREE_API int vctree_get_plot_uid_from_tree(RYXmlWrapperBase& tree, int& id);
 RYTREE_API int vctree_set_plot_uid_to_tree(RYXmlWrapperBase& tree, int id);
@@ -13,9 +12,6 @@ RYTREE_API int vctree_set_plot_uid_to_tree(RYXmlWrapperBase& tree, int id);
 /// none.
 RYTREE_API int vctree_copy_plot_uid_from_tree_to_tree(RYXmlWrapperBase& target, RYXmlWrapperBase& source);
 
-/// The same as for the plot for the identity of the data marker, the int attribute "DataMarkerID".
+/// The same for the data marker, whose identity is the int attribute "DataMarkerID".
 RYTREE_API int vctree_get_data_marker_id_from_tree(RYXmlWrapperBase& tree, int& id);
 RYTREE_API int vctree_set_data_marker_id_to_tree(RYXmlWrapperBase& tree, int id);
-
-/// Appends the text of each direct child, also an empty one, to `values`, which is not emptied first.
-RYTREE_API void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values);

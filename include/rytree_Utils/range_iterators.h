@@ -12,11 +12,10 @@
 // nested form if it has children itself, else the flat form.
 //
 //     nested   <T> <Range1><X/><Y/></Range1> <Range2><X/><Y/></Range2> </T>
-//     flat     <T> <X/><Y/> <S/> <X/><Y/> </T>       "S" stands between two ranges; any other tag is a
-//     sub-node
+//     flat     <T> <X/><Y/> <S/> <X/><Y/> </T>       "S" parts two ranges; any other tag is a sub-node
 //
 // The iterators hold handles on the caller's tree, which must not change during a walk. They go forward only;
-// a copy goes on by itself from the same place. For an invalid node the first Get gives 0.
+// a copy goes its own way from the same place. For an invalid node the first Get gives 0.
 //
 //     VCRangeTreeIterator ranges(tree);
 //     for (RYXmlWrapperBase first; ranges.Get(first) != 0;) {
@@ -34,10 +33,10 @@ class RYTREE_API VCRangeTreeIterator {
   ~VCRangeTreeIterator();
 
   /// Nonzero with `out` on the first sub-node of the next range. 0:
-  /// - behind the last range, with `out` untouched; in the flat form neither "S" at an end nor two of them in
+  /// - after the last range, with `out` untouched; in the flat form neither "S" at an end nor two of them in
   ///   a row make an empty range;
-  /// - in the nested form also at a range without children, with `out` made invalid; the call after it goes
-  ///   on with the range behind.
+  /// - in the nested form also at a range without children, with `out` made invalid; the next call goes on
+  ///   with the range after it.
   int Get(RYXmlWrapperBase& out);
 
  private:
@@ -55,8 +54,8 @@ class RYTREE_API VCSubRangeTreeIterator {
   VCSubRangeTreeIterator& operator=(const VCSubRangeTreeIterator& other);
   ~VCSubRangeTreeIterator();
 
-  /// Nonzero with `out` on the next sub-node. 0 with `out` untouched, from then on, behind the last sibling
-  /// and at one that is tagged "S", in the nested form too.
+  /// Nonzero with `out` on the next sub-node. After the last sibling, and at one tagged "S" (in the nested
+  /// form too), 0 with `out` untouched, and so for every later call.
   int Get(RYXmlWrapperBase& out);
 
  private:
@@ -101,7 +100,7 @@ class SubRangeNodes {
   RYXmlWrapperBase first_;
 };
 
-/// All ranges of a tree, those without sub-nodes in the nested form too:
+/// All ranges of a tree, including those without sub-nodes in the nested form:
 ///     for (SubRangeNodes& range : RangeTreeRanges(tree))
 ///       for (RYXmlWrapperBase& node : range) use(node);
 class RangeTreeRanges {
@@ -113,7 +112,7 @@ class RangeTreeRanges {
     RYXmlWrapperBase tree;
     SubRangeNodes item{};
     bool next() {
-      RYXmlWrapperBase first(tree);  // stays as it is at the end alone, and not at a range without children
+      RYXmlWrapperBase first(tree);  // unchanged only at the end; invalid at a range without children
       const bool there = at.Get(first) != 0 || (tree.IsNodeValid() != 0 && first.IsNodeValid() == 0);
       item = SubRangeNodes(std::move(first));
       return there;

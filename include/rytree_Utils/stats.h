@@ -1,8 +1,8 @@
 // The results of descriptive statistics in their branch of a tree. Every operation moves one group of results
 // between the caller's variables and nodes with fixed tags below `tree`: `get` nonzero reads, 0 writes.
 // Writing makes missing nodes. A variable whose node is missing or cannot be read keeps its value, unless
-// told otherwise. Nothing reports an error. The plain forms do nothing (and give 0) if a pointer is null or
-// an object holds no double array.
+// said otherwise. Nothing reports an error. The plain forms do nothing (and give 0) if a pointer is null or
+// an object does not hold a double array.
 //
 //     Results   N, Missing (int), Mean … WeightSum, Min, Max (double)
 //     Counts, Percentiles (double arrays)
@@ -14,7 +14,7 @@
 #include <rytree_host/framework.h>
 #include <rytree_host/node.h>
 
-/// The results, named by the tags of their nodes. Minimum and maximum stand apart.
+/// The results, named by the tags of their nodes. Minimum and maximum are passed separately.
 struct tagDescStatResults {
   int N;
   int Missing;
@@ -22,14 +22,14 @@ struct tagDescStatResults {
       SDx3, GeoMean, GeoSD, Mode, WeightSum;
 };
 
-/// "BoxChart" with its child "Box", and with its child "Whisker", into `out`; both nodes are made if missing.
-/// 1 if `out` ends valid, else 0.
+/// Sets `out` to the child "Box", or "Whisker", of "BoxChart"; both nodes are made if missing. 1 if `out` is
+/// valid afterwards, else 0.
 RYTREE_API int vctree_stats_get_boxchart_box_node(RYXmlWrapperBase& tree, RYXmlWrapperBase& out);
 RYTREE_API int vctree_stats_get_boxchart_whisker_node(RYXmlWrapperBase& tree, RYXmlWrapperBase& out);
 
 /// "Results", which is made in both directions. A read of a field whose node is missing gives 0 for N and
-/// Missing and kMissingValue for a double; a missing "Min" or "Max" leaves its variable alone. On an invalid
-/// tree nothing changes.
+/// Missing and kMissingValue for a double; a missing "Min" or "Max" leaves its variable alone. With an
+/// invalid tree nothing changes.
 RYTREE_API void vctree_stats_get_set_stats_results(RYXmlWrapperBase& tree, tagDescStatResults& results,
                                                    double& minimum, double& maximum, int get);
 
@@ -49,7 +49,7 @@ RYTREE_API void vctree_stats_get_set_box_info(RYXmlWrapperBase& tree, double& to
 RYTREE_API void vctree_stats_get_set_whisker_info(RYXmlWrapperBase& tree, double& top, double& bottom,
                                                   int get);
 
-/// "Auto" of "Bin": its value, 1 where it is missing or no int. Makes nothing.
+/// "Auto" of "Bin": its value, or 1 if it is missing or not an int. Reading makes nothing.
 RYTREE_API int vctree_stats_is_bin_auto(RYXmlWrapperBase& tree);
 RYTREE_API void vctree_stats_set_bin_auto(RYXmlWrapperBase& tree, int automatic);
 
