@@ -16,7 +16,7 @@ TEST(Row, IsFoundByPath) {
   for (const auto& [path, row] : cases) EXPECT_EQ(rytree_get_row_number(&tree, path), row);
 }
 
-// The level of C, the options of A, B. and C being given. X is beside B.; "-" is no root, "dead" an invalid one.
+// The level of C by the options of A, B. and C. X is beside B.; "-" is a null root, "dead" an invalid one.
 TEST(Level, IsCountedFromTheStop) {
   for (const auto& [options, root, stop, level, path, stop_tag] : rows<6>(R"(
       -1 1 -2 | -    | 1 | 2  | A.B..C | -

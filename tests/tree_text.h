@@ -10,7 +10,6 @@
 #include <initializer_list>
 #include <iterator>
 #include <optional>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -122,8 +121,12 @@ inline RYXmlWrapperBase parse(const char* xml) {
 inline RYXmlWrapperBase parse(const std::string& xml) { return parse(xml.c_str()); }
 
 /// XML text in which <a@4> is short for a node ID, <a _NodeID="4">.
-inline std::string with_ids(const std::string& xml) {
-  return std::regex_replace(xml, std::regex("@(-?[0-9]+)"), " _NodeID=\"$1\"");
+inline std::string with_ids(std::string xml) {
+  for (std::size_t at = 0; (at = xml.find('@', at)) != std::string::npos;) {
+    xml.insert(xml.find_first_not_of("-0123456789", at + 1), 1, '"');
+    xml.replace(at, 1, " _NodeID=\"");
+  }
+  return xml;
 }
 
 /// The node and all below it as XML text; "" for an invalid handle.
