@@ -19,21 +19,21 @@ GROWTH_LIMIT = 4
 GROWTH_NOISE = 1.05
 # Why a goal is missed, if it is, and what is left to try.
 REASONS = {
-    'set new': 'The attributes of a node stand in one block, as many as were read: one more moves them to a larger '
-               'block, where RapidXML hangs one more link onto a list. Attributes of 20 bytes in place of 24, with the '
-               'number of the name in place of its address, would move less.',
-    'remove': 'The branch that is removed dies at once for every handle, and its memory is used again; RapidXML leaves '
-              'it where it is until the document goes.',
-    'harvest': 'More than a third of the steps make the strings. A string that holds more than 15 characters in place '
-               'would save allocations.',
+    'set new': 'The attributes of a node are in one block, with room for as many as were read. One more means moving '
+               'them to a larger block, where RapidXML adds a link to a list. Attributes of 20 bytes, not 24, with the '
+               'number of the name and not its address, would mean less to move.',
+    'remove': 'A removed branch is dead at once for every handle, and its memory is used again. RapidXML leaves it where '
+              'it is until the document is destroyed.',
+    'harvest': 'More than a third of the steps make the strings. A string that holds more than 15 characters without '
+               'an allocation would help.',
 }
-GROWTH_REASON = ('Where ours grows more, the work at 10,000 nodes is so short that it is done while the tree comes from '
-                 'the cache, and at 1,000,000 it is the memory that sets the pace: a walk reads 88 bytes a node. A '
-                 'smaller node would help: places of 32 bits in place of addresses.')
+GROWTH_REASON = ('Where ours grows more, the tree of 10,000 nodes fits in the cache and the work on it is very short, '
+                 'while at 1,000,000 nodes the memory sets the pace: a walk reads 88 bytes a node. A smaller node, with '
+                 'indexes of 32 bits instead of addresses, would help.')
 EXPORT_REASONS = dict.fromkeys(
     ['vctree_set_values_by_ids', 'rytree_set_values_by_ids', 'vctree_set_values_by_nodeids'],
-    'The IDs are shuffled: each leaf reads one place of the index and one of the array of values, and at 100,000 neither '
-    'is in the nearer caches.')
+    'The IDs are shuffled. Each leaf reads one entry of the index and one of the array of values, and at 100,000 nodes '
+    'neither is in the nearer caches.')
 JOBS = {
     'load': 'load: a file to a tree',
     'save': 'save: a tree to a file',
@@ -125,11 +125,11 @@ def peers_table(results):
     text = f'At {each(sizes, number)} nodes:\n\n' + text
     expat = each([results.get('load', EXPAT, n) for n in sizes], number)
     if expat:
-        text += f'\nExpat alone, reading the file and building nothing: {expat}.\n'
+        text += f'\nExpat alone, which reads the file and builds nothing: {expat}.\n'
     plain = [f'{job} {each([results.get(job, PLAIN, n) for n in sizes], number)}' for job in JOBS
              if any(results.get(job, PLAIN, n) for n in sizes)]
     if plain:
-        text += ('\nThe node class with attribute names as plain text, and its own search in place of the export: '
+        text += ('\nThe node class with attribute names as plain text, and with its own search instead of the export: '
                  + '; '.join(plain) + '.\n')
     return text
 
@@ -219,16 +219,17 @@ def machine(raw):
 
 
 def document(results, where):
-    parts = ['# Performance', '`scripts/bench` measures and writes this page. ' +
+    parts = ['# Performance', '`scripts/bench` does the measurements and writes this page. Machine: ' +
              ', '.join(f'{key}: {value}' for key, value in where.items()) + '.',
-             'Processor time in nanoseconds per node, of each job the fastest round. The libraries take turns within '
-             'each job, every one does the same work on the same tree, and their results are compared. The tree: 10 to '
-             '20 children a branch, up to 6 levels, 120 tags, "DataID" and "Label" on every node, "Show" on a third, '
-             'texts of 1 to 24 bytes on the leaves. Jobs that change the tree each start on one that was just loaded. '
+             'The figures are processor time in nanoseconds per node, from the fastest round of each job. The libraries '
+             'take turns within each job. All do the same work on the same tree, and their results are compared. The '
+             'tree has 10 to 20 children a branch, up to 6 levels, 120 tags, "DataID" and "Label" on every node, "Show" '
+             'on a third of them, and texts of 1 to 24 bytes on the leaves. Each job that changes the tree starts on one '
+             'that was just loaded. Files are in memory.',
              '"Embedded" is pugixml with texts kept in the element. Our harvest, apply, find and sort are exports; the '
-             'rest are loops over the node class. Its walks over all nodes go by one operation from node to node, those '
-             'of the others are recursive loops; loops by their parent links were tried, and gained only at RapidXML '
-             'from 100,000 nodes on (17 and 24 in place of 22 and 27). Files stand in memory.']
+             'rest are loops over the node class, which has one operation that goes from node to node through a whole '
+             'branch. For the other libraries the loops are recursive. Loops that follow their parent links were tried, '
+             'and were faster only for RapidXML from 100,000 nodes on (17 and 24 instead of 22 and 27).']
     for title, text in [
             ('Beside other libraries', peers_table(results)), ('Goals', goals_table(results)),
             ('Growth from 10,000 to 1,000,000 nodes', growth_table(results)),
