@@ -1,12 +1,12 @@
-// Texts made equal where they differ in case only.
+// Comparing texts without regard to case.
 #pragma once
 
 #include <rytree_host/framework.h>
 
 #include <string>
 
-/// Two texts have the same key if _mbsicmp finds them equal, so that a set of keys stands in for a search
-/// through texts.
+/// Two texts have the same key if and only if _mbsicmp finds them equal. So a table of keys can replace a
+/// search through texts.
 inline std::string case_key(const char* text) {
   CString key(text);
   key.MakeLower();

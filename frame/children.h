@@ -1,13 +1,11 @@
-// The walks over the children of a node and over whole branches, and the room that arrays get for them.
+// Walks over the children of a node and over whole branches, and room in arrays for what they find.
 #pragma once
 
 #include <rytree_host/node.h>
 
-#include <utility>
-
 /// Makes room in an array for what a walk from `top` will find: for all nodes of a tree if `top` is its root
-/// and the walk goes `deep`, else for the children. An array that holds something already grows by itself:
-/// many small additions would else copy it each time.
+/// and the walk goes `deep`, else for the children. An array that is not empty is left to grow by itself:
+/// making room at each of many small additions would copy it every time.
 template <class Array>
 void make_room(Array& array, const RYXmlWrapperBase& top, bool deep) {
   if (!array.IsEmpty()) return;
@@ -15,7 +13,7 @@ void make_room(Array& array, const RYXmlWrapperBase& top, bool deep) {
   array.Reserve(deep && top.GetParent(above) == 0 ? top.GetTreeSize() : top.GetNodeCount());
 }
 
-/// Stands on the children of a node, first to last:
+/// Visits the children of a node, first to last:
 ///     for (Children child(node); child; ++child) use(*child);
 /// An invalid node has no children. A body that may remove the child takes it first, which moves the walk on:
 ///     for (Children child(node); child;) { RYXmlWrapperBase taken = child.take(); … }
@@ -41,10 +39,10 @@ class Children {
   RYXmlWrapperBase at_;
 };
 
-/// Stands on all nodes below one, in document order; on its children alone if not `deep`:
+/// Visits all nodes below one, in document order, or its children alone if not `deep`:
 ///     for (NodesBelow at(top); at; ++at) use(*at);
-/// The body removes and moves none of these nodes and leaves `top` on its node; what it adds further on is
-/// visited too.
+/// The body must not remove or move any of these nodes, nor put `top` on another node. What it adds further
+/// on is visited too.
 class NodesBelow {
  public:
   explicit NodesBelow(const RYXmlWrapperBase& top, bool deep = true) : top_(top), deep_(deep) {
@@ -68,7 +66,7 @@ class NodesBelow {
   const bool deep_;
 };
 
-/// The same with the top as the first.
+/// The same walk, with the top as the first node.
 class NodesOf : public NodesBelow {
  public:
   explicit NodesOf(const RYXmlWrapperBase& top) : NodesBelow(top) { at_ = top; }

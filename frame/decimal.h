@@ -5,8 +5,8 @@
 #include <climits>
 #include <cstdlib>
 
-/// The decimal number that `text` begins with, white space and a sign before it: 0 for none, the nearest int
-/// for one that is out of range.
+/// The decimal number that `text` begins with, after any white space and a sign: 0 if there is none, the
+/// nearest int if it is out of range.
 inline int leading_int(const char* text) {
   return static_cast<int>(std::clamp<long long>(std::strtoll(text, nullptr, 10), INT_MIN, INT_MAX));
 }

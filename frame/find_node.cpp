@@ -3,7 +3,6 @@
 
 #include "frame/attributes.h"
 #include "frame/children.h"
-#include "frame/repeat_id.h"
 
 namespace {
 
@@ -33,7 +32,7 @@ struct TagSearch {
   }
 };
 
-// Holds what stays the same on every level.
+// One search: what is the same on every level.
 struct ValueSearch {
   RYXmlWrapperBase& found;
   const RYPropertyName attribute;
@@ -121,14 +120,4 @@ bool rytree_find_node_by_dataID(RYXmlWrapperBase* out, RYXmlWrapperBase* node, i
   }
   if (out != nullptr) *out = RYXmlWrapperBase();
   return false;
-}
-
-int VCTreeSetRepeatId(RYXmlWrapperBase& node, int id) {
-  if (id >= 1) return node.SetPropertyValue(kRepeatIdName, id);
-  node.RemoveProperty(kRepeatIdName);
-  return 1;
-}
-
-int VCTreeGetRepeatId(RYXmlWrapperBase& node, int& id) {
-  return read_repeat_id(node, RYPropertyName(kRepeatIdName), id) ? 1 : 0;
 }

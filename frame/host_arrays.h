@@ -3,8 +3,8 @@
 
 #include <rytree_host/framework.h>
 
-/// The framework array inside a host object; null for a null object and for one that holds no such array. The
-/// array stays the object's own and is filled or read in place.
+/// The framework array inside a host object; null for a null object and for one that holds no such array. It
+/// is read or filled in place, and the object keeps owning it.
 CStringArray* open_strings(HostArrayObject* object);
 CArray<int, int>* open_ints(HostArrayObject* object);
 CArray<double, double>* open_doubles(HostArrayObject* object);

@@ -1,4 +1,4 @@
-// An index of IDs: which place an ID has in an array.
+// An index of IDs: where an ID is in an array.
 #pragma once
 
 #include <rytree_host/framework.h>
@@ -9,9 +9,9 @@
 #include <cstdint>
 #include <vector>
 
-/// Maps IDs to the first place they were added with. An array whose IDs lie close together has a plain table
-/// from the lowest to the highest. Any other is hashed, at a load of at most one half, into blocks of eight
-/// slots: eight IDs in a row share a block, so that IDs handed out in sequence stay together in memory.
+/// Maps each ID to the first place it was added with. IDs that lie close together get a plain table from the
+/// lowest to the highest. Others get a hash table that is at most half full; the hash keeps eight IDs in a
+/// row together, so that IDs handed out in sequence are close in memory.
 class IdIndex {
  public:
   IdIndex() : slots_(kFewest) {}
@@ -23,7 +23,7 @@ class IdIndex {
     }
   }
 
-  /// The place that counts for the ID: this one, or that of an equal ID added before.
+  /// Adds an ID, unless it is there already. Gives the place that counts for it: the first it was added with.
   int add(int id, int place) {
     int& at = slots_.empty() ? plain_[offset(id)] : claim(id);
     if (at < 0) at = place;
@@ -34,7 +34,7 @@ class IdIndex {
     if (!slots_.empty()) return slots_[seek(id)].place;
     return offset(id) < plain_.size() ? plain_[offset(id)] : -1;
   }
-  /// Of the entries of the array that have an equal one behind them the first, -1 for none.
+  /// The first entry of the array that has an equal one after it, -1 for none.
   int first_duplicate() const { return duplicate_; }
 
  private:
@@ -72,7 +72,7 @@ class IdIndex {
     return at;
   }
 
-  // The place in the slot of the ID, which is made if need be.
+  // The place in the slot of the ID; makes the slot if there is none.
   int& claim(int id) {
     if (2 * count_ >= slots_.size()) grow();
     Slot& slot = slots_[seek(id)];

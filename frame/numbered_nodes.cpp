@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The filters of rytree_get_node as a flag word packs them.
+/// The filters of rytree_get_node, as a flag word packs them.
 struct NumberFilters {
   int max_level;  // -1: no limit
   bool attribute_ends_descent;
@@ -19,7 +19,7 @@ NumberFilters number_filters(DWORD flags) {
           .branches_only = (flags & kNodeBranchesOnly) != 0};
 }
 
-// One search: what stays the same on every level of it.
+// One search: what is the same on every level.
 struct NumberSearch {
   RYXmlWrapperBase& out;
   const int index;

@@ -1,4 +1,4 @@
-// The one rule of repeat numbers, for walks that read them on many nodes.
+// Repeat numbers, for walks that read them on many nodes.
 #pragma once
 
 #include <rytree_host/node.h>

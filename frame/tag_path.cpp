@@ -3,12 +3,14 @@
 
 #include <rytree_Utils/lookup.h>
 
+#include <utility>
+
 #include "frame/check_get.h"
 #include "frame/node_text.h"
 
 namespace {
 
-// Leads `node` to the end of the path; what is missing is made when a value is to be written.
+// Puts `node` on the end of the path. What is missing is made if a value is to be written.
 bool reach(RYXmlWrapperBase& node, RYXmlWrapperBase& start, int get, const char* first_tag, va_list tags) {
   return tmxfu_tree_check_get_node_ex(node, start, get == 0 ? 1 : 0, first_tag, tags) != 0;
 }

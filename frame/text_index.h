@@ -8,12 +8,11 @@
 #include <string_view>
 #include <vector>
 
-/// Numbers texts, which hold no NUL, from 0 in the order of their adding; equal texts share a number. Few
-/// places of memory are touched for each text, so that large indexes stay quick: a slot, and the characters,
-/// which stand one text behind the other.
+/// Numbers texts, which hold no NUL, from 0 in the order in which they are added; equal texts share a number.
+/// A lookup touches its slot and one shared buffer of texts.
 class TextIndex {
  public:
-  /// The number of the text, which is its own if it is new.
+  /// The number of the text; a new text gets the next one.
   int add(std::string_view text) {
     if (2 * static_cast<std::size_t>(count_) >= slots_.size()) grow();
     Slot& slot = slots_[seek(text, hash(text))];
@@ -37,13 +36,13 @@ class TextIndex {
   static std::uint32_t hash(std::string_view text) {
     return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
   }
-  bool stands_at(std::size_t start, std::string_view text) const {
+  bool is_at(std::size_t start, std::string_view text) const {
     return characters_.compare(start, text.size(), text) == 0 && characters_[start + text.size()] == '\0';
   }
   // The slot of the text, or the empty one where it belongs.
   std::size_t seek(std::string_view text, std::uint32_t hash) const {
     std::size_t at = hash & (slots_.size() - 1);
-    while (slots_[at].number >= 0 && !(slots_[at].hash == hash && stands_at(slots_[at].start, text)))
+    while (slots_[at].number >= 0 && !(slots_[at].hash == hash && is_at(slots_[at].start, text)))
       at = (at + 1) & (slots_.size() - 1);
     return at;
   }

@@ -1,5 +1,5 @@
-// The values of a branch as a flat list, and the code page they are in.
-#include <rytree_Utils/frame.h>
+// The values of a branch as a flat list.
+#include <rytree_Utils/values.h>
 
 #include <utility>
 
@@ -21,8 +21,6 @@ void append_entry(RYXmlWrapperBase& node, CStringArray& values) {
 }
 
 }  // namespace
-
-int rytree_set_default_code_page(int page) { return RYXmlWrapperBase::SetDefaultCodePage(page); }
 
 int rytree_get_values(RYXmlWrapperBase* tree, HostArrayObject* values, int childrenOnly) {
   CStringArray* const strings = open_strings(values);

@@ -1,14 +1,14 @@
 // Tree utilities: everything that a caller includes.
 //
-// Two layers stand side by side. Plain names (rytree_…, report_…, ry_is_same, ryget_changed) take node
+// There are two layers. Plain names (rytree_…, report_…, ry_is_same, ryget_changed) take node
 // pointers, C strings and host array objects; typed names (vctree_…, VCTree…, tmxfu_…, XVarNode_…) take
 // framework arrays and references. Rules that hold for every function, unless its own comment says otherwise:
 //
 // - A walk starts at the children of the node it is given, which is not visited itself, and runs in
-// pre-order.
+//   pre-order.
 // - A null ID attribute name means "DataID". Flags of type bool and int are true when not zero.
-// - A null pointer, an invalid or dead handle or an array object of another kind gives the failure result, no
-// crash.
+// - A null pointer, an invalid or dead handle or an array object of another kind gives the failure result
+//   and never crashes.
 // - Arrays that are filled are appended to. A read of an attribute that is missing leaves the variable alone.
 // - What was changed before a failure stays changed. Nothing throws; failures are results.
 // - An out node may be the start node. Trees and arrays stay the caller's.
@@ -20,6 +20,7 @@
 #include <rytree_Utils/auto_support.h>
 #include <rytree_Utils/bulk.h>
 #include <rytree_Utils/changes.h>
+#include <rytree_Utils/code_page.h>
 #include <rytree_Utils/composite_range.h>
 #include <rytree_Utils/date_node.h>
 #include <rytree_Utils/edit.h>
@@ -27,11 +28,12 @@
 #include <rytree_Utils/escaped_string.h>
 #include <rytree_Utils/filter.h>
 #include <rytree_Utils/fit_parameters.h>
-#include <rytree_Utils/frame.h>
+#include <rytree_Utils/hidden_values.h>
 #include <rytree_Utils/homologous.h>
 #include <rytree_Utils/input_data.h>
 #include <rytree_Utils/input_table.h>
 #include <rytree_Utils/key_value.h>
+#include <rytree_Utils/localization.h>
 #include <rytree_Utils/lookup.h>
 #include <rytree_Utils/paths.h>
 #include <rytree_Utils/plot_identity.h>
@@ -41,6 +43,7 @@
 #include <rytree_Utils/theme_lookup.h>
 #include <rytree_Utils/themes.h>
 #include <rytree_Utils/transfer.h>
+#include <rytree_Utils/values.h>
 #include <rytree_Utils/variable_node.h>
 #include <rytree_Utils/weighting.h>
 #include <rytree_host/Kelp60.h>

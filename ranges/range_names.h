@@ -3,7 +3,7 @@
 
 #include <rytree_host/framework.h>
 
-#include "frame/state.h"
+#include "frame/range_label.h"
 
 inline CString range_tag(int number) {
   CString tag;

@@ -1,7 +1,7 @@
 // The localization of texts by a module of the host that is loaded at run time.
 #include "reports/localization.h"
 
-#include <rytree_Utils/frame.h>
+#include <rytree_Utils/localization.h>
 #include <rytree_host/framework.h>
 
 #include <array>

@@ -1,5 +1,5 @@
 #include <rytree_Utils/bulk.h>
-#include <rytree_Utils/frame.h>
+#include <rytree_Utils/values.h>
 
 #include "transfer_model.h"
 

@@ -1,5 +1,5 @@
-#include <rytree_Utils/frame.h>
 #include <rytree_Utils/input_table.h>
+#include <rytree_Utils/localization.h>
 
 #include <climits>
 #include <vector>

@@ -28,6 +28,18 @@ void check_in(const std::string& folder, void (*check)()) {
   EXPECT_EXIT((check(), std::exit(testing::Test::HasFailure() ? 1 : 0)), testing::ExitedWithCode(0), "");
 }
 
+TEST(Localization, flag_blocks_it) {
+  bool value = true;
+  EXPECT_FALSE(VCTreeAccessBlockLocalization(&value, true));
+  EXPECT_FALSE(value);
+  value = true;
+  EXPECT_TRUE(VCTreeAccessBlockLocalization(&value, false));
+  value = false;
+  EXPECT_TRUE(VCTreeAccessBlockLocalization(nullptr, false));
+  EXPECT_TRUE(VCTreeAccessBlockLocalization(&value, true));
+  EXPECT_TRUE(value);
+}
+
 TEST(Localization, module_is_kept_until_the_release) {
   check_in("present", [] {
     const std::string data = "Data";

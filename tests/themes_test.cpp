@@ -4,10 +4,8 @@
 
 #include <climits>
 #include <filesystem>
-#include <random>
 #include <vector>
 
-#include "themes/hidden_values.h"
 #include "tree_text.h"
 
 namespace {
@@ -47,8 +45,8 @@ TEST(Theme, replaces_what_the_node_held) {
 }
 
 TEST(Theme, refuses_arrays_that_do_not_fit) {
-  const Rows<std::vector<int>, std::vector<Text>> rows = {{{}, {}}, {{1}, {"a", "b"}}, {{1, 2}, {"a"}}};
-  for (const auto& [ids, values] : rows) {
+  using R = Row<std::vector<int>, std::vector<Text>>;
+  for (const auto& [ids, values] : Rows{R{{}, {}}, R{{1}, {"a", "b"}}, R{{1, 2}, {"a"}}}) {
     Pairs bad(ids, values);
     RYXmlWrapperBase node = parse("<A Use=\"1\">t<B/></A>");
     EXPECT_FALSE(rytree_set_theme(&node, &bad.ids, &bad.values, "c"));
@@ -65,43 +63,11 @@ TEST(Theme, read_from_any_branch) {
       "<Any><node>a</node><node12x>b</node12x><Foo>c</Foo><xnode7/><Node8/><node-3>d<node4>e</node4></node-3>"
       "<node99999999999/><node-99999999999/></Any>");
   Pairs pairs({7}, {"first"});
-  EXPECT_TRUE(rytree_get_theme(&theme, &pairs.ids, &pairs.ids, nullptr) &&
-              rytree_get_theme(&theme, &pairs.values, &pairs.values, nullptr) &&
-              rytree_get_theme(nullptr, &pairs.ids, &pairs.values, nullptr) &&
-              rytree_get_theme(&theme, &pairs.ids, &pairs.values, nullptr));
+  EXPECT_TRUE(rytree_get_theme(&theme, &pairs.ids, &pairs.ids, nullptr));
+  EXPECT_TRUE(rytree_get_theme(&theme, &pairs.values, &pairs.values, nullptr));
+  EXPECT_TRUE(rytree_get_theme(nullptr, &pairs.ids, &pairs.values, nullptr));
+  EXPECT_TRUE(rytree_get_theme(&theme, &pairs.ids, &pairs.values, nullptr));
   EXPECT_EQ(pairs.shown(), "7 0 12 0 0 0 -3 2147483647 -2147483648 [first][a][b][c][][][d][][]");
-}
-
-TEST(HiddenValues, reset_by_node_id) {
-  const auto tree_of = [](const std::string& a, const std::string& b, Text use, const std::string& d) {
-    return parse("<R><A _NodeID='10' DataID='3'>" + a + "</A><B _NodeID='13' DataID='4'>" + b +
-                 "</B><C _NodeID='268435456' DataID='5' Use='" + use + "'><D _NodeID='10' DataID='3'>" + d +
-                 "</D><K _NodeID='10' DataID='4'>2</K></C><E _NodeID='268435456' DataID='6' Use='x'/><F "
-                 "_NodeID='11' DataID='6'>7</F>"
-                 "<G _NodeID='10' DataID='0'>8</G><H DataID='6'>9</H><I _NodeID='10'>1</I></R>");
-  };
-  RYXmlWrapperBase tree = tree_of("5", "x", "1", "6");
-  Pairs third({3}, {});
-  EXPECT_EQ(rytree_GETN_reset_hidden_values(&tree, &third.ids, true), 2);
-  EXPECT_EQ(text(tree), text(tree_of("0", "x", "1", "0")));
-  Pairs all({-1, 0, 3, 4, 5, 6}, {});
-  EXPECT_EQ(rytree_GETN_reset_hidden_values(&tree, &all.ids, false), 6);
-  EXPECT_EQ(text(tree), text(tree_of("0", "0", "", "0")));
-}
-
-TEST(HiddenValues, search_is_a_scan_that_gives_up) {
-  std::mt19937 random(20240607);
-  for (int round = 0; round < 300; ++round) {
-    CArray<int, int> list;
-    for (int i = 0; i < round % 13; ++i) list.Add(static_cast<int>(random() % 10) + i * (round % 2));
-    const SortedIds ids(list);
-    for (int id = -1; id < 24; ++id) {
-      int place = 0;
-      while (place < list.GetSize() && list[place] < id) ++place;
-      if (place == list.GetSize() || list[place] != id) place = -1;
-      ASSERT_EQ(vctree_sorted_id_index(id, ids), place) << "round " << round << ", ID " << id;
-    }
-  }
 }
 
 TEST(SavedValues, come_back_from_a_file) {
@@ -128,30 +94,28 @@ TEST(SavedValues, stops_of_the_plain_layer) {
   Pairs good({1}, {"a"});
   HostIntArray* const ints = &good.ids;
   HostStringArray* const strings = &good.values;
-  // An array object of the wrong kind is found behind the null pointers.
+  // An array object of the wrong kind is in the place of each argument that comes after a null pointer.
   using Array = HostArrayObject*;
-  const Rows<Text, Array, Array, Array, bool> rows = {
-      {nullptr, ints, ints, ints, false},   {"", ints, ints, ints, false},
-      {path, nullptr, ints, ints, false},   {path, ints, nullptr, ints, false},
-      {path, ints, ints, strings, true},    {path, strings, strings, ints, true},
-      {path, ints, strings, nullptr, true}, {path, strings, strings, strings, false}};
-  for (const auto& [file, ids, values, labels, result] : rows) {
+  using R = Row<Text, Array, Array, Array, bool>;
+  for (const auto& [file, ids, values, labels, result] :
+       Rows{R{nullptr, ints, ints, ints, false}, R{"", ints, ints, ints, false},
+            R{path, nullptr, ints, ints, false}, R{path, ints, nullptr, ints, false},
+            R{path, ints, ints, strings, true}, R{path, strings, strings, ints, true},
+            R{path, ints, strings, nullptr, true}, R{path, strings, strings, strings, false}}) {
     RYXmlWrapperBase node = parse("<A/>");
     EXPECT_EQ(rytree_tree_save_values_with_ids(file, ids, values, "c", labels), result);
     EXPECT_EQ(rytree_save_values_with_ids(file == path ? &node : nullptr, ids, values, "c", labels), result);
     EXPECT_EQ(text(node), "<A/>");
   }
-  EXPECT_FALSE(rytree_tree_save_values_with_ids(path, ints, strings, "c", strings) ||
-               rytree_save_values_with_ids(&dead, ints, strings, "c", strings) ||
-               vctree_save_values_with_ids(&dead, &ints->array(), &strings->array(), "c", nullptr) ||
-               vctree_set_theme(&dead, &ints->array(), nullptr, "c") ||
-               rytree_set_theme(&dead, strings, strings, "c") ||
-               rytree_set_theme(nullptr, ints, strings, "c") ||
-               rytree_GETN_reset_hidden_values(nullptr, ints, true) != 0 ||
-               rytree_GETN_reset_hidden_values(&dead, strings, true) != 0 ||
-               rytree_tree_read_values_with_ids(nullptr, ints, strings, nullptr));
-  EXPECT_TRUE(rytree_set_theme(nullptr, nullptr, ints, "c") &&
-              rytree_tree_read_values_with_ids(path, ints, ints, nullptr));
+  EXPECT_FALSE(rytree_tree_save_values_with_ids(path, ints, strings, "c", strings));
+  EXPECT_FALSE(rytree_save_values_with_ids(&dead, ints, strings, "c", strings));
+  EXPECT_FALSE(vctree_save_values_with_ids(&dead, &ints->array(), &strings->array(), "c", nullptr));
+  EXPECT_FALSE(vctree_set_theme(&dead, &ints->array(), nullptr, "c"));
+  EXPECT_FALSE(rytree_set_theme(&dead, strings, strings, "c"));
+  EXPECT_FALSE(rytree_set_theme(nullptr, ints, strings, "c"));
+  EXPECT_FALSE(rytree_tree_read_values_with_ids(nullptr, ints, strings, nullptr));
+  EXPECT_TRUE(rytree_set_theme(nullptr, nullptr, ints, "c"));
+  EXPECT_TRUE(rytree_tree_read_values_with_ids(path, ints, ints, nullptr));
   EXPECT_EQ(good.shown(), "1 [a]");
   EXPECT_FALSE(rytree_tree_read_values_with_ids(path, strings, strings, nullptr));
   EXPECT_EQ(good.shown(), "1 ");
@@ -160,17 +124,21 @@ TEST(SavedValues, stops_of_the_plain_layer) {
 TEST(ThemeAttributes, type_and_file_name) {
   RYXmlWrapperBase node = parse("<A ThemeFile='x' ThemeType='7'/>");
   CString file;
-  EXPECT_TRUE(rytree_tree_get_theme_file_name(&node, &file) && file == "x");
+  EXPECT_TRUE(rytree_tree_get_theme_file_name(&node, &file));
+  EXPECT_EQ(file, "x");
   for (const Text name : {"", "f", static_cast<Text>(nullptr)}) {
     EXPECT_TRUE(rytree_tree_set_theme_file_name(&node, name));
     EXPECT_EQ(rytree_tree_get_theme_file_name(&node, &file), name != nullptr);
     EXPECT_EQ(file, name == nullptr ? "" : name);
   }
-  EXPECT_TRUE(rytree_tree_get_theme_type(&node) == 7 && text(node) == "<A ThemeType=\"7\"/>");
-  EXPECT_TRUE(node.RemoveProperty("ThemeType") && rytree_tree_get_theme_type(&node) == 4);
-  EXPECT_FALSE(rytree_tree_get_theme_file_name(nullptr, &file) ||
-               rytree_tree_get_theme_file_name(&node, nullptr) ||
-               rytree_tree_set_theme_file_name(nullptr, "f") || rytree_tree_get_theme_type(nullptr) != 0);
+  EXPECT_EQ(text(node), "<A ThemeType=\"7\"/>");
+  EXPECT_EQ(rytree_tree_get_theme_type(&node), 7);
+  node.RemoveProperty("ThemeType");
+  EXPECT_EQ(rytree_tree_get_theme_type(&node), 4);
+  EXPECT_EQ(rytree_tree_get_theme_type(nullptr), 0);
+  EXPECT_FALSE(rytree_tree_get_theme_file_name(nullptr, &file));
+  EXPECT_FALSE(rytree_tree_get_theme_file_name(&node, nullptr));
+  EXPECT_FALSE(rytree_tree_set_theme_file_name(nullptr, "f"));
 }
 
 }  // namespace

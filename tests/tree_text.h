@@ -18,23 +18,19 @@
 
 /// Where in a test something was written; the default argument of what is written there.
 struct SourceLine {
-  explicit SourceLine(const char* source, int number) : file(source), line(number) {}
+  SourceLine(const char* source, int number) : file(source), line(number) {}
   const char* file;
   int line;
 };
 
-/// A list of cases. A walk over it makes each failure name the row it happened in and the row's line.
-template <class Cells>
+/// A list of cases. A walk over it makes each failure name the row it happened in and that row's line.
+template <class Line>
 class Table {
  public:
-  struct Line {
-    Cells cells;
-    SourceLine source;
-  };
   class Walk {
    public:
     explicit Walk(const std::vector<Line>& lines) : lines_(lines) { trace(); }
-    const Cells& operator*() const { return lines_[at_].cells; }
+    const auto& operator*() const { return lines_[at_].cells; }
     void operator++() { ++at_, trace(); }
     bool operator==(std::default_sentinel_t) const { return at_ == lines_.size(); }
 
@@ -51,15 +47,15 @@ class Table {
     std::optional<testing::ScopedTrace> row_;
   };
 
+  explicit Table(std::vector<Line> lines) : lines_(std::move(lines)) {}
   Walk begin() const { return Walk(lines_); }
   std::default_sentinel_t end() const { return {}; }
-  const Cells& operator[](std::size_t row) const { return lines_[row].cells; }
+  const auto& operator[](std::size_t row) const { return lines_[row].cells; }
 
- protected:
+ private:
   std::vector<Line> lines_;
 };
 
-/// A row of a table, which remembers its line.
 template <class... Column>
 struct Row {
   Row(Column... column, SourceLine written = SourceLine(__builtin_FILE(), __builtin_LINE()))
@@ -72,46 +68,44 @@ struct Row {
 ///     using R = Row<int, const char*>;
 ///     for (const auto& [id, found] : Rows{R{1, "A"},
 ///                                         R{2, "B"}}) …
-/// The rows of a short table need no name: Rows<int, int>{{1, 2}, {3, 4}}. Some compilers then tell the
-/// number of the row and the line that ends the table.
+/// The rows of a table on one line need no name: Rows<int, int>{{1, 2}, {3, 4}}.
 template <class... Column>
-class Rows : public Table<std::tuple<Column...>> {
- public:
-  Rows(std::initializer_list<Row<Column...>> rows) {
-    for (const Row<Column...>& row : rows) this->lines_.push_back({row.cells, row.source});
-  }
+struct Rows : Table<Row<Column...>> {
+  Rows(std::initializer_list<Row<Column...>> rows) : Table<Row<Column...>>(rows) {}
 };
 
-/// The cases of a raw string, one on a line, as `Count` cells parted by " |" (the last may lack), blanks
-/// trimmed; a line that ends in a backslash goes on in the next, whose leading blanks do not count:
+template <std::size_t Count>
+struct TextRow {
+  std::array<std::string, Count> cells;
+  SourceLine source;
+};
+
+/// The cases of a raw string, one on a line, as `Count` cells separated by " |" (the last may be missing),
+/// blanks trimmed; a line that ends in a backslash goes on in the next, whose leading blanks do not count:
 ///     for (const auto& [before, after] : rows<2>(R"(<a/> | <b/>)")) …
 template <std::size_t Count>
-class TextRows : public Table<std::array<std::string, Count>> {
- public:
-  TextRows(const char* table, SourceLine source) {
-    std::istringstream lines(table);
-    for (std::string line; std::getline(lines, line); ++source.line) {
-      const SourceLine start = source;
-      for (std::string more; line.ends_with('\\') && std::getline(lines, more); ++source.line) {
-        line.replace(line.size() - 1, 1, more, more.find_first_not_of(' '));
-      }
-      if (line.find(" |") == std::string::npos) continue;
-      this->lines_.push_back({{}, start});
-      for (std::string& cell : this->lines_.back().cells) {
-        cell = line.substr(0, line.find(" |"));
-        line.erase(0, cell.size() + 2);
-        cell.erase(0, cell.find_first_not_of(' '));
-        cell.erase(cell.find_last_not_of(' ') + 1);
-      }
+Table<TextRow<Count>> rows(const char* table,
+                           SourceLine source = SourceLine(__builtin_FILE(), __builtin_LINE())) {
+  std::vector<TextRow<Count>> all;
+  std::istringstream lines(table);
+  for (std::string line; std::getline(lines, line); ++source.line) {
+    const SourceLine start = source;
+    for (std::string more; line.ends_with('\\') && std::getline(lines, more); ++source.line) {
+      line.replace(line.size() - 1, 1, more, more.find_first_not_of(' '));
+    }
+    if (line.find(" |") == std::string::npos) continue;
+    all.push_back({{}, start});
+    for (std::string& cell : all.back().cells) {
+      cell = line.substr(0, line.find(" |"));
+      line.erase(0, cell.size() + 2);
+      cell.erase(0, cell.find_first_not_of(' '));
+      cell.erase(cell.find_last_not_of(' ') + 1);
     }
   }
-};
-template <std::size_t Count>
-TextRows<Count> rows(const char* table, SourceLine source = SourceLine(__builtin_FILE(), __builtin_LINE())) {
-  return TextRows<Count>(table, source);
+  return Table<TextRow<Count>>(std::move(all));
 }
 
-/// The tree of an XML text; the handle stands on its root.
+/// The tree of an XML text; the handle is on its root.
 inline RYXmlWrapperBase parse(const char* xml) {
   RYXmlWrapperBase tree;
   tree.CreateNew(0, nullptr);

@@ -1,9 +1,8 @@
 // Resetting the values of the nodes whose DataIDs a caller lists.
-#include "themes/hidden_values.h"
-
-#include <rytree_Utils/themes.h>
+#include <rytree_Utils/hidden_values.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "frame/attributes.h"
 #include "frame/children.h"
@@ -15,21 +14,25 @@ constexpr int kIntNode = 10;
 constexpr int kIntListNode = 13;
 constexpr int kBranchNode = 0x10000000;
 
-}  // namespace
-
-SortedIds::SortedIds(const CArray<int, int>& ids) : ids_(ids) {
-  for (int i = 0; i < ids.GetSize(); ++i) {
-    if (rises_.empty() || ids[i] > ids[rises_.back()]) rises_.push_back(i);
+/// A list of IDs made ready for many searches. A search means: go from the start to the first element that is
+/// not below the ID; found if it equals the ID. Such an element is larger than all before it, whatever the
+/// order of the list, and the elements that are larger than all before them ascend: in {2, 5, 3, 5, 9} they
+/// are 2, 5 and 9.
+class SearchedIds {
+ public:
+  explicit SearchedIds(const CArray<int, int>& ids) {
+    for (const int id : ids) {
+      if (rises_.empty() || id > rises_.back()) rises_.push_back(id);
+    }
   }
-}
+  bool contain(int id) const { return std::binary_search(rises_.begin(), rises_.end(), id); }
 
-int vctree_sorted_id_index(int id, const SortedIds& ids) {
-  const auto below = [&ids](int index, int wanted) { return ids.ids_[index] < wanted; };
-  const auto first = std::lower_bound(ids.rises_.begin(), ids.rises_.end(), id, below);
-  return first != ids.rises_.end() && ids.ids_[*first] == id ? *first : -1;
-}
+ private:
+  std::vector<int> rises_;  // the elements that are larger than all before them
+};
 
-void vctree_GETN_reset_node_value(RYXmlWrapperBase& node) {
+// Resets one node as its node ID asks.
+void reset_value(RYXmlWrapperBase& node) {
   int kind = 0;
   if (node.GetID(kind) == 0) return;
   if (kind == kIntNode || kind == kIntListNode) {
@@ -40,16 +43,18 @@ void vctree_GETN_reset_node_value(RYXmlWrapperBase& node) {
   }
 }
 
+}  // namespace
+
 int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids, bool recursive) {
   if (tree == nullptr || ids == nullptr) return 0;
-  const SortedIds sorted(*ids);
+  const SearchedIds searched(*ids);
   const RYPropertyName data_id(kDataIdName);
   int count = 0;
   for (NodesBelow at(*tree, recursive); at; ++at) {
     int id = -1;
     at->GetPropertyValue(data_id, id);
-    if (id <= 0 || vctree_sorted_id_index(id, sorted) < 0) continue;
-    vctree_GETN_reset_node_value(*at);
+    if (id <= 0 || !searched.contain(id)) continue;
+    reset_value(*at);
     ++count;
   }
   return count;

@@ -9,10 +9,9 @@
 
 // Flag word of rytree_get_node_ex and rytree_move_node; all other bits have no effect.
 inline constexpr DWORD kNodeLevelMask = 0x000FF;  ///< the maximum level, read only with kNodeLimitLevel
-inline constexpr DWORD kNodeAttributeRequired =
-    0x10000;  ///< the attribute is required; without it, it ends descent
-inline constexpr DWORD kNodeBranchesOnly = 0x20000;  ///< leaves are passed over, uncounted
-inline constexpr DWORD kNodeLimitLevel = 0x40000;    ///< there is a maximum level
+inline constexpr DWORD kNodeAttributeRequired = 0x10000;  ///< nodes without the attribute are passed over
+inline constexpr DWORD kNodeBranchesOnly = 0x20000;       ///< leaves are passed over, uncounted
+inline constexpr DWORD kNodeLimitLevel = 0x40000;         ///< there is a maximum level
 
 extern "C" {
 
@@ -102,7 +101,8 @@ RYTREE_API int rytree_find_node_ex(RYXmlWrapperBase* parent, RYXmlWrapperBase* f
 RYTREE_API bool rytree_find_node_by_dataID(RYXmlWrapperBase* out, RYXmlWrapperBase* node, int dataId,
                                            int parentId, int parentRepeatId, int grandparentId,
                                            int grandparentRepeatId);
-}
+
+}  // extern "C"
 
 /// Writes the repeat number of a node; there is no upper bound. A number below 1 removes it and gives 1,
 /// whether or not there was one and on an invalid node too. Otherwise nonzero, or 0 if it could not be

@@ -24,7 +24,7 @@ RYTREE_API int rytree_theme_tree_get_node_by_index(RYXmlWrapperBase* out, RYXmlW
 
 /// Reads the rectangle in the direct children "Left", "Right", "Top" and "Bottom" of `style`, whatever their
 /// case. A number that cannot be read leaves its variable alone; what was read stays also when the result is
-/// 0. 1 if exactly four numbers were read: a tag that stands twice counts twice, its last number holding, so
+/// 0. 1 if exactly four numbers were read: a tag that is there twice counts twice, its last number holding, so
 /// that four readings may leave a variable untouched. With a null pointer nothing is read.
 RYTREE_API int rytree_theme_tree_get_range_from_range_style(RYXmlWrapperBase* style, int* left, int* top,
                                                             int* right, int* bottom);

@@ -4,7 +4,7 @@
 #include <rytree_host/framework.h>
 #include <rytree_host/node.h>
 
-// The pairs stand in two arrays of equal size, element i of one belonging to element i of the other. IDs and
+// The pairs come in two arrays of equal size: element i of one belongs to element i of the other. IDs and
 // values are stored and handed back as they are; nothing is harvested, merged or sorted. In a tree the pairs
 // make one flat branch:
 //
@@ -25,9 +25,6 @@ RYTREE_API bool rytree_get_theme(RYXmlWrapperBase* theme, HostArrayObject* ids, 
 /// array; otherwise the result of vctree_set_theme.
 RYTREE_API bool rytree_set_theme(RYXmlWrapperBase* node, HostArrayObject* ids, HostArrayObject* values,
                                  const char* comment);
-
-/// vctree_GETN_reset_hidden_values with a host array of ints; 0 too if `ids` is null or holds no int array.
-RYTREE_API int rytree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, HostArrayObject* ids, bool recursive);
 
 /// vctree_read_values_with_ids into host arrays.
 /// - False, arrays untouched, if `file` is null.
@@ -61,7 +58,8 @@ RYTREE_API bool rytree_tree_get_theme_file_name(RYXmlWrapperBase* node, CString*
 /// Writes the attribute "ThemeFile" of `node`, an empty one too; a null `file` removes it. False if `node` is
 /// null, else true, also if there was nothing to remove or `node` is invalid.
 RYTREE_API bool rytree_tree_set_theme_file_name(RYXmlWrapperBase* node, const char* file);
-}
+
+}  // extern "C"
 
 /// Reads a theme: appends the ID and the text of each direct child of `theme` to the arrays, which are not
 /// emptied first. The ID is the number at the start of the tag without a leading "node"; a tag without a
@@ -75,20 +73,9 @@ RYTREE_API void vctree_get_theme(RYXmlWrapperBase* theme, CArray<int, int>* ids,
 /// is put on a fresh tree. A null `comment` writes none. True, or false:
 /// - the arrays are empty, differ in size or are null, or `node` is null: nothing changes;
 /// - a child could not be made (the tree would be too deep): the children made so far stay, without
-/// "Comment".
+///   "Comment".
 RYTREE_API bool vctree_set_theme(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
                                  const char* comment);
-
-/// Resets the values of the children of `tree`, with `recursive` of all nodes below it, whose DataID is above
-/// 0 and found in `ids`. The list is meant to be sorted ascending: a search goes from its start and gives up
-/// at the first element above the DataID, so that an unsorted list finds less. What a reset does depends on
-/// the node ID:
-/// - 10 or 13: the value becomes 0;
-/// - 0x10000000, a branch: the attribute "Use", if it reads as an int, becomes empty;
-/// - any other: nothing, though the node counts.
-/// The result is the number of nodes found, 0 if a pointer is null. Time: one pass over the list, and then
-/// for each node a binary search.
-RYTREE_API int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids, bool recursive);
 
 /// Reads the pairs of a file. The arrays are emptied first, whatever follows. True, with `comment` (may be
 /// null) as in vctree_get_theme; false with empty arrays and `comment` untouched if the file cannot be loaded

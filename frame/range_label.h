@@ -1,0 +1,6 @@
+// The host's word for a range.
+#pragma once
+
+/// The word that the labels of ranges begin with. Fetched at the first call and kept until the library is
+/// unloaded; an empty text is fetched again at the next call. Not guarded: for one thread at a time.
+const char* VCTreeRangeLabelText();
