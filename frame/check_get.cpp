@@ -59,7 +59,7 @@ bool rytree_tree_check_get_node_by_attribute(RYXmlWrapperBase* out, RYXmlWrapper
 bool rytree_check_get_node_by_dataid(RYXmlWrapperBase* parent, RYXmlWrapperBase* out, const char* tag,
                                      int dataId, const char* attribute, const char* attributeValue) {
   if (parent == nullptr || out == nullptr) return true;
-  rytree_find_node(parent, out, kDataIdName, dataId, false, 0, -1);
+  rytree_find_node(parent, out, kDataIdName, dataId, /*recursive=*/false, /*depth=*/0, /*repeatId=*/-1);
   if (out->IsNodeValid() != 0) return true;
   if (!add_child(*out, *parent, tag, -1)) return true;
   set_attribute(*out, attribute, attributeValue);

@@ -185,20 +185,20 @@ TEST(TagPath, reading_makes_nothing_writing_makes_the_path) {
   CString string("old");
   tagRYSOBJVECT vector;
   vector.values.Add(1.5);
-  const auto both_ways = [&](int get) {
-    return tmxfu_tree_node_int_value(tree, number, get, "I", "J", nullptr) +
-           tmxfu_tree_node_double_value(tree, real, get, "A", "D", nullptr) +
-           tmxfu_tree_node_string_value(tree, string, get, "S", nullptr) +
-           tmxfu_tree_node_vector_value(tree, vector, get, "V", nullptr);
+  const auto expect_each = [&](int result, int get) {
+    EXPECT_EQ(tmxfu_tree_node_int_value(tree, number, get, "I", "J", nullptr), result);
+    EXPECT_EQ(tmxfu_tree_node_double_value(tree, real, get, "A", "D", nullptr), result);
+    EXPECT_EQ(tmxfu_tree_node_string_value(tree, string, get, "S", nullptr), result);
+    EXPECT_EQ(tmxfu_tree_node_vector_value(tree, vector, get, "V", nullptr), result);
   };
-  EXPECT_EQ(both_ways(1), 0);
+  expect_each(0, 1);
   EXPECT_EQ(tmxfu_tree_node_vector_value(tree, vector, 1, "A", nullptr), 0);
   EXPECT_EQ(tmxfu_tree_node_int_value(tree, number, 1, "A", nullptr), 0);
   EXPECT_EQ(text(tree), "<R><A>no number</A></R>");
-  EXPECT_EQ(both_ways(0), 4);
+  expect_each(1, 0);
   EXPECT_EQ(text(tree), "<R><A>no number<D>7.5</D></A><I><J>7</J></I><S>old</S><V>1.5</V></R>");
   number = 0, real = 0, string = "", vector.values.RemoveAll();
-  EXPECT_EQ(both_ways(1), 4);
+  expect_each(1, 1);
   EXPECT_EQ(number, 7);
   EXPECT_EQ(real, 7.5);
   EXPECT_EQ(string, "old");
@@ -223,9 +223,8 @@ TEST(Lookup, bad_arguments) {
   RYXmlWrapperBase dead = dead_node();
   RYXmlWrapperBase none;
   int counter = 0;
-  const Rows<RYXmlWrapperBase*, RYXmlWrapperBase*> pairs = {
-      {nullptr, &none}, {&dead, &none}, {&tree, nullptr}};
-  for (const auto& [from, to] : pairs) {
+  using R = Row<RYXmlWrapperBase*, RYXmlWrapperBase*>;
+  for (const auto& [from, to] : Rows{R{nullptr, &none}, R{&dead, &none}, R{&tree, nullptr}}) {
     EXPECT_EQ(rytree_get_node(from, to, 0, &counter, -1, nullptr, true, false, 0), 0);
     EXPECT_EQ(rytree_get_node_ex(from, to, 0, 0, nullptr), to != nullptr);
     EXPECT_EQ(rytree_get_node_by_id(from, to, 1, true), 0);
@@ -262,7 +261,7 @@ TEST(Lookup, deep_trees) {
     EXPECT_EQ(rytree_get_node_by_id(&tree, &out, 3, true), 1);
     EXPECT_EQ(rytree_find_node(&tree, &out, "DataID", 3, true, 0, -1), 1);
     EXPECT_TRUE(rytree_get_node_by_tagname(&tree, &out, "l", true, false, true));
-    EXPECT_TRUE(out == leaf);
+    EXPECT_EQ(out, leaf);
     EXPECT_EQ(rytree_tree_check_get_node(&out, &leaf, "L", 0, nullptr, nullptr, 1), 0);
   });
 }
