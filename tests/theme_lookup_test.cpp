@@ -55,7 +55,7 @@ TEST(ThemeLookup, reads_rectangles) {
     EXPECT_EQ(range(&style, &read[0], &read[1], &read[2], &read[3]), result);
     EXPECT_EQ(read, expected);
   }
-  RYXmlWrapperBase style = parse("<R/>");
+  RYXmlWrapperBase style = parse("<R><Left>1</Left><Top>2</Top><Right>3</Right><Bottom>4</Bottom></R>");
   int n = 0;
   EXPECT_EQ(range(nullptr, &n, &n, &n, &n), 0);
   for (int missing = 0; missing < 4; ++missing) {
