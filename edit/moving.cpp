@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frame/children.h"
+#include "frame/words.h"
 
 namespace {
 
@@ -61,7 +62,7 @@ int rytree_append_children(RYXmlWrapperBase* target, RYXmlWrapperBase* source, c
     child.GetID(id);
     highest = std::max(highest, id);
   }
-  int next = static_cast<int>(static_cast<unsigned>(highest) + 1U);
+  int next = one_more(highest);
   std::vector<RYXmlWrapperBase> matches = children_with_prefix(*source, prefix);
   // What is appended must not show up in a copy that is made later.
   if (lies_below(*target, *source)) matches = detached(matches);
@@ -70,7 +71,7 @@ int rytree_append_children(RYXmlWrapperBase* target, RYXmlWrapperBase* source, c
     if (target->AddNodeCopy(match, 1) != 0) target->GetChild(copy, target->GetNodeCount() - 1);
     if (next <= 0) continue;
     copy.SetID(next, false);
-    next = static_cast<int>(static_cast<unsigned>(next) + 1U);
+    next = one_more(next);
   }
   return next;
 }

@@ -2,7 +2,7 @@
 
 #include "tree_text.h"
 
-TEST(ActionId, of_a_range_and_its_children) {
+TEST(ActionId, OfARangeAndItsChildren) {
   RYXmlWrapperBase tree = parse("<C><A/><B _ACTION_OBJECT_ID='4'><X/></B></C>");
   RYXmlWrapperBase dead = dead_node();
   int id = 7;

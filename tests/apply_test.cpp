@@ -13,7 +13,7 @@ void fill(const std::string& entries, CArray<int, int>& ids, CStringArray& value
   }
 }
 
-TEST(Apply, writes_values_by_ids) {
+TEST(Apply, WritesValuesByIds) {
   // The tree, the entries, the result, the tree after it, and: the repeat in force, "reset" for both options,
   // "No" for that ID attribute.
   for (const auto& [before, entries, result, after, with] : rows<5>(R"(
@@ -74,7 +74,7 @@ TEST(Apply, writes_values_by_ids) {
   }
 }
 
-TEST(Apply, an_id_twice_is_a_duplicate_only_where_asked) {
+TEST(Apply, AnIdTwiceIsADuplicateOnlyWhereAsked) {
   RYXmlWrapperBase tree = parse_ids("<R><a #5/></R>");
   CArray<int, int> ids;
   CStringArray values;
@@ -89,7 +89,7 @@ TEST(Apply, an_id_twice_is_a_duplicate_only_where_asked) {
   EXPECT_EQ(text(tree), "<R><a DataID=\"5\">first</a></R>");
 }
 
-TEST(Apply, refuses_bad_arguments) {
+TEST(Apply, RefusesBadArguments) {
   RYXmlWrapperBase tree = parse_ids("<R><a #1/></R>");
   RYXmlWrapperBase dead = dead_node();
   HostIntArray no_ids;

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "edit/exchange_order.h"
-#include "tests/tree_text.h"
+#include "tree_text.h"
 
 namespace {
 

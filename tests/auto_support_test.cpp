@@ -18,7 +18,7 @@ CString auto_of(const RYXmlWrapperBase& node) {
   return value;
 }
 
-TEST(AutoSupport, strings_made) {
+TEST(AutoSupport, StringsMade) {
   CString out;
   EXPECT_EQ(vctree_create_auto_support_string(out, 1, "A", 2), 1);
   vctree_create_auto_support_string(out, -3, out, -4);
@@ -27,7 +27,7 @@ TEST(AutoSupport, strings_made) {
   EXPECT_EQ(out, "0|Auto|0");
 }
 
-TEST(AutoSupport, strings_read) {
+TEST(AutoSupport, StringsRead) {
   // The result, the state, the label and the number.
   using R = Row<Text, Text>;
   for (const auto& [string, expected] :
@@ -44,7 +44,7 @@ TEST(AutoSupport, strings_read) {
   }
 }
 
-TEST(AutoSupport, set) {
+TEST(AutoSupport, Set) {
   using R = Row<Text, int, Text, int, int, Text>;
   for (const auto& [before, state, label, number, result, after] :
        Rows{R{nullptr, 1, nullptr, -1, 1, "1||1"}, R{"1|A|2", -1, nullptr, -1, 1, "0|A|2"},
@@ -59,7 +59,7 @@ TEST(AutoSupport, set) {
   EXPECT_EQ(auto_of(node), "1|A|2");
 }
 
-TEST(AutoSupport, get_and_reset) {
+TEST(AutoSupport, GetAndReset) {
   using R = Row<Text, int, Text, int, Text>;
   for (const auto& [before, state, label, number, reset] :
        Rows{R{nullptr, 0, "old", 77, "none"}, R{"", 0, "old", 77, ""}, R{"0|A|2", -1, "A", 2, "0|A|2"},
@@ -76,7 +76,7 @@ TEST(AutoSupport, get_and_reset) {
   }
 }
 
-TEST(AutoSupport, no_node) {
+TEST(AutoSupport, NoNode) {
   RYXmlWrapperBase dead = dead_node();
   for (RYXmlWrapperBase* const none : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
     EXPECT_EQ(rytree_set_auto_support(none, 1), 0);
@@ -86,7 +86,7 @@ TEST(AutoSupport, no_node) {
   }
 }
 
-TEST(EntireWorksheet, three_states) {
+TEST(EntireWorksheet, ThreeStates) {
   RYXmlWrapperBase node = parse("<A _EntireWorksheet='9'/>");
   EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), -1);
   using R = Row<int, Text, int>;

@@ -33,7 +33,7 @@ std::string joined(const Ints& numbers) {
 
 const char* or_null(const std::string& cell) { return cell == "-" ? nullptr : cell.c_str(); }
 
-TEST(Bulk, lists_attributes) {
+TEST(Bulk, ListsAttributes) {
   Node tree = parse(
       "<R k='r'><a k='a'><b/><c k='c'/><d><e/></d></a><f/><g k=''/><h/><i k='i'><j/><k k='k'/></i></R>");
   using List = int (*)(Node*, CStringArray*, const char*, bool);
@@ -58,7 +58,7 @@ TEST(Bulk, lists_attributes) {
   EXPECT_EQ(rytree_get_attributes(nullptr, &values, "k", 0), -1);
 }
 
-TEST(Bulk, collects_writes_and_removes_ints) {
+TEST(Bulk, CollectsWritesAndRemovesInts) {
   const char* const xml = "<R k='1'><a k='2'><b/><c k='x'/></a><d k='-1'/></R>";
   // the value, whether there is an array, whether to remove and the top
   for (const auto& [value, collects, remove, top, after, collected] : rows<6>(R"(
@@ -86,7 +86,7 @@ TEST(Bulk, collects_writes_and_removes_ints) {
   EXPECT_EQ(rytree_attribute_values(nullptr, "k", -5, nullptr, 1), -1);
 }
 
-TEST(Bulk, writes_leaves_by_node_id) {
+TEST(Bulk, WritesLeavesByNodeId) {
   const auto make = [] {
     return parse(R"(<R NodeID='1'><a NodeID='1'>t<b NodeID='2'/><c NodeID='1'>o</c></a><d NodeID='1'/><e/>
                     <f NodeID='x'/></R>)");
@@ -116,7 +116,7 @@ TEST(Bulk, writes_leaves_by_node_id) {
   EXPECT_EQ(vctree_set_values_by_nodeids(&tree, nullptr, &values), -2);
 }
 
-TEST(Bulk, sets_attributes_by_ids) {
+TEST(Bulk, SetsAttributesByIds) {
   const auto set = rytree_set_attributes;
   for (const auto& [id_list, value, attribute, match, recursive, result, after] : rows<7>(R"(
       1     | v | -      | - | 1 | 1 | <R><a #1 Show='v'><b #2/></a><c DataID='02' k='2'/><d #1 Show='v'/></R>

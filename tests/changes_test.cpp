@@ -12,7 +12,7 @@ CStringArray list(const std::vector<const char*>& strings) {
   return array;
 }
 
-TEST(Changes, mark_is_set_read_and_cleared) {
+TEST(Changes, MarkIsSetReadAndCleared) {
   RYXmlWrapperBase node = parse("<A OldName='n' Label='l'/>");
   EXPECT_EQ(rytree_node_changed(&node, 0, "old"), 0);
   EXPECT_EQ(rytree_node_changed(&node, 2, ""), 1);
@@ -23,7 +23,7 @@ TEST(Changes, mark_is_set_read_and_cleared) {
   EXPECT_EQ(text(node), text(parse("<A Label='l'/>")));
 }
 
-TEST(Changes, nodes_are_marked_against_a_list) {
+TEST(Changes, NodesAreMarkedAgainstAList) {
   // Each comparison starts with the marks of the one before, and none of them may stay.
   RYXmlWrapperBase tree = parse("<R>r<A>a</A><B>b<C OldName='n'>c</C></B><D OldValue='e'>d</D></R>");
   using R = Row<std::vector<const char*>, int, const char*>;
@@ -47,7 +47,7 @@ TEST(Changes, nodes_are_marked_against_a_list) {
   }
 }
 
-TEST(Changes, lists_of_ints_are_compared) {
+TEST(Changes, ListsOfIntsAreCompared) {
   HostIntArray a;
   HostIntArray b;
   a.array().Add(1);
@@ -58,7 +58,7 @@ TEST(Changes, lists_of_ints_are_compared) {
   EXPECT_EQ(ry_is_same(&a, &a), 1);
 }
 
-TEST(Changes, first_difference_of_lists) {
+TEST(Changes, FirstDifferenceOfLists) {
   using Strings = std::vector<const char*>;
   for (const auto& [strings, others, exact, ignoring_case] : Rows<Strings, Strings, int, int>{
            {{"a"}, {}, -2, -2}, {{"a", "b"}, {"a", "b"}, -1, -1}, {{"a", "É", "c"}, {"a", "é", "d"}, 1, 2}}) {
@@ -71,7 +71,7 @@ TEST(Changes, first_difference_of_lists) {
   }
 }
 
-TEST(Changes, bad_arguments) {
+TEST(Changes, BadArguments) {
   HostStringArray strings;
   HostIntArray ints;
   RYXmlWrapperBase dead = dead_node();

@@ -26,7 +26,7 @@ std::string texts(RYXmlWrapperBase node) {
   return result;
 }
 
-TEST(CompositeRange, layouts) {
+TEST(CompositeRange, Layouts) {
   // The type, the two IDs, and tag, label and DataID of each sub-node.
   for (const auto& [type, id, action, layout] : rows<4>(R"(
       2 | 44 | 1001 | X X 51 Y Y 52 ED Error 53
@@ -54,7 +54,7 @@ TEST(CompositeRange, layouts) {
   }
 }
 
-TEST(CompositeRange, counts_and_bad_input) {
+TEST(CompositeRange, CountsAndBadInput) {
   RYXmlWrapperBase tree = parse("<T/>");
   RYXmlWrapperBase dead = dead_node();
   RYXmlWrapperBase out;
@@ -74,7 +74,7 @@ TEST(CompositeRange, counts_and_bad_input) {
     EXPECT_EQ(number_of(at(out, {index}), "RepeatID"), id);
 }
 
-TEST(CompositeRange, repeat_number_after_a_sibling) {
+TEST(CompositeRange, RepeatNumberAfterASibling) {
   for (const auto& [before, id] :
        Rows<Text, int>{{"160", 176}, {"32767", 32783}, {"32768", 32768}, {"0", kNone}, {"x", kNone}}) {
     RYXmlWrapperBase parent = parse("<C><Range1/><Range3/></C>");
@@ -86,7 +86,7 @@ TEST(CompositeRange, repeat_number_after_a_sibling) {
   }
 }
 
-TEST(CompositeRange, interactive_options) {
+TEST(CompositeRange, InteractiveOptions) {
   // Options of the parent and the range, "Show" of "ED", and what is handed down.
   using R = Row<int, int, int, int>;
   for (const auto& [above, own, show, down] :
@@ -104,7 +104,7 @@ TEST(CompositeRange, interactive_options) {
   }
 }
 
-TEST(CompositeRange, renumbered) {
+TEST(CompositeRange, Renumbered) {
   using R = Row<Text, int, Text>;
   for (const auto& [before, rename, after] :
        Rows{R{"<C>t</C>", 0, "<C>t</C>"}, R{"<C>t</C>", 1, "<C>t</C>"},
@@ -120,7 +120,7 @@ TEST(CompositeRange, renumbered) {
   }
 }
 
-TEST(CompositeRange, values_written_and_read) {
+TEST(CompositeRange, ValuesWrittenAndRead) {
   // `reset` 2: nothing is written. The texts of the children after it, and those read from "abc".
   using R = Row<Text, int, int, int, int, Text, Text>;
   for (const auto& [xml, type, combine, reset, result, after, values] :
@@ -144,7 +144,7 @@ TEST(CompositeRange, values_written_and_read) {
   }
 }
 
-TEST(CompositeRange, plain_write) {
+TEST(CompositeRange, PlainWrite) {
   RYXmlWrapperBase tree = parse("<C><R RepeatID='1'/><R A='1'>t<X>8</X><X>9</X></R></C>");
   RYXmlWrapperBase range = at(tree, {1});
   EXPECT_EQ(rytree_set_composite_subrange_values(&range, "1", nullptr, "3", 5), 0);

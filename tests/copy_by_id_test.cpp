@@ -25,7 +25,7 @@ int copy(const std::string& by, Node s, Node d) {
   return rytree_whole_copy_values_by_id(s, d);
 }
 
-TEST(CopyById, copies_and_prunes) {
+TEST(CopyById, CopiesAndPrunes) {
   // The copy, its source and destination, the result and the destination after it unless it stays.
   for (const auto& [by, from, to, result, after] : rows<5>(R"(
     all No To 0 0 0 | <R><a No='1'>x</a><B No='2'><a/></B></R> | \
@@ -102,7 +102,7 @@ int copy_hooked(RYXmlWrapperBase& source, RYXmlWrapperBase& to, _SETVALUESBYIDS&
   return vctree_copy_values_by_id(&source, &to, 0, nullptr, nullptr, 1, &hook, keep, drop);
 }
 
-TEST(CopyById, a_hook_rewrites_values_at_and_below_its_node) {
+TEST(CopyById, AHookRewritesValuesAtAndBelowItsNode) {
   // the node of the hook, the source, the result or "throws", the destination
   for (const auto& [id, from, result, after] : rows<4>(R"(
       2 | <R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R> | 4 | \
@@ -132,7 +132,7 @@ TEST(CopyById, a_hook_rewrites_values_at_and_below_its_node) {
 }
 
 // Results, both trees and the calls of the hook, on two trees or one.
-TEST(CopyById, agrees_with_the_model_on_random_trees) {
+TEST(CopyById, AgreesWithTheModelOnRandomTrees) {
   shown.clear();
   for (unsigned seed = 1; seed <= 400 && !testing::Test::HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
@@ -173,7 +173,7 @@ TEST(CopyById, agrees_with_the_model_on_random_trees) {
   }
 }
 
-TEST(CopyById, deep_and_wide_trees) {
+TEST(CopyById, DeepAndWideTrees) {
   on_small_stack([] {
     RYXmlWrapperBase source = deep_tree(1024);
     RYXmlWrapperBase destination = deep_tree(1024);

@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "tests/tree_text.h"
+#include "tree_text.h"
 
 namespace {
 

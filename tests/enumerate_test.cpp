@@ -4,7 +4,7 @@
 #include <chrono>
 #include <climits>
 
-#include "tests/tree_text.h"
+#include "tree_text.h"
 
 namespace {
 

@@ -8,7 +8,7 @@ namespace {
 
 using Text = const char*;
 
-TEST(EscapedString, pieces) {
+TEST(EscapedString, Pieces) {
   using R = Row<int, int, char, char, int, char, int, Text>;
   for (const auto& [number, dot, kind, suffix, option, type, suffix_number, expected] :
        Rows{R{1, 0, '\0', '\0', 0, '\0', 0, "?$OP:A=1"}, R{2, 1, 'P', '\0', 0, '\0', 0, "?$OP:P=.2"},
@@ -23,14 +23,14 @@ TEST(EscapedString, pieces) {
   report_get_escaped_data_string(nullptr, 1, 0, 'P', 'X', 0x10002, 'C', 1);
 }
 
-TEST(EscapedString, label_of_a_data_set) {
+TEST(EscapedString, LabelOfADataSet) {
   CString out("old");
   EXPECT_EQ(report_get_set_data_string(&out, 0), 1);
   EXPECT_EQ(out, "?$OP:F=1Y");
   EXPECT_EQ(report_get_set_data_string(nullptr, 0), 1);
 }
 
-TEST(EscapedString, change_of_type) {
+TEST(EscapedString, ChangeOfType) {
   using R = Row<Text, int, Text>;
   for (const auto& [before, result, after] : Rows{R{"?$OP:P", 1, "?$OP:G"}, R{"?$OP:", 0, "?$OP:"},
                                                   R{"?$op:P=1", 0, "?$op:P=1"}, R{"ab?$OP:", 1, "ab?$OG:"}}) {

@@ -1,7 +1,7 @@
 // Thinning trees.
 #include <rytree_Utils/filter.h>
 
-#include "tests/search_model.h"
+#include "search_model.h"
 
 namespace {
 

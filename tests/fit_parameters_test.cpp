@@ -41,7 +41,7 @@ std::string grid(int count) {
   return text(parse((xml + "</Root>").GetString()));
 }
 
-TEST(FitParameters, grow_and_shrink_on_their_grid) {
+TEST(FitParameters, GrowAndShrinkOnTheirGrid) {
   RYXmlWrapperBase tree;
   for (const auto& [count, left] :
        Rows<int, int>{{3, 3}, {3, 3}, {2, 2}, {4, 4}, {-1, 4}, {INT_MIN, 4}, {0, 0}}) {
@@ -61,7 +61,7 @@ TEST(FitParameters, grow_and_shrink_on_their_grid) {
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10)) << "in step with the count";
 }
 
-TEST(VectorValues, are_found_as_by_one_search_each) {
+TEST(VectorValues, AreFoundAsByOneSearchEach) {
   std::mt19937 random(7);
   const auto below = [&random](int limit) { return static_cast<int>(random() >> 1) % limit; };
   for (int round = 0; round < 500; ++round) {
@@ -87,7 +87,7 @@ TEST(VectorValues, are_found_as_by_one_search_each) {
   }
 }
 
-TEST(VectorValues, blocks_of_the_element_type) {
+TEST(VectorValues, BlocksOfTheElementType) {
   RYXmlWrapperBase vector =
       parse("<Fixed><a>0</a><b>1</b><c>2</c><d>1.5</d><e>-1.23456789e-300</e><f>nan</f><g/><h>1</h></Fixed>");
   RYXmlWrapperBase lower = parse("<fixed><a>1</a></fixed>");
@@ -109,7 +109,7 @@ TEST(VectorValues, blocks_of_the_element_type) {
   EXPECT_EQ(left<HostIntArray>("", ints, &lower, 0), "0:");
 }
 
-TEST(VectorValues, reading_skips_empty_children) {
+TEST(VectorValues, ReadingSkipsEmptyChildren) {
   RYXmlWrapperBase vector = parse("<V><a>1</a><b/><c>x</c><d>1e+02</d><e><f/></e><g>7</g></V>");
   RYXmlWrapperBase dead = dead_node();
   const auto bools = rytree_value_from_tree_sub_nodes_to_vector_bool;
@@ -125,7 +125,7 @@ TEST(VectorValues, reading_skips_empty_children) {
   EXPECT_EQ(left<HostDoubleArray>("0", doubles, &dead), "-1: 0");
 }
 
-TEST(VectorValues, written_by_data_id_or_by_place) {
+TEST(VectorValues, WrittenByDataIdOrByPlace) {
   const auto write = [](RYXmlWrapperBase* node, HostArrayObject* array) {
     rytree_value_from_vec_double_to_tree_sub_nodes(array, node);
     rytree_value_from_vec_bool_to_tree_sub_nodes(array, node);
@@ -146,7 +146,7 @@ TEST(VectorValues, written_by_data_id_or_by_place) {
   }
 }
 
-TEST(VectorValues, at_most_999_are_written) {
+TEST(VectorValues, AtMost999AreWritten) {
   RYXmlWrapperBase vector = parse("<V DataID='1000'/>");
   HostBoolArray many;
   for (int i = 0; i < 1200; ++i) many.array().Add(i % 2 == 1);

@@ -36,14 +36,14 @@ void expect_opening(Array* (*open)(HostArrayObject*), int code) {
   EXPECT_EQ(asked.code, code);
 }
 
-TEST(HostArrays, open_by_code) {
+TEST(HostArrays, OpenByCode) {
   expect_opening<HostStringArray>(open_strings, 0x1001B);
   expect_opening<HostIntArray>(open_ints, 0x10008);
   expect_opening<HostDoubleArray>(open_doubles, 0x1000B);
   expect_opening<HostBoolArray>(open_bools, 0x10002);
 }
 
-TEST(RangeLabel, is_loaded_until_there_is_one) {
+TEST(RangeLabel, IsLoadedUntilThereIsOne) {
   std::string labels;
   for (const char* const given : {"", "Range", "Other"}) {
     message = given;

@@ -13,7 +13,7 @@ std::string entries(const CArray<int, int>& ids, const CStringArray& values) {
   return std::string(all.View());
 }
 
-TEST(Harvest, reads_values_with_ids) {
+TEST(Harvest, ReadsValuesWithIds) {
   // The tree, how to read it, the entries, the message and the tree after it unless it stays. F is not
   // recursive, C changed only, B not all branches, N by the attribute "No"; a number is the repeat in force.
   for (const auto& [before, flags, found, message, after] : rows<5>(R"(
@@ -80,7 +80,7 @@ TEST(Harvest, reads_values_with_ids) {
   }
 }
 
-TEST(Harvest, labels_and_the_error_text_are_not_emptied) {
+TEST(Harvest, LabelsAndTheErrorTextAreNotEmptied) {
   RYXmlWrapperBase tree = parse_ids("<R><a #1/><a/><B #2 Label=''><a #3 Label='l'/></B></R>");
   HostIntArray ids;
   HostStringArray values;
@@ -95,7 +95,7 @@ TEST(Harvest, labels_and_the_error_text_are_not_emptied) {
   EXPECT_EQ(error, "former");
 }
 
-TEST(Harvest, combines_ids_and_repeats) {
+TEST(Harvest, CombinesIdsAndRepeats) {
   const Rows<int, int, int, int, int, int> cases = {{0, 7, 3, 3, 0x30007, -9},
                                                     {0, 7, 0x10003, 3, 0x30007, -9},
                                                     {0, -1, 3, 0, -1, -9},
@@ -126,7 +126,7 @@ TEST(Harvest, combines_ids_and_repeats) {
   EXPECT_EQ(rytree_combine_treenode_id_with_repeat_id(nullptr, nullptr, nullptr, 1), 0);
 }
 
-TEST(Harvest, refuses_bad_arguments) {
+TEST(Harvest, RefusesBadArguments) {
   RYXmlWrapperBase tree = parse_ids("<R><a #1>x</a></R>");
   RYXmlWrapperBase dead = dead_node();
   HostIntArray ids;

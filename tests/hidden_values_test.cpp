@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(HiddenValues, reset_by_node_id) {
+TEST(HiddenValues, ResetByNodeId) {
   const auto tree_of = [](const std::string& a, const std::string& b, const char* use, const std::string& d) {
     return parse("<R><A _NodeID='10' DataID='3'>" + a + "</A><B _NodeID='13' DataID='4'>" + b +
                  "</B><C _NodeID='268435456' DataID='5' Use='" + use + "'><D _NodeID='10' DataID='3'>" + d +
@@ -28,7 +28,7 @@ TEST(HiddenValues, reset_by_node_id) {
   EXPECT_EQ(rytree_GETN_reset_hidden_values(&tree, &no_ids, true), 0);
 }
 
-TEST(HiddenValues, search_is_a_scan_that_gives_up) {
+TEST(HiddenValues, SearchIsAScanThatGivesUp) {
   std::mt19937 random(20240607);
   RYXmlWrapperBase node = parse("<R><A _NodeID='10'/></R>");
   RYXmlWrapperBase child = at(node, {0});

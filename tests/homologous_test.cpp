@@ -118,7 +118,7 @@ void agree(const Node& first, const Node& second, int form, const Copy& copy) {
   ASSERT_EQ(run(true), run(false)) << text(first) << text(second) << form;
 }
 
-TEST(Homologous, copies_by_attribute_and_tag_agree_with_the_slow_way) {
+TEST(Homologous, CopiesByAttributeAndTagAgreeWithTheSlowWay) {
   Trees trees;
   const std::vector<const char*> names = {nullptr, "Show", "DataID", "k", "x", "", "1x"};
   for (int round = 0; round < 3000 && !HasFailure(); ++round) {
@@ -144,7 +144,7 @@ TEST(Homologous, copies_by_attribute_and_tag_agree_with_the_slow_way) {
   }
 }
 
-TEST(Homologous, copies_as_far_as_the_shapes_agree) {
+TEST(Homologous, CopiesAsFarAsTheShapesAgree) {
   const char* const source = "<R k='1'><a L='s'>1</a><b L='s'>2<c L='s'>3</c></b><d L='s'>4</d></R>";
   CStringArray keep;
   for (const char* const name : {"none", "L", "1x"}) keep.Add(name);
@@ -178,7 +178,7 @@ TEST(Homologous, copies_as_far_as_the_shapes_agree) {
   EXPECT_EQ(plain(nullptr, &dest, 1), -1);
 }
 
-TEST(Homologous, matching_gives_the_result_of_the_last_step) {
+TEST(Homologous, MatchingGivesTheResultOfTheLastStep) {
   // the source, whether recursive, whether all, the result and the target after it
   for (const auto& [from, recursive, all, result, after] : rows<5>(R"(
       // a branch without a match replaces the match before it; not so without recursion or all
@@ -203,7 +203,7 @@ TEST(Homologous, matching_gives_the_result_of_the_last_step) {
   }
 }
 
-TEST(Homologous, copies_single_attributes) {
+TEST(Homologous, CopiesSingleAttributes) {
   Node source = parse("<R k='1'><a k='2'><b k=''/></a><c/></R>");
   for (const auto& [before, skip_top, result, after] : rows<4>(R"(
       <R k='o'><p><q/><z/></p></R>           | 0 | 3 | <R k='1'><p k='2'><q k=''/><z/></p></R>
@@ -226,7 +226,7 @@ TEST(Homologous, copies_single_attributes) {
   }
 }
 
-TEST(Homologous, bad_nodes_give_nothing) {
+TEST(Homologous, BadNodesGiveNothing) {
   Node tree = parse("<R k='1'><a k='1' Branch='1'/></R>");
   Node dead = dead_node();
   for (Node* const bad : {static_cast<Node*>(nullptr), &dead}) {

@@ -5,7 +5,7 @@
 namespace {
 
 // IDs in rows, in strides and under many repeat numbers; a search that degrades would take minutes.
-TEST(IdIndex, finds_the_first_place_quickly) {
+TEST(IdIndex, FindsTheFirstPlaceQuickly) {
   for (const unsigned stride : {1u, 7u, 8u, 16u, 0x1000u, 0x10000u, 0x10001u, 12776u, 0xFFFFFFFFu}) {
     CArray<int, int> ids;
     for (unsigned at = 0; at < 60000; ++at) ids.Add(static_cast<int>(at * stride));

@@ -4,7 +4,7 @@
 
 using Text = const char*;
 
-TEST(InputData, branch) {
+TEST(InputData, Branch) {
   HostStringArray tags;
   HostStringArray labels;
   for (const Text name : {"A", "B", "", "D", "D"}) tags.array().Add(name);
@@ -33,7 +33,7 @@ TEST(InputData, branch) {
   }
 }
 
-TEST(InputData, bad_arguments) {
+TEST(InputData, BadArguments) {
   RYXmlWrapperBase tree = parse("<T/>");
   RYXmlWrapperBase dead = dead_node();
   HostStringArray names;

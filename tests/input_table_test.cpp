@@ -35,7 +35,7 @@ class InputTable : public testing::Test {
   RYXmlWrapperBase parameters_ = parse("<P><v>0.5</v><b><v>2</v></b><v>x</v><v>5</v><v>6</v><v>7</v></P>");
 };
 
-TEST_F(InputTable, cells_follow_the_weight_method) {
+TEST_F(InputTable, CellsFollowTheWeightMethod) {
   const std::string weight = cell("C5", "126976", "Weight Data", "?$OP:P=1W3");
   const std::string ab = cell("C6", "131072", "a", "0.5") + "<C7 _NodeID=\"131073\" Label=\"b\"/>";
   const std::string c = cell("C8", "131074", "c", "2");
@@ -50,7 +50,7 @@ TEST_F(InputTable, cells_follow_the_weight_method) {
   }
 }
 
-TEST_F(InputTable, xyz_names_and_parameter_blocks) {
+TEST_F(InputTable, XyzNamesAndParameterBlocks) {
   using R = Row<int, bool, int, int, Text, Text>;
   for (const auto& [index, dependent, pass, block, letter, b] :
        Rows{R{0, false, 0, 0, "X", ""}, R{7, false, 0, 0, "Y", ""}, R{7, true, 0, 1, "Z", "5"},
@@ -64,7 +64,7 @@ TEST_F(InputTable, xyz_names_and_parameter_blocks) {
   }
 }
 
-TEST_F(InputTable, words_are_cut_to_32_bits) {
+TEST_F(InputTable, WordsAreCutTo32Bits) {
   using R = Row<int, int, int, Text, Text, Text>;
   for (const auto& [data, position, variables, expected, id, set] :
        Rows{R{1, 0, 2, "R3", "536938348", "2"}, R{0x2000, 70000, 1, "R78193", "536877276", "8193"},
@@ -91,7 +91,7 @@ struct Arrays {
   }
 };
 
-TEST_F(InputTable, later_passes_write_over_earlier_ones) {
+TEST_F(InputTable, LaterPassesWriteOverEarlierOnes) {
   // The second pass finds no number for a and leaves that of the first; from the third on there is no method.
   for (const auto& [sets, method] :
        Rows<int, Text>{{2, "Variance = a*y^b"}, {3, "No Weighting"}, {INT_MAX, "No Weighting"}}) {
@@ -108,14 +108,14 @@ TEST_F(InputTable, later_passes_write_over_earlier_ones) {
   }
 }
 
-TEST_F(InputTable, methods_and_blocks_of_each_pass_and_variable) {
+TEST_F(InputTable, MethodsAndBlocksOfEachPassAndVariable) {
   Arrays({"y", "z"}, {}, {0, 0, 15, 6}).update(&table_, 2, 2, 0, &parameters_);
   EXPECT_EQ(at(table_, {1}).GetNodeCount(), 6);  // its block is after the last parameter
   EXPECT_EQ(text(at(table_, {0, 3})), "<C4 _NodeID=\"118784\" Label=\"Weight Type\"/>");
   EXPECT_EQ(text(at(table_, {1, 4})), "<C6 _NodeID=\"131072\" Label=\"a\"/>");
 }
 
-TEST_F(InputTable, bad_arguments) {
+TEST_F(InputTable, BadArguments) {
   Arrays arrays({"y"}, {"x"}, {});
   RYXmlWrapperBase dead = dead_node();
   for (RYXmlWrapperBase* const table : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
@@ -135,7 +135,7 @@ TEST_F(InputTable, bad_arguments) {
                 "</T>");
 }
 
-TEST_F(InputTable, many_variables) {
+TEST_F(InputTable, ManyVariables) {
   constexpr int kCount = 20'000;
   Arrays arrays({}, {}, std::vector<int>(kCount, 6));
   RYXmlWrapperBase parameters = parse("<P/>");

@@ -1,7 +1,7 @@
 // Flat branches as lines of text.
 #include <rytree_Utils/key_value.h>
 
-#include "tests/tree_text.h"
+#include "tree_text.h"
 
 namespace {
 

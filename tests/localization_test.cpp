@@ -28,7 +28,7 @@ void check_in(const std::string& folder, void (*check)()) {
   EXPECT_EXIT((check(), std::exit(testing::Test::HasFailure() ? 1 : 0)), testing::ExitedWithCode(0), "");
 }
 
-TEST(Localization, flag_blocks_it) {
+TEST(Localization, FlagBlocksIt) {
   bool value = true;
   EXPECT_FALSE(VCTreeAccessBlockLocalization(&value, true));
   EXPECT_FALSE(value);
@@ -40,7 +40,7 @@ TEST(Localization, flag_blocks_it) {
   EXPECT_TRUE(value);
 }
 
-TEST(Localization, module_is_kept_until_the_release) {
+TEST(Localization, ModuleIsKeptUntilTheRelease) {
   check_in("present", [] {
     const std::string data = "Data";
     bool block = true;
@@ -56,7 +56,7 @@ TEST(Localization, module_is_kept_until_the_release) {
   });
 }
 
-TEST(Localization, unload_of_the_library_frees_the_module) {
+TEST(Localization, UnloadOfTheLibraryFreesTheModule) {
   check_in("present", [] {
     for (int round = 0; round < 2; ++round) {
       void* const library = dlopen(LIBRARY_PATH, RTLD_NOW | RTLD_LOCAL);
@@ -76,7 +76,7 @@ TEST(Localization, unload_of_the_library_frees_the_module) {
   });
 }
 
-TEST(Localization, missing_module_is_remembered) {
+TEST(Localization, MissingModuleIsRemembered) {
   check_in("missing", [] {
     const std::filesystem::path late = module_of("missing");
     std::filesystem::remove(late);
@@ -90,7 +90,7 @@ TEST(Localization, missing_module_is_remembered) {
   });
 }
 
-TEST(Localization, module_without_entry_is_let_go) {
+TEST(Localization, ModuleWithoutEntryIsLetGo) {
   check_in("without_entry", [] {
     EXPECT_STREQ(report_localized_text("Data"), "Data");
     EXPECT_FALSE(is_loaded(module_of("without_entry")));

@@ -9,7 +9,7 @@ namespace {
 
 using Text = const char*;
 
-TEST(Numbers, under_all_filters) {
+TEST(Numbers, UnderAllFilters) {
   using R = Row<DWORD, Text, Text>;
   for (const auto& [flags, attribute, order] :
        Rows{R{0, nullptr, "ABCDEFG"}, R{0x40001, nullptr, "ABCEFG"}, R{0x400FF, "", "ABCDEFG"},
@@ -26,7 +26,7 @@ TEST(Numbers, under_all_filters) {
   }
 }
 
-TEST(Numbers, counter_and_levels) {
+TEST(Numbers, CounterAndLevels) {
   RYXmlWrapperBase tree = parse("<R><A><B><C/></B></A><D/></R>");
   constexpr int kMax = INT_MAX;
   using R = Row<int, int, int, int, Text, int>;
@@ -42,7 +42,7 @@ TEST(Numbers, counter_and_levels) {
   }
 }
 
-TEST(Ids, node_id_or_data_id) {
+TEST(Ids, NodeIdOrDataId) {
   RYXmlWrapperBase tree = parse(
       "<R _NodeID=\"1\" DataID=\"1\"><A _NodeID=\"5\" DataID=\"2\"><B DataID=\"5\"/><C _NodeID=\"3\"/></A>"
       "<D DataID=\"3\"/></R>");
@@ -55,7 +55,7 @@ TEST(Ids, node_id_or_data_id) {
   }
 }
 
-TEST(Tags, start_node_first) {
+TEST(Tags, StartNodeFirst) {
   RYXmlWrapperBase tree = parse("<A><B><a/></B><C><b/><É/></C></A>");
   using R = Row<Text, bool, bool, bool, Text>;
   for (const auto& [wanted, recursive, exact, leaves, found] :
@@ -69,7 +69,7 @@ TEST(Tags, start_node_first) {
   }
 }
 
-TEST(Root, from_below) {
+TEST(Root, FromBelow) {
   RYXmlWrapperBase tree = parse("<R><A><B/></A></R>");
   RYXmlWrapperBase node = at(tree, {0, 0});
   RYXmlWrapperBase invalid;
@@ -80,7 +80,7 @@ TEST(Root, from_below) {
   EXPECT_EQ(rytree_get_root_node(&invalid, &invalid), 0);
 }
 
-TEST(CheckGet, by_tag) {
+TEST(CheckGet, ByTag) {
   using R = Row<Text, int, Text, Text, Text>;
   for (const auto& [wanted, id, attribute, value, xml] :
        Rows{R{"A", 7, "k", "v", "<R><A k=\"v\"/><A/></R>"}, R{"A", 0, nullptr, "v", "<R><A/><A/></R>"},
@@ -99,7 +99,7 @@ TEST(CheckGet, by_tag) {
   }
 }
 
-TEST(CheckGet, by_attribute) {
+TEST(CheckGet, ByAttribute) {
   const RYXmlWrapperBase tree = parse("<R><A k=\"a\"><B k=\"two b\"/></A></R>");
   using R = Row<Text, int, Text>;
   for (const auto& [value, find, found] :
@@ -111,7 +111,7 @@ TEST(CheckGet, by_attribute) {
   EXPECT_EQ(text(tree), "<R><A k=\"a\"><B k=\"two b\"/></A><two_b k=\"two b\"/><A k=\"A\"/></R>");
 }
 
-TEST(CheckGet, by_data_id) {
+TEST(CheckGet, ByDataId) {
   using R = Row<int, Text, Text>;
   for (const auto& [id, found, made] :
        Rows{R{2, "A", ""}, R{3, "N", "<N k=\"v\" DataID=\"3\"/>"}, R{0, "N", "<N k=\"v\"/>"}}) {
@@ -125,7 +125,7 @@ TEST(CheckGet, by_data_id) {
   }
 }
 
-TEST(Find, value_depth_and_repeat) {
+TEST(Find, ValueDepthAndRepeat) {
   const RYXmlWrapperBase tree = parse(
       "<R DataID=\"7\"><P DataID=\"7\" RepeatID=\"6\"><Q DataID=\"7\"/></P><S DataID=\"7\" RepeatID=\"5\"/>"
       "<T DataID=\"x\"><U><V DataID=\"8\"/></U><W DataID=\"9\" RepeatID=\"40000\"/></T>"
@@ -142,7 +142,7 @@ TEST(Find, value_depth_and_repeat) {
   }
 }
 
-TEST(Find, chain_of_ancestors) {
+TEST(Find, ChainOfAncestors) {
   const RYXmlWrapperBase tree = parse(
       "<R><O><G DataID=\"7\"><P DataID=\"3\" RepeatID=\"1\"><X DataID=\"5\"/></P><Q DataID=\"3\" "
       "RepeatID=\"2\">"
@@ -162,7 +162,7 @@ TEST(Find, chain_of_ancestors) {
   }
 }
 
-TEST(RepeatId, written_without_bound_read_with_one) {
+TEST(RepeatId, WrittenWithoutBoundReadWithOne) {
   using R = Row<int, int, int>;
   for (const auto& [written, valid, read] :
        Rows{R{1, 1, 1}, R{32767, 1, 32767}, R{32768, 0, 32768}, R{0, 0, -1}, R{-7, 0, -1}}) {
@@ -178,7 +178,7 @@ TEST(RepeatId, written_without_bound_read_with_one) {
   EXPECT_EQ(id, 0);
 }
 
-TEST(TagPath, reading_makes_nothing_writing_makes_the_path) {
+TEST(TagPath, ReadingMakesNothingWritingMakesThePath) {
   RYXmlWrapperBase tree = parse("<R><A>no number</A></R>");
   int number = 7;
   double real = 7.5;
@@ -205,7 +205,7 @@ TEST(TagPath, reading_makes_nothing_writing_makes_the_path) {
   EXPECT_EQ(vector.values[0], 1.5);
 }
 
-TEST(TagPath, ends) {
+TEST(TagPath, Ends) {
   RYXmlWrapperBase tree = parse("<R><A/></R>");
   RYXmlWrapperBase out(at(tree, {0}));
   EXPECT_EQ(tmxfu_tree_check_get_node(out, tree, "B", "1", "C", nullptr), 0);
@@ -218,7 +218,7 @@ TEST(TagPath, ends) {
   EXPECT_EQ(out, tree);
 }
 
-TEST(Lookup, bad_arguments) {
+TEST(Lookup, BadArguments) {
   RYXmlWrapperBase tree = parse("<R/>");
   RYXmlWrapperBase dead = dead_node();
   RYXmlWrapperBase none;
@@ -251,7 +251,7 @@ TEST(Lookup, bad_arguments) {
   EXPECT_EQ(text(tree), "<R/>");
 }
 
-TEST(Lookup, deep_trees) {
+TEST(Lookup, DeepTrees) {
   on_small_stack([] {
     RYXmlWrapperBase tree = deep_tree(1024);
     RYXmlWrapperBase leaf;

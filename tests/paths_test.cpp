@@ -2,7 +2,7 @@
 #include <rytree_Utils/paths.h>
 
 #include "frame/children.h"
-#include "tests/tree_text.h"
+#include "tree_text.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "tree_text.h"
 
-TEST(PlotIdentity, read_written_and_copied) {
+TEST(PlotIdentity, ReadWrittenAndCopied) {
   RYXmlWrapperBase source = parse("<A DataMarkerID='4'/>");
   RYXmlWrapperBase target = parse("<B PlotObjUID='5'/>");
   int id = 77;

@@ -42,7 +42,7 @@ std::string looped(const RYXmlWrapperBase& tree) {
   return result;
 }
 
-TEST(RangeIterators, both_forms) {
+TEST(RangeIterators, BothForms) {
   for (const auto& [xml, walk, loop] : rows<3>(R"(
       <T/> | 00 |
       <T><S/></T> | 00 |

@@ -3,7 +3,7 @@
 
 #include <rytree_host/ryUtils.h>
 
-#include "tests/transfer_model.h"
+#include "transfer_model.h"
 
 /// The array of a list "a|b"; "" is the empty array.
 inline CStringArray listed(const char* list) {

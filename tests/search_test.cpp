@@ -4,7 +4,7 @@
 #include <climits>
 
 #include "frame/decimal.h"
-#include "tests/search_model.h"
+#include "search_model.h"
 
 namespace {
 

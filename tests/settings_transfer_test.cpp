@@ -7,7 +7,7 @@ namespace {
 
 using SettingsTransfer = ProgramTest;
 
-TEST_F(SettingsTransfer, values_theme_marks_and_report) {
+TEST_F(SettingsTransfer, ValuesThemeMarksAndReport) {
   write("source.xml",
         R"(<S><A DataID="1">für 日本</A>
 <B DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1" DynaUseChck="0">7</C></B>
@@ -45,7 +45,7 @@ result    result.xml
       R"(<node8388612>abcdefghijklmnopqrstuvwxyz</node8388612><node8388613/><node9>9</node9></Settings>)");
 }
 
-TEST_F(SettingsTransfer, other_ids_onto_the_target_itself) {
+TEST_F(SettingsTransfer, OtherIdsOntoTheTargetItself) {
   write("source.xml", "<S><A Id='1' DataID='2'>new</A></S>");
   write("target.xml", "<S><A Id='2'>b</A><A Id='1'>a</A></S>");
   ASSERT_EQ(run("--id-attribute Id source.xml target.xml target.xml folder/theme.xml"), 0) << err;
@@ -53,7 +53,7 @@ TEST_F(SettingsTransfer, other_ids_onto_the_target_itself) {
   EXPECT_NE(tree("folder/theme.xml").find("<node1>new</node1>"), std::string::npos);
 }
 
-TEST_F(SettingsTransfer, failures_change_no_file) {
+TEST_F(SettingsTransfer, FailuresChangeNoFile) {
   write("good.xml", "<S><A DataID='1'>new</A></S>");
   write("target.xml", "<S><A DataID='1'>old</A></S>");
   write("none.xml", "<S><A/></S>");
@@ -83,7 +83,7 @@ TEST_F(SettingsTransfer, failures_change_no_file) {
   }
 }
 
-TEST_F(SettingsTransfer, report_on_the_example_data_fits_a_screen) {
+TEST_F(SettingsTransfer, ReportOnTheExampleDataFitsAScreen) {
   ASSERT_EQ(run("'" DATA_PATH "/settings_v1.xml' '" DATA_PATH "/settings_v2.xml' r.xml"), 0) << err;
   EXPECT_NE(out.find("\nchanged   118 nodes (marked with OldValue), 23 attributes\n"), std::string::npos)
       << out;

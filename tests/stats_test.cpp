@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kDoubles = 19;  // Mean to WeightSum, one after the other
 
-TEST(Stats, results_are_under_their_tags) {
+TEST(Stats, ResultsAreUnderTheirTags) {
   std::istringstream tags(
       "N Missing Mean SD SEM LCL UCL Variance Sum Skewness Kurtosis UncorSumSq CorSumSq COV MAD SDx2 SDx3 "
       "GeoMean GeoSD Mode WeightSum");
@@ -33,7 +33,7 @@ TEST(Stats, results_are_under_their_tags) {
   EXPECT_EQ(text(copy), wanted);
 }
 
-TEST(Stats, missing_results_read_as_defaults) {
+TEST(Stats, MissingResultsReadAsDefaults) {
   // A value that cannot be read leaves the field.
   RYXmlWrapperBase tree = parse("<Root><Results><N>x</N><SD>y</SD></Results></Root>");
   RYXmlWrapperBase empty = parse("<Root/>");
@@ -57,7 +57,7 @@ TEST(Stats, missing_results_read_as_defaults) {
   rytree_stats_get_set_stats_results(nullptr, &record, &ends[0], &ends[1], 0);
 }
 
-TEST(Stats, arrays_are_made_in_both_directions) {
+TEST(Stats, ArraysAreMadeInBothDirections) {
   RYXmlWrapperBase tree = parse("<Root/>");
   HostDoubleArray array;
   HostIntArray ints;
@@ -79,7 +79,7 @@ TEST(Stats, arrays_are_made_in_both_directions) {
   EXPECT_EQ(array.array()[1], -2);
 }
 
-TEST(Stats, bins_and_boxes) {
+TEST(Stats, BinsAndBoxes) {
   RYXmlWrapperBase tree = parse("<Root/>");
   const auto all = [&tree](double* values, int get, int null) {
     const auto at = [&](int i) { return i == null ? nullptr : values + i; };
@@ -103,7 +103,7 @@ TEST(Stats, bins_and_boxes) {
   }
 }
 
-TEST(Stats, box_nodes_and_automatic_bins) {
+TEST(Stats, BoxNodesAndAutomaticBins) {
   RYXmlWrapperBase tree = parse("<Root><Bin><Auto>x</Auto></Bin></Root>");
   RYXmlWrapperBase none;
   RYXmlWrapperBase out = tree;

@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(ThemeLookup, finds_by_low_half_of_either_id) {
+TEST(ThemeLookup, FindsByLowHalfOfEitherId) {
   RYXmlWrapperBase tree = parse(
       "<R DataID='1'><a DataID='74565'><b _NodeID='131073'/></a><c DataID='1'><d DataID='7'/><e/></c>"
       "<f _NodeID='5' DataID='6'/><g><h DataID='9'/></g><i DataID='-1'/><j _NodeID='6'/></R>");
@@ -28,7 +28,7 @@ TEST(ThemeLookup, finds_by_low_half_of_either_id) {
   EXPECT_EQ(rytree_theme_tree_get_node_by_id(&dead, nullptr, 1, 9, true), 0);
 }
 
-TEST(ThemeLookup, finds_children_by_index) {
+TEST(ThemeLookup, FindsChildrenByIndex) {
   using R = Row<int, int, int, bool, int, const char*>;
   for (const auto& [id, index, depth, recursive, result, ends] :
        Rows{R{1, 1, 0, true, 1, "b"}, R{1, 3, 0, true, 1, "d"}, R{1, 4, 0, true, 0, "a"},
@@ -40,7 +40,7 @@ TEST(ThemeLookup, finds_children_by_index) {
   }
 }
 
-TEST(ThemeLookup, reads_rectangles) {
+TEST(ThemeLookup, ReadsRectangles) {
   const auto range = rytree_theme_tree_get_range_from_range_style;
   using R = Row<const char*, int, std::array<int, 4>>;
   for (const auto& [sides, result, expected] :

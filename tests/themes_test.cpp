@@ -29,7 +29,7 @@ struct Pairs {
   }
 };
 
-TEST(Theme, replaces_what_the_node_held) {
+TEST(Theme, ReplacesWhatTheNodeHeld) {
   Pairs pairs({51, -3, 51}, {"a", "", "ü"});
   Pairs labels({}, {"L", ""});
   RYXmlWrapperBase tree = parse("<R><A Comment='x' DataID='1'>t<node1/></A><B/></R>");
@@ -44,7 +44,7 @@ TEST(Theme, replaces_what_the_node_held) {
                         R"(<node-3 Label=""/><node51>ü</node51></Settings><B/></R>)");
 }
 
-TEST(Theme, refuses_arrays_that_do_not_fit) {
+TEST(Theme, RefusesArraysThatDoNotFit) {
   using R = Row<std::vector<int>, std::vector<Text>>;
   for (const auto& [ids, values] : Rows{R{{}, {}}, R{{1}, {"a", "b"}}, R{{1, 2}, {"a"}}}) {
     Pairs bad(ids, values);
@@ -58,7 +58,7 @@ TEST(Theme, refuses_arrays_that_do_not_fit) {
   EXPECT_FALSE(rytree_set_theme(&bottom, &pairs.ids, &pairs.values, "c"));
 }
 
-TEST(Theme, read_from_any_branch) {
+TEST(Theme, ReadFromAnyBranch) {
   RYXmlWrapperBase theme = parse(
       "<Any><node>a</node><node12x>b</node12x><Foo>c</Foo><xnode7/><Node8/><node-3>d<node4>e</node4></node-3>"
       "<node99999999999/><node-99999999999/></Any>");
@@ -70,7 +70,7 @@ TEST(Theme, read_from_any_branch) {
   EXPECT_EQ(pairs.shown(), "7 0 12 0 0 0 -3 2147483647 -2147483648 [first][a][b][c][][][d][][]");
 }
 
-TEST(SavedValues, come_back_from_a_file) {
+TEST(SavedValues, ComeBackFromAFile) {
   const std::string name = testing::TempDir() + "themes_test_" + std::to_string(getpid()) + ".xml";
   const Text path = name.c_str();
   Pairs pairs({5, INT_MIN, 5}, {"a\n b", "", "日本"});
@@ -87,7 +87,7 @@ TEST(SavedValues, come_back_from_a_file) {
   std::filesystem::remove(name);
 }
 
-TEST(SavedValues, stops_of_the_plain_layer) {
+TEST(SavedValues, StopsOfThePlainLayer) {
   const std::string nowhere = testing::TempDir() + "no such folder/themes_test.xml";
   const Text path = nowhere.c_str();
   RYXmlWrapperBase dead = dead_node();
@@ -121,7 +121,7 @@ TEST(SavedValues, stops_of_the_plain_layer) {
   EXPECT_EQ(good.shown(), "1 ");
 }
 
-TEST(ThemeAttributes, type_and_file_name) {
+TEST(ThemeAttributes, TypeAndFileName) {
   RYXmlWrapperBase node = parse("<A ThemeFile='x' ThemeType='7'/>");
   CString file;
   EXPECT_TRUE(rytree_tree_get_theme_file_name(&node, &file));

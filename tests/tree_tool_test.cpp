@@ -24,7 +24,7 @@ class TreeTool : public ProgramTest {
   TreeTool() { write("t.xml", kTree); }
 };
 
-TEST_F(TreeTool, looks) {
+TEST_F(TreeTool, Looks) {
   const Rows<const char*, const char*> rows = {
       {"show t.xml", R"(row  level  node       label   value
   1      0  Root
@@ -52,7 +52,7 @@ TEST_F(TreeTool, looks) {
   }
 }
 
-TEST_F(TreeTool, colours_and_fits_a_terminal_only) {
+TEST_F(TreeTool, ColoursAndFitsATerminalOnly) {
   if (shell("script -qec true /dev/null </dev/null") != 0)
     GTEST_SKIP() << "no terminal to be had here: " << err;
   write("t.xml", "<Root><A Label='" + std::string(90, 'l') + "'>" + std::string(90, 'v') + "</A></Root>");
@@ -67,7 +67,7 @@ TEST_F(TreeTool, colours_and_fits_a_terminal_only) {
             "  ^[2m2^[0m      ^[2m1^[0m  ^[1m  A^[0m   ^[36m" + label + "^[0m  ^[32m" + value + "^[0m\n");
 }
 
-TEST_F(TreeTool, changes) {
+TEST_F(TreeTool, Changes) {
   for (const auto& [arguments, done, left] : rows<3>(R"(
       filter t.xml --data-id 1 --attribute Name --text LPHA | removed 4 of 12 nodes | $Set$Empty
       filter t.xml --data-id 1 --attribute Name --text lpha --start | removed 9 of 12 nodes | $Empty
@@ -111,7 +111,7 @@ TEST_F(TreeTool, changes) {
   EXPECT_EQ(tree("t.xml"), filled(R"($Plot$Set<Empty A="1"><E/></Empty>)"));
 }
 
-TEST_F(TreeTool, failures_change_no_file) {
+TEST_F(TreeTool, FailuresChangeNoFile) {
   write("bare.xml", "<Root DataID='1'/>");
   const auto before = files();
   for (const auto& [status, arguments, reason] : rows<3>(R"(
@@ -151,7 +151,7 @@ TEST_F(TreeTool, failures_change_no_file) {
   }
 }
 
-TEST_F(TreeTool, help_on_the_program_and_on_each_command) {
+TEST_F(TreeTool, HelpOnTheProgramAndOnEachCommand) {
   ASSERT_EQ(run("--help"), 0);
   const std::string help = out;
   for (const std::string command :

@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(Values, of_all_children) {
+TEST(Values, OfAllChildren) {
   RYXmlWrapperBase tree = parse("<R>t<C>1</C><C/><C>2<D>3</D></C></R>");
   CStringArray values;
   values.Add("old");
@@ -13,7 +13,7 @@ TEST(Values, of_all_children) {
   EXPECT_EQ(values[0] + "|" + values[1] + "|" + values[2] + "|" + values[3], "old|1||2");
 }
 
-TEST(Values, of_a_branch) {
+TEST(Values, OfABranch) {
   RYXmlWrapperBase tree = parse("<R>own<A>1</A><B>two<C>3</C><D/></B></R>");
   using R = Row<RYXmlWrapperBase, int, const char*>;
   for (const auto& [node, children_only, expected] :

@@ -2,7 +2,7 @@
 
 #include "tree_text.h"
 
-TEST(VariableNode, input_and_output) {
+TEST(VariableNode, InputAndOutput) {
   // Input, output, and the same when strict.
   for (const auto& [inside, answers] : rows<2>(R"(
        | ----
@@ -21,7 +21,7 @@ TEST(VariableNode, input_and_output) {
   }
 }
 
-TEST(InteractiveOptions, nearest_setting_wins) {
+TEST(InteractiveOptions, NearestSettingWins) {
   const RYXmlWrapperBase root = parse(
       "<A><B InteractiveOptions='6'><C><D/></C><C InteractiveOptions='0'/><C InteractiveOptions='x'/></B>"
       "<B InteractiveOptions='-2147483648'/></A>");

@@ -6,7 +6,7 @@ namespace {
 
 using Text = const char*;
 
-TEST(WeightMethods, names_and_needs) {
+TEST(WeightMethods, NamesAndNeeds) {
   CString listed;
   CStringArray names;
   for (int method = -1; method < 16; ++method) {
@@ -59,7 +59,7 @@ int update(RYXmlWrapperBase& node, const Update& with, unsigned long& change) {
                                                disable);
 }
 
-TEST(WeightNode, follows_its_method) {
+TEST(WeightNode, FollowsItsMethod) {
   RYXmlWrapperBase tree = parse("<P Combo='A|B'/>");
   // The arguments, the result and the change; then the method, what is shown, the combo and the data.
   using R = Row<Update, int, unsigned, int, Text, Text, Text>;
@@ -78,7 +78,7 @@ TEST(WeightNode, follows_its_method) {
   }
 }
 
-TEST(WeightNode, text_in_place_of_a_method_is_not_method_0) {
+TEST(WeightNode, TextInPlaceOfAMethodIsNotMethod0) {
   RYXmlWrapperBase tree =
       parse("<P><WeightMethod _NodeID='3'>x</WeightMethod><WeightA _NodeID='5' Label='old'>7</WeightA></P>");
   RYXmlWrapperBase none;
@@ -91,7 +91,7 @@ TEST(WeightNode, text_in_place_of_a_method_is_not_method_0) {
   EXPECT_EQ(change, 9U);
 }
 
-TEST(WeightNode, converted_both_ways) {
+TEST(WeightNode, ConvertedBothWays) {
   const auto expand = vctree_fitter_data_weight_node_compact_to_expanded;
   const auto compact = vctree_fitter_data_weight_node_expanded_to_compact;
   const std::string wide =
@@ -124,7 +124,7 @@ TEST(WeightNode, converted_both_ways) {
   EXPECT_EQ(text(target), "<W Weight_B=\"9\" WeightMethod=\"3\"/>");
 }
 
-TEST(WeightNode, extracted_by_tag) {
+TEST(WeightNode, ExtractedByTag) {
   const std::string values = " WeightMethod='3' Weight_A='1' Weight_B='2'/>";
   using Numbers = std::array<double, 4>;
   const Numbers old = {8, 7, 7, 7};
