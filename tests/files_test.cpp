@@ -99,6 +99,8 @@ TEST_F(Files, AreWrittenInThisForm) {
       {"<a><c/></a>", "<a>\n  <c/>\n</a>\n"},
       {"<a b='&lt;&amp;>\"&#9;&#10;&#13;'>\t\n&#13;\"]]&gt;</a>",
        "<a b=\"&lt;&amp;&gt;&quot;&#9;&#10;&#13;\">\t\n&#13;\"]]&gt;</a>\n"},
+      {"<a b='12345678&gt;12345678&quot;1234567&lt;\\'>12345678&gt;1234567&amp;\\</a>",
+       "<a b=\"12345678&gt;12345678&quot;1234567&lt;\\\">12345678&gt;1234567&amp;\\</a>\n"},
       {"<a _NodeEscape='1' b='\\5C'>\\01\xC3\xA9</a>", "<a _NodeEscape=\"1\" b=\"\\5C\">\\01\xC3\xA9</a>\n"},
       {"<a _NodeEscape='1'>\\20\\0a<b/></a>", "<a _NodeEscape=\"1\">\\20\\0A<b/>\n</a>\n"},
       {"<a b='\\41'>\\</a>", "<a b=\"\\41\">\\</a>\n"},
@@ -276,14 +278,16 @@ TEST_F(Files, AreReplacedAsAWhole) {
   auto* const former = std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
-  const rlimit low{1000, limit.rlim_max};
+  const rlimit low{100'000, limit.rlim_max};
+  const Node large = filled(std::vector(50, std::string(2000, 'x') + '\x01'));
   setrlimit(RLIMIT_FSIZE, &low);
-  EXPECT_EQ(filled({std::string(2000, 'x')}).Save(path("real").c_str()), 0);
+  EXPECT_EQ(large.Save(path("real").c_str()), 0);
   setrlimit(RLIMIT_FSIZE, &limit);
   std::signal(SIGXFSZ, former);
   EXPECT_EQ(Node::LastFailure().text, "cannot write '" + path("real") + "': File too large");
   EXPECT_NE(content(path("real")).find("<b/>"), std::string::npos);
   EXPECT_EQ(entries(), 4);
+  EXPECT_EQ(text(saved_and_loaded(large)), text(large));
 }
 
 TEST_F(Files, AreUtf8InEveryCodePage) {

@@ -20,98 +20,6 @@ namespace {
 // The error number for something that is not a regular file.
 int NotAFile(mode_t mode) { return S_ISDIR(mode) ? EISDIR : EINVAL; }
 
-// Follows the symbolic links at the end of the path, which may lead to a file that does not exist yet. Gives
-// an error number.
-int FollowLinks(std::filesystem::path& path) {
-  constexpr int kLongestChain = 40;
-  for (int i = 0; i < kLongestChain; ++i) {
-    std::error_code error;
-    if (!std::filesystem::is_symlink(std::filesystem::symlink_status(path, error))) return 0;
-    const std::filesystem::path target = std::filesystem::read_symlink(path, error);
-    if (error) return error.value();
-    path = path.parent_path() / target;
-  }
-  return ELOOP;
-}
-
-// A file beside the target, which takes the target's name in the end or is removed.
-class NewFile {
- public:
-  explicit NewFile(std::filesystem::path target) : target_(std::move(target)) {}
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-  ~NewFile() {
-    if (descriptor_ >= 0) close(descriptor_);
-    if (!path_.empty()) unlink(path_.c_str());
-  }
-
-  // Each step gives an error number, 0 for success.
-  int Create();
-  int Write(std::string_view content) const;
-  int Flush() const { return fsync(descriptor_) == 0 ? 0 : errno; }
-  int Close() {
-    const int descriptor = std::exchange(descriptor_, -1);
-    return close(descriptor) == 0 ? 0 : errno;
-  }
-  int Rename();
-
- private:
-  int CreateUnique(mode_t mode);
-
-  std::filesystem::path target_;
-  std::filesystem::path path_;
-  int descriptor_ = -1;
-};
-
-int NewFile::Create() {
-  if (target_.empty()) return ENOENT;
-  struct stat old {};
-  if (stat(target_.c_str(), &old) != 0) return errno == ENOENT ? CreateUnique(0666) : errno;
-  if (!S_ISREG(old.st_mode)) return NotAFile(old.st_mode);
-  if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return errno;
-  // Nobody may read the new file, at any time, who may not read the old one.
-  if (const int error = CreateUnique(0600)) return error;
-  static_cast<void>(fchown(descriptor_, old.st_uid, old.st_gid) == 0);
-  return fchmod(descriptor_, old.st_mode & 07777) == 0 ? 0 : errno;
-}
-
-int NewFile::CreateUnique(mode_t mode) {
-  static std::atomic<unsigned> calls;
-  constexpr int kAttempts = 1000;
-  for (int i = 0; i < kAttempts; ++i) {
-    const auto now =
-        static_cast<unsigned long long>(std::chrono::steady_clock::now().time_since_epoch().count());
-    std::filesystem::path path = target_.parent_path() / ".save-";
-    path += std::to_string(getpid()) + "-" + std::to_string(now) + "-" + std::to_string(++calls);
-    descriptor_ = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
-    if (descriptor_ >= 0) path_ = std::move(path);
-    if (descriptor_ >= 0 || errno != EEXIST) break;
-  }
-  return descriptor_ >= 0 ? 0 : errno;
-}
-
-int NewFile::Write(std::string_view content) const {
-  while (!content.empty()) {
-    const ssize_t written = write(descriptor_, content.data(), content.size());
-    if (written < 0 && errno != EINTR) return errno;
-    if (written > 0) content.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return 0;
-}
-
-int NewFile::Rename() {
-  if (rename(path_.c_str(), target_.c_str()) != 0) return errno;
-  path_.clear();
-  // Flushes the directory's entry, where the file system can do that.
-  const std::filesystem::path folder = target_.parent_path();
-  const int directory = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (directory >= 0) {
-    fsync(directory);
-    close(directory);
-  }
-  return 0;
-}
-
 }  // namespace
 
 InputFile::~InputFile() {
@@ -143,17 +51,93 @@ bool InputFile::Read(char* to, std::size_t room, std::size_t& length) {
   return true;
 }
 
-bool ReplaceFile(const char* path, std::string_view content) {
-  const auto ok = [path](std::string_view step, int error) {
-    if (error != 0) NoteSystemFailure(step, path, error);
-    return error == 0;
-  };
-  std::filesystem::path target(path);
-  if (!ok("cannot follow the link", FollowLinks(target))) return false;
-  NewFile file(std::move(target));
-  return ok("cannot write", file.Create()) && ok("cannot write", file.Write(content)) &&
-         ok("cannot flush", file.Flush()) && ok("cannot close", file.Close()) &&
-         ok("cannot rename to", file.Rename());
+OutputFile::~OutputFile() {
+  if (descriptor_ >= 0) close(descriptor_);
+  if (!unfinished_.empty()) unlink(unfinished_.c_str());
+}
+
+bool OutputFile::Open() {
+  target_ = path_;
+  return Ok("cannot follow the link", FollowLinks()) && Ok("cannot write", Create());
+}
+
+bool OutputFile::Write(std::string_view content) { return Ok("cannot write", Append(content)); }
+
+bool OutputFile::Finish() {
+  return Ok("cannot flush", fsync(descriptor_) == 0 ? 0 : errno) && Ok("cannot close", Close()) &&
+         Ok("cannot rename to", Rename());
+}
+
+bool OutputFile::Ok(std::string_view step, int error) const {
+  if (error != 0) NoteSystemFailure(step, path_, error);
+  return error == 0;
+}
+
+// Follows the symbolic links at the end of the path, which may lead to a file that does not exist yet.
+int OutputFile::FollowLinks() {
+  constexpr int kLongestChain = 40;
+  for (int i = 0; i < kLongestChain; ++i) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(std::filesystem::symlink_status(target_, error))) return 0;
+    const std::filesystem::path next = std::filesystem::read_symlink(target_, error);
+    if (error) return error.value();
+    target_ = target_.parent_path() / next;
+  }
+  return ELOOP;
+}
+
+int OutputFile::Create() {
+  if (target_.empty()) return ENOENT;
+  struct stat old {};
+  if (stat(target_.c_str(), &old) != 0) return errno == ENOENT ? CreateUnique(0666) : errno;
+  if (!S_ISREG(old.st_mode)) return NotAFile(old.st_mode);
+  if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return errno;
+  // Nobody may read the new file, at any time, who may not read the old one.
+  if (const int error = CreateUnique(0600)) return error;
+  static_cast<void>(fchown(descriptor_, old.st_uid, old.st_gid) == 0);
+  return fchmod(descriptor_, old.st_mode & 07777) == 0 ? 0 : errno;
+}
+
+int OutputFile::CreateUnique(unsigned mode) {
+  static std::atomic<unsigned> calls;
+  constexpr int kAttempts = 1000;
+  for (int i = 0; i < kAttempts; ++i) {
+    const auto now =
+        static_cast<unsigned long long>(std::chrono::steady_clock::now().time_since_epoch().count());
+    std::filesystem::path path = target_.parent_path() / ".save-";
+    path += std::to_string(getpid()) + "-" + std::to_string(now) + "-" + std::to_string(++calls);
+    descriptor_ = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
+    if (descriptor_ >= 0) unfinished_ = std::move(path);
+    if (descriptor_ >= 0 || errno != EEXIST) break;
+  }
+  return descriptor_ >= 0 ? 0 : errno;
+}
+
+int OutputFile::Append(std::string_view content) const {
+  while (!content.empty()) {
+    const ssize_t written = write(descriptor_, content.data(), content.size());
+    if (written < 0 && errno != EINTR) return errno;
+    if (written > 0) content.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return 0;
+}
+
+int OutputFile::Close() {
+  const int descriptor = std::exchange(descriptor_, -1);
+  return close(descriptor) == 0 ? 0 : errno;
+}
+
+int OutputFile::Rename() {
+  if (rename(unfinished_.c_str(), target_.c_str()) != 0) return errno;
+  unfinished_.clear();
+  // Flushes the directory's entry, where the file system can do that.
+  const std::filesystem::path folder = target_.parent_path();
+  const int directory = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (directory >= 0) {
+    fsync(directory);
+    close(directory);
+  }
+  return 0;
 }
 
 }  // namespace rytesavc

@@ -1,7 +1,8 @@
-// Files: reading in pieces, and replacing as a whole. What fails is noted as the thread's failure.
+// Files, read and written in pieces. What fails is noted as the thread's failure.
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -29,8 +30,35 @@ class InputFile {
   int descriptor_ = -1;
 };
 
-// At every moment the path holds the old file or the new one, whole. A symbolic link at the path stays and
-// its target is replaced; the old file's mode, and its owner where that is allowed, are kept.
-bool ReplaceFile(const char* path, std::string_view content);
+// A file that replaces another as a whole: at every moment the path holds the old file or the new one. What was
+// written without a Finish is removed. A symbolic link at the path stays and its target is replaced; the old file's
+// mode, and its owner where that is allowed, are kept.
+class OutputFile {
+ public:
+  explicit OutputFile(const char* path) : path_(path) {}
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  ~OutputFile();
+
+  // Each is false on a failure, after which only the destructor may follow.
+  bool Open();
+  bool Write(std::string_view content);
+  bool Finish();
+
+ private:
+  // These give an error number, 0 for success.
+  int FollowLinks();
+  int Create();
+  int CreateUnique(unsigned mode);
+  int Append(std::string_view content) const;
+  int Close();
+  int Rename();
+  bool Ok(std::string_view step, int error) const;
+
+  std::string path_;  // as the caller wrote it
+  std::filesystem::path target_;
+  std::filesystem::path unfinished_;  // a file beside the target, which takes its name in the end
+  int descriptor_ = -1;
+};
 
 }  // namespace rytesavc

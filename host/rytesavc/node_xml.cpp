@@ -12,7 +12,6 @@
 using rytesavc::CodePage;
 using rytesavc::Node;
 using rytesavc::Tree;
-using rytesavc::XmlForm;
 
 namespace {
 
@@ -39,14 +38,14 @@ int RYXmlWrapperBase::GetXmlText(CString* text) const {
   const Node* const node = NodeAccess::node(*this);
   if (node == nullptr || text == nullptr) return 0;
   const CodePage* const page = CodePage::Default();
-  const rytesavc::Output utf8 = rytesavc::WriteXml(node, XmlForm::kElement, page);
+  const rytesavc::XmlText utf8 = rytesavc::WriteXml(node, page);
   if (page == nullptr) {
-    text->Assign(utf8.view().data(), utf8.view().size());
+    text->Assign(utf8.text.data(), utf8.text.size());
     return 1;
   }
   // Only names can have characters that the page lacks.
   std::string in_page;
-  if (!page->FromUtf8(utf8.view(), in_page)) return 0;
+  if (!page->FromUtf8(utf8.text, in_page)) return 0;
   *text = CString(std::move(in_page));
   return 1;
 }
@@ -76,7 +75,8 @@ int RYXmlWrapperBase::Save(const char* path) const {
     const Node* const node = NodeAccess::node(*this);
     if (node == nullptr) return Refuse("the handle stands on no node");
     if (path == nullptr) return Refuse("there is no path");
-    return rytesavc::ReplaceFile(path, rytesavc::WriteXml(node, XmlForm::kFile, CodePage::Default()).view());
+    rytesavc::OutputFile file(path);
+    return file.Open() && rytesavc::WriteXml(node, CodePage::Default(), file) && file.Finish();
   });
 }
 

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
+#include <cstring>
 #include <new>
+#include <utility>
 
 #include "rytree_host/utf8.h"
 
@@ -63,156 +66,216 @@ char* Hexadecimal(char c, char* to) {
   return to;
 }
 
+// ---- Most names and texts are so short that a call of memcpy would take longer than the copy.
+
+template <class Word>
+Word Load(const char* from) {
+  Word word;
+  std::memcpy(&word, from, sizeof word);
+  return word;
+}
+
+template <class Word>
+void Store(char* to, Word word) {
+  std::memcpy(to, &word, sizeof word);
+}
+
+template <class Word>
+char* CopyEnds(const char* from, std::size_t length, char* to) {
+  const std::size_t rest = length - sizeof(Word);
+  const Word last = Load<Word>(from + rest);
+  Store(to, Load<Word>(from));
+  Store(to + rest, last);
+  return to + length;
+}
+
+inline char* Copy(std::string_view text, char* to) {
+  const char* const from = text.data();
+  const std::size_t length = text.size();
+  if (length > 16) return std::copy_n(from, length, to);
+  if (length >= 8) return CopyEnds<std::uint64_t>(from, length, to);
+  if (length >= 4) return CopyEnds<std::uint32_t>(from, length, to);
+  for (std::size_t i = 0; i < length; ++i) to[i] = from[i];
+  return to + length;
+}
+
+constexpr std::uint64_t EachByte(unsigned char byte) { return ~std::uint64_t{0} / 255 * byte; }
+
+// Whether a byte of the word may have to be written as something else: a control character, one of "&<>\ or a byte
+// beyond ASCII. Each term of `marks` has the high bit of such a byte.
+constexpr bool MayBeSpecial(std::uint64_t word) {
+  constexpr std::uint64_t kOnes = EachByte(1);
+  const std::uint64_t quote_or_ampersand = (word | EachByte('"' ^ '&')) ^ EachByte('"' | '&');
+  const std::uint64_t less_or_greater = (word | EachByte('<' ^ '>')) ^ EachByte('<' | '>');
+  const std::uint64_t backslash = word ^ EachByte('\\');
+  const std::uint64_t marks = word | (word - EachByte(0x20)) | (quote_or_ampersand - kOnes) |
+                              (less_or_greater - kOnes) | (backslash - kOnes);
+  return (marks & EachByte(0x80)) != 0;
+}
+
+// The functions below write to where `to` points and give the place behind what they wrote.
 class Writer {
  public:
-  Writer(bool layout, const CodePage* page) : layout_(layout), page_(page) {}
+  // Without a file everything stays in the block.
+  Writer(const CodePage* page, OutputFile* file) : page_(page), file_(file) {}
 
-  void Write(const Node* top);
-  Output out;
+  // Null if the file takes it no further.
+  char* Write(const Node* top, char* to);
+  char* Put(std::string_view text, char* to) { return Copy(text, block_.Room(to, text.size())); }
+  char* Flush(char* to);
+  Output TakeBlock() { return std::move(block_); }
 
  private:
   // The most bytes that one is written as.
   static constexpr std::size_t kLongest = 6;
+  static constexpr std::size_t kLongestNumber = 11;
 
-  bool Start(const Node* node);
-  bool Content(const Node* node);
-  void End(const Node* node);
-  void NewLine(std::size_t level);
-  void StartAttribute(std::string_view name);
-  void PutNumber(int number);
-  bool PutValue(const Value& value, const Kinds& kinds);
+  char* Element(const Node* node, char* to);
+  // These two give null if the element needs the mark.
+  char* Start(const Node* node, char* to);
+  char* Content(const Node* node, char* to);
+  char* End(const Node* node, char* to);
+  char* NewLine(std::size_t level, char* to);
+  char* AttributeStart(std::string_view name, char* to);
+  char* PutNumber(int number, char* to);
+  char* PutValue(const Value& value, const Kinds& kinds, char* to);
   std::size_t PutSpecial(std::string_view rest, Kind kind, char*& to) const;
   std::size_t PutCharacter(std::string_view rest, char*& to) const;
 
-  bool layout_;
+  Output block_;
   bool marked_ = false;  // whether the current element has the mark
   const CodePage* page_;
+  OutputFile* file_;
 };
 
-void Writer::Write(const Node* top) {
+char* Writer::Write(const Node* top, char* to) {
+  constexpr std::ptrdiff_t kPiece = 1 << 16;
   const Node* node = top;
   for (std::size_t level = 0;;) {
-    // Few elements need the mark. One that does is written a second time.
-    const std::size_t start = out.size();
-    marked_ = false;
-    if (!Start(node)) {
-      out.Truncate(start);
-      marked_ = true;
-      Start(node);
-    }
+    to = Element(node, to);
     if (node->first != nullptr) {
       ++level;
-      if (node->text.empty()) NewLine(level);
+      if (node->text.empty()) to = NewLine(level, to);
       node = node->first;
       continue;
     }
     while (node != top && node->next == nullptr) {
       node = node->parent;
-      NewLine(--level);
-      End(node);
+      to = End(node, NewLine(--level, to));
     }
-    if (node == top) return;
-    NewLine(level);
+    if (node == top) return to;
+    if (file_ != nullptr && to - block_.start() >= kPiece) {
+      to = Flush(to);
+      if (to == nullptr) return nullptr;
+    }
+    to = NewLine(level, to);
     node = node->next;
   }
 }
 
-// Writes the start tag and the text, and the end tag of a leaf. False if the element needs the mark.
-bool Writer::Start(const Node* node) {
-  out.Put("<");
-  out.Put(node->tag->view());
-  if (node->id != -1) {
-    StartAttribute(kNodeId);
-    PutNumber(node->id);
-    out.Put("\"");
-  }
-  if (marked_) {
-    StartAttribute(kNodeEscape);
-    out.Put("1\"");
-  }
+char* Writer::Flush(char* to) {
+  char* const start = block_.start();
+  return file_->Write({start, static_cast<std::size_t>(to - start)}) ? start : nullptr;
+}
+
+// Writes the start tag and the text, and the end tag of a leaf. Few elements need the mark. One that does is
+// written a second time.
+char* Writer::Element(const Node* node, char* to) {
+  const std::ptrdiff_t place = to - block_.start();
+  marked_ = false;
+  if (char* const end = Start(node, to)) return end;
+  marked_ = true;
+  return Start(node, block_.start() + place);
+}
+
+char* Writer::Start(const Node* node, char* to) {
+  const std::string_view tag = node->tag->view();
+  to = block_.Room(to, 1 + tag.size());
+  *to = '<';
+  to = Copy(tag, to + 1);
+  if (node->id != -1) to = Put("\"", PutNumber(node->id, AttributeStart(kNodeId, to)));
+  if (marked_) to = Put("1\"", AttributeStart(kNodeEscape, to));
   for (std::uint32_t i = 0; i < node->attribute_count; ++i) {
     const Attribute& attribute = node->attributes[i];
-    StartAttribute(attribute.name->view());
-    if (!PutValue(attribute.value, kAttributeKinds)) return false;
-    out.Put("\"");
+    to = PutValue(attribute.value, kAttributeKinds, AttributeStart(attribute.name->view(), to));
+    if (to == nullptr) return nullptr;
+    to = Put("\"", to);
   }
-  if (node->first == nullptr && node->text.empty()) {
-    out.Put("/>");
-    return true;
-  }
-  out.Put(">");
-  if (!Content(node)) return false;
-  if (node->first == nullptr) End(node);
-  return true;
+  if (node->first == nullptr && node->text.empty()) return Put("/>", to);
+  to = Content(node, Put(">", to));
+  return to != nullptr && node->first == nullptr ? End(node, to) : to;
 }
 
 // A branch's text of nothing but white space would be taken for layout.
-bool Writer::Content(const Node* node) {
+char* Writer::Content(const Node* node, char* to) {
   const Value& text = node->text;
   const std::string_view view(text.chars(), text.kind() == Value::kInt ? 0 : text.length());
   if (view.empty() || node->first == nullptr || !std::all_of(view.begin(), view.end(), IsXmlBlank)) {
-    return PutValue(text, kTextKinds);
+    return PutValue(text, kTextKinds, to);
   }
-  if (!marked_) return false;
-  char* to = out.Open(3 * view.size());
+  if (!marked_) return nullptr;
+  to = block_.Room(to, 3 * view.size());
   for (const char c : view) to = Hexadecimal(c, to);
-  out.Close(to);
-  return true;
+  return to;
 }
 
-void Writer::End(const Node* node) {
-  out.Put("</");
-  out.Put(node->tag->view());
-  out.Put(">");
+char* Writer::End(const Node* node, char* to) {
+  const std::string_view tag = node->tag->view();
+  to = block_.Room(to, tag.size() + 3);
+  to = Copy(tag, Copy("</", to));
+  *to = '>';
+  return to + 1;
 }
 
-void Writer::NewLine(std::size_t level) {
+char* Writer::NewLine(std::size_t level, char* to) {
   // Deeper levels are indented no further, or deep trees would be mostly blanks.
   constexpr std::size_t kDeepest = 32;
-  if (!layout_) return;
-  char* const to = out.Open(1 + 2 * kDeepest);
+  if (file_ == nullptr) return to;
+  to = block_.Room(to, 1 + 2 * kDeepest);
   *to = '\n';
-  out.Close(std::fill_n(to + 1, 2 * std::min(level, kDeepest), ' '));
+  return std::fill_n(to + 1, 2 * std::min(level, kDeepest), ' ');
 }
 
-void Writer::StartAttribute(std::string_view name) {
-  char* const to = out.Open(name.size() + 3);
+char* Writer::AttributeStart(std::string_view name, char* to) {
+  to = block_.Room(to, name.size() + 3);
   *to = ' ';
-  char* const end = std::copy(name.begin(), name.end(), to + 1);
-  out.Close(std::copy_n("=\"", 2, end));
+  return Copy("=\"", Copy(name, to + 1));
 }
 
-void Writer::PutNumber(int number) {
-  constexpr std::size_t kLongestNumber = 11;
-  char* const to = out.Open(kLongestNumber);
-  out.Close(std::to_chars(to, to + kLongestNumber, number).ptr);
+char* Writer::PutNumber(int number, char* to) {
+  to = block_.Room(to, kLongestNumber);
+  return std::to_chars(to, to + kLongestNumber, number).ptr;
 }
 
-// False if a byte needs the mark.
-bool Writer::PutValue(const Value& value, const Kinds& kinds) {
-  if (value.kind() == Value::kInt) {
-    PutNumber(value.number());
-    return true;
-  }
-  constexpr std::size_t kStretch = 256;
+// Null if a byte needs the mark.
+char* Writer::PutValue(const Value& value, const Kinds& kinds, char* to) {
+  if (value.kind() == Value::kInt) return PutNumber(value.number(), to);
+  constexpr std::ptrdiff_t kStep = sizeof(std::uint64_t);
   const char* at = value.chars();
   const char* const end = at + value.length();
   while (at != end) {
-    const char* const stop = at + std::min(static_cast<std::size_t>(end - at), kStretch);
-    char* to = out.Open(kLongest * (kStretch + 4));  // a character of four bytes may start on the last one
-    while (at < stop) {
+    to = block_.Room(to, kLongest * (kStep + 4));  // a character of four bytes may start on the last one
+    if (end - at >= kStep) {
+      const auto word = Load<std::uint64_t>(at);
+      if (!MayBeSpecial(word)) {
+        Store(to, word);
+        at += kStep;
+        to += kStep;
+        continue;
+      }
+    }
+    for (const char* const stop = at + std::min(end - at, kStep); at < stop;) {
       const Kind kind = kinds[static_cast<unsigned char>(*at)];
       if (kind == kItself) {
         *to++ = *at++;
         continue;
       }
       const std::size_t taken = PutSpecial({at, static_cast<std::size_t>(end - at)}, kind, to);
-      if (taken == 0) return false;
+      if (taken == 0) return nullptr;
       at += taken;
     }
-    out.Close(to);
   }
-  return true;
+  return to;
 }
 
 // Writes what starts the text and gives its length, 0 if it needs the mark.
@@ -251,23 +314,31 @@ std::size_t Writer::PutCharacter(std::string_view rest, char*& to) const {
 
 }  // namespace
 
-void Output::Grow(std::size_t bytes) {
+char* Output::Grow(char* at, std::size_t bytes) {
   constexpr std::size_t kFirst = 512;
-  const std::size_t room = std::max({2 * room_, size_ + bytes, kFirst});
+  const auto used = static_cast<std::size_t>(at - block_.get());
+  const std::size_t room =
+      std::max({2 * static_cast<std::size_t>(end_ - block_.get()), used + bytes, kFirst});
   char* const block = static_cast<char*>(std::realloc(block_.get(), room));
   if (block == nullptr) throw std::bad_alloc();
   static_cast<void>(block_.release());
   block_.reset(block);
-  room_ = room;
+  end_ = block + room;
+  return block + used;
 }
 
-Output WriteXml(const Node* top, XmlForm form, const CodePage* page) {
-  const bool file = form == XmlForm::kFile;
-  Writer writer(file, page);
-  if (file) writer.out.Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-  writer.Write(top);
-  if (file) writer.out.Put("\n");
-  return std::move(writer.out);
+XmlText WriteXml(const Node* top, const CodePage* page) {
+  Writer writer(page, nullptr);
+  const char* const end = writer.Write(top, nullptr);
+  XmlText made{writer.TakeBlock(), {}};
+  made.text = {made.block.start(), static_cast<std::size_t>(end - made.block.start())};
+  return made;
+}
+
+bool WriteXml(const Node* top, const CodePage* page, OutputFile& file) {
+  Writer writer(page, &file);
+  char* const end = writer.Write(top, writer.Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n", nullptr));
+  return end != nullptr && writer.Flush(writer.Put("\n", end)) != nullptr;
 }
 
 }  // namespace rytesavc

@@ -6,48 +6,47 @@
 // and all backslashes, are written as a backslash and two hexadecimal digits.
 #pragma once
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
 
 #include "code_page.h"
+#include "files.h"
 #include "rytree_host/detail/tree_store.h"
 
 namespace rytesavc {
 
 inline bool IsXmlBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-// A growing block of bytes, written from front to back.
+// A growing block of bytes. The place where the next one goes is kept by whoever writes, not here.
 class Output {
  public:
-  // Gives room for so many more bytes; `Close` takes the end of those that were written.
-  char* Open(std::size_t bytes) {
-    if (room_ - size_ < bytes) Grow(bytes);
-    return block_.get() + size_;
+  char* start() const { return block_.get(); }
+  // Gives the place again, with room for so many bytes from there.
+  char* Room(char* at, std::size_t bytes) {
+    return static_cast<std::size_t>(end_ - at) >= bytes ? at : Grow(at, bytes);
   }
-  void Close(const char* end) { size_ = static_cast<std::size_t>(end - block_.get()); }
-  void Put(std::string_view text) { Close(std::copy(text.begin(), text.end(), Open(text.size()))); }
-
-  std::size_t size() const { return size_; }
-  void Truncate(std::size_t size) { size_ = size; }
-  std::string_view view() const { return {block_.get(), size_}; }
 
  private:
   struct Free {
     void operator()(char* block) const { std::free(block); }
   };
-  void Grow(std::size_t bytes);
+  char* Grow(char* at, std::size_t bytes);
 
   std::unique_ptr<char, Free> block_;
-  std::size_t size_ = 0;
-  std::size_t room_ = 0;
+  char* end_ = nullptr;
 };
 
-// kFile has the declaration, and indentation where that changes no text; kElement is the bare element.
-enum class XmlForm { kFile, kElement };
+// The element and all below it, with no white space between the tags. The strings are in `page`, null for UTF-8.
+struct XmlText {
+  Output block;
+  std::string_view text;
+};
+XmlText WriteXml(const Node* top, const CodePage* page);
 
-// The node and all below it. The strings are in `page`, null for UTF-8.
-Output WriteXml(const Node* top, XmlForm form, const CodePage* page);
+// The same as a file: with the declaration, and with indentation where that changes no text. False if the file
+// takes it no further.
+bool WriteXml(const Node* top, const CodePage* page, OutputFile& file);
 
 }  // namespace rytesavc
