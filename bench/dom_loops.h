@@ -33,6 +33,13 @@ struct DomLoops : Dom {
     return apply_below(tree, Dom::root(tree), index, values);
   }
 
+  /// Copies the texts of all leaves to the leaves with the same IDs. Gives their number.
+  static std::size_t copy(const Tree& source, Tree& target) {
+    std::unordered_map<int, Node> leaves;
+    index_below(Dom::root(source), leaves);
+    return copy_below(target, Dom::root(target), leaves);
+  }
+
   static bool find(const Tree& tree, int id) { return static_cast<bool>(find_below(Dom::root(tree), id)); }
 
   /// Numbers all nodes below the root.
@@ -95,6 +102,30 @@ struct DomLoops : Dom {
       }
     }
     return applied;
+  }
+
+  static void index_below(Node parent, std::unordered_map<int, Node>& leaves) {
+    for (Node node = Dom::first(parent); node; node = Dom::next(node)) {
+      if (Dom::first(node)) {
+        index_below(node, leaves);
+      } else {
+        leaves.emplace(Dom::int_attribute(node, "DataID", -1), node);
+      }
+    }
+  }
+
+  static std::size_t copy_below(Tree& target, Node parent, const std::unordered_map<int, Node>& leaves) {
+    std::size_t copied = 0;
+    for (Node node = Dom::first(parent); node; node = Dom::next(node)) {
+      if (Dom::first(node)) {
+        copied += copy_below(target, node, leaves);
+      } else if (const auto found = leaves.find(Dom::int_attribute(node, "DataID", -1));
+                 found != leaves.end()) {
+        Dom::set_text(target, node, Dom::text(found->second));
+        ++copied;
+      }
+    }
+    return copied;
   }
 
   static Node find_below(Node parent, int id) {

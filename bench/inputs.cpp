@@ -7,6 +7,7 @@
 #include <fstream>
 #include <numeric>
 #include <random>
+#include <utility>
 
 #include "tree_maker.h"
 
@@ -52,6 +53,7 @@ Input make_input(int nodes) {
   const MadeTree tree = make_tree(nodes);
   Input made{.nodes = nodes,
              .tree_path = write_file("tree" + number, tree.xml),
+             .other_path = write_file("other" + number, tree.other_xml),
              .flat_path = write_file("flat" + number, make_flat_tree(nodes)),
              .ids = {},
              .values = {},
@@ -70,5 +72,15 @@ Input make_input(int nodes) {
 }  // namespace
 
 const Input& input(int nodes) { return made_once(nodes, make_input); }
+
+const std::string& form_path(int nodes, FileForm form) {
+  static std::map<std::pair<int, FileForm>, std::string> paths;
+  std::string& path = paths[{nodes, form}];
+  if (path.empty()) {
+    const std::string name = "form" + std::to_string(static_cast<int>(form)) + '_' + std::to_string(nodes);
+    path = write_file(name, in_form(make_tree(nodes).xml, form));
+  }
+  return path;
+}
 
 std::string scratch_path() { return folder().file("scratch"); }

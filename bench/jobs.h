@@ -29,6 +29,7 @@ class Jobs {
     const auto add_call = [&](const char* job, auto run) {
       if (wanted.empty()) made.jobs.push_back({job, true, run});
     };
+    add("main job", main_job);
     add("load", load);
     add("save", save);
     add("walk", walk);
@@ -41,6 +42,17 @@ class Jobs {
     add("remove", remove);
     add("sort", sort);
     add("destroy", destroy);
+    const auto add_form = [&](const char* job, FileForm form) {
+      add(job, [form](Run run) { load_form(run, form); });
+      if (wanted.empty()) made.jobs.back().most_nodes = 100'000;
+    };
+    add_form("load CR LF", FileForm::kCrLf);
+    add_form("load Cyrillic", FileForm::kCyrillic);
+    add_form("load references", FileForm::kReferences);
+    add_form("load long names", FileForm::kLongNames);
+    add_form("load own tags", FileForm::kOwnTags);
+    add_call("load settings", [name](benchmark::State& state) { call_load(state, name); });
+    add_call("element text", call_element);
     add_call("lookup", call_lookup);
     add_call("attribute read", call_attribute);
     add_call("value read", call_read);
@@ -52,6 +64,19 @@ class Jobs {
  private:
   // ---- All nodes.
 
+  // From the start of a program to its end: its trees are destroyed too.
+  static void main_job(Run run) {
+    const std::string path = scratch_path();
+    const auto transfer = [&](int) {
+      const Tree source = open(run);
+      Tree target = Peer::load(run.in().other_path.c_str());
+      const std::size_t copied = Peer::copy(source, target);
+      return Peer::save(target, path.c_str()) ? copied : 0;
+    };
+    run.measure([] { return 0; }, transfer,
+                [&](int, std::size_t copied) { return digest(Peer::load(path.c_str())) + copied; });
+  }
+
   static void load(Run run) {
     if (run.first_round()) {
       const int nodes = run.in().nodes;  // makes the input, which must not count as memory of the tree
@@ -60,6 +85,12 @@ class Jobs {
       run.count("bytes_per_node", static_cast<double>(held.bytes()) / nodes);
     }
     run.measure([] { return 0; }, [&](int) { return open(run); },
+                [](int, const Tree& tree) { return digest(tree); });
+  }
+
+  static void load_form(Run& run, FileForm form) {
+    const std::string& path = form_path(run.in().nodes, form);
+    run.measure([] { return 0; }, [&](int) { return Peer::load(path.c_str()); },
                 [](int, const Tree& tree) { return digest(tree); });
   }
 
@@ -144,6 +175,31 @@ class Jobs {
 
   // ---- One call.
 
+  template <class Call>
+  static void repeat(benchmark::State& state, Call call) {
+    call();
+    constexpr int kCounted = 64;
+    {
+      const AllocationCount made;
+      for (int i = 0; i < kCounted; ++i) call();
+      state.counters["allocations"] = static_cast<double>(made.calls()) / kCounted;
+    }
+    for (auto _ : state) call();
+  }
+
+  static void call_load(benchmark::State& state, const std::string& library) {
+    const char* const path = RYTREE_BENCH_SETTINGS;
+    if (Agreement::wants(library, "load settings", 0))
+      Agreement::compare(state, "load settings", 0, digest(Peer::load(path)));
+    repeat(state, [path] { benchmark::DoNotOptimize(Peer::load(path)); });
+  }
+
+  static void call_element(benchmark::State& state) {
+    const std::string xml = R"(<Color DataID="7">12.75</Color>)";
+    Tree tree = Peer::make("Root");
+    repeat(state, [&] { Peer::set_xml(tree, xml); });
+  }
+
   /// Measures `call` on the middle child of the middle child of the middle child of the root of a small tree.
   template <class Call>
   static void measure_call(benchmark::State& state, Call call) {
@@ -154,14 +210,7 @@ class Jobs {
       node = middle_child(node);
       tag = Peer::tag(node);
     }
-    call(tree, node, tags);
-    constexpr int kCounted = 64;
-    {
-      const AllocationCount made;
-      for (int i = 0; i < kCounted; ++i) call(tree, node, tags);
-      state.counters["allocations"] = static_cast<double>(made.calls()) / kCounted;
-    }
-    for (auto _ : state) call(tree, node, tags);
+    repeat(state, [&] { call(tree, node, tags); });
   }
 
   static void call_lookup(benchmark::State& state) {

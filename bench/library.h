@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
+#include <limits>
 #include <map>
 #include <string>
 #include <utility>
@@ -13,6 +14,7 @@ struct Job {
   std::string name;
   bool per_call;  // one call on a small tree, not a pass over all nodes
   std::function<void(benchmark::State&)> run;
+  int most_nodes = std::numeric_limits<int>::max();  // larger trees are left out
 };
 
 struct Library {

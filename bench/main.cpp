@@ -81,7 +81,7 @@ void register_passes(const Options& options, const std::string& name) {
   for (const int nodes : options.sizes) {
     for (int round = 0; round < rounds(options, nodes); ++round) {
       for (const auto& [column, library] : libraries()) {
-        if (const Job* const job = job_of(library, name)) {
+        if (const Job* const job = job_of(library, name); job != nullptr && nodes <= job->most_nodes) {
           benchmark::RegisterBenchmark((name + '/' + library.name).c_str(), job->run)
               ->Arg(nodes)
               ->Iterations(passes(nodes))

@@ -90,7 +90,7 @@ class Writer {
   }
 
   MadeTree write() {
-    tree_.xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
     tree_.last_id = 0;
     write(0, "");
     return std::move(tree_);
@@ -99,25 +99,29 @@ class Writer {
  private:
   void write(std::size_t node, const std::string& indent) {
     const std::string tag = std::string(random_.pick(kThings)) + std::string(random_.pick(kTraits));
-    std::string& xml = tree_.xml;
     tree_.last_id +=
         1 + random_.below(3);  // IDs have another meaning from 0x200000 on, beyond a million nodes
-    xml += indent + '<' + tag + " DataID=\"" + std::to_string(tree_.last_id) + "\" Label=\"";
-    xml += std::string(random_.pick(kThings)) + ' ' + std::to_string(random_.below(1000)) + '"';
-    if (random_.below(3) == 0) xml += random_.below(2) == 0 ? " Show=\"0\"" : " Show=\"1\"";
-    xml += '>';
+    put(indent + '<' + tag + " DataID=\"" + std::to_string(tree_.last_id) + "\" Label=\"");
+    put(std::string(random_.pick(kThings)) + ' ' + std::to_string(random_.below(1000)) + '"');
+    if (random_.below(3) == 0) put(random_.below(2) == 0 ? " Show=\"0\"" : " Show=\"1\"");
+    put(">");
     if (counts_[node] == 0) {
-      append_escaped(xml, make_text(random_));
+      append_escaped(tree_.xml, make_text(random_));
       tree_.leaf_ids.push_back(tree_.last_id);
-      tree_.new_values.push_back(make_text(random_));
+      append_escaped(tree_.other_xml, tree_.new_values.emplace_back(make_text(random_)));
     } else {
-      xml += '\n';
+      put("\n");
       const auto first = static_cast<std::size_t>(first_[node]);
       const auto count = static_cast<std::size_t>(counts_[node]);
       for (std::size_t child = first; child < first + count; ++child) write(child, indent + '\t');
-      xml += indent;
+      put(indent);
     }
-    xml += "</" + tag + ">\n";
+    put("</" + tag + ">\n");
+  }
+
+  void put(std::string_view piece) {
+    tree_.xml += piece;
+    tree_.other_xml += piece;
   }
 
   const std::vector<int>& counts_;

@@ -9,6 +9,7 @@
 /// nodes, branches have more children.
 struct MadeTree {
   std::string xml;
+  std::string other_xml;                // the same tree with the new values
   std::vector<int> leaf_ids;            // in document order
   std::vector<std::string> new_values;  // one for each of these leaves
   int last_id;                          // of the last node in document order; IDs are unique and ascend

@@ -59,6 +59,9 @@ struct LibXml2 {
     xmlNodeSetContent(node, nullptr);
     xmlNodeAddContentLen(node, bytes(text.c_str()), static_cast<int>(text.size()));
   }
+  static void set_xml(Tree& tree, const std::string& xml) {
+    tree.reset(xmlReadMemory(xml.data(), static_cast<int>(xml.size()), nullptr, nullptr, XML_PARSE_NOBLANKS));
+  }
   static Node add(Tree&, Node parent, const char* tag) {
     return xmlNewChild(parent, nullptr, bytes(tag), nullptr);
   }

@@ -45,6 +45,9 @@ struct PugiXml {
   }
   static const char* text(Node node) { return node.child_value(); }
   static void set_text(Tree&, Node node, const std::string& text) { node.text().set(text.c_str()); }
+  static void set_xml(Tree& tree, const std::string& xml) {
+    tree->load_buffer(xml.data(), xml.size(), kFlags);
+  }
   static Node add(Tree&, Node parent, const char* tag) { return parent.append_child(tag); }
   static void remove(Tree&, Node parent, Node child) { parent.remove_child(child); }
   static void move_to_end(Tree&, Node parent, Node child) { parent.append_move(child); }

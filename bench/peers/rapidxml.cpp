@@ -77,6 +77,11 @@ struct RapidXml {
   static void set_text(Tree& tree, Node node, const std::string& text) {
     node->value(tree->nodes.allocate_string(text.c_str(), text.size() + 1), text.size());
   }
+  static void set_xml(Tree& tree, const std::string& xml) {
+    tree->nodes.clear();
+    char* const text = tree->nodes.allocate_string(xml.c_str(), xml.size() + 1);
+    tree->nodes.parse<rapidxml::parse_no_data_nodes>(text);
+  }
   static Node add(Tree& tree, Node parent, const char* tag) {
     auto* const made = tree->nodes.allocate_node(rapidxml::node_element, tag);
     parent->append_node(made);

@@ -63,6 +63,12 @@ struct Rytree {
         vctree_set_values_by_ids(&tree, &ids, &values, 0, nullptr, 0, nullptr, nullptr));
   }
 
+  static std::size_t copy(const Tree& source, Tree& target) {
+    Tree from = source;
+    return static_cast<std::size_t>(
+        vctree_copy_values_by_id(&from, &target, 0, nullptr, nullptr, 0, nullptr, 0, 0));
+  }
+
   static bool find(Tree& tree, int id) {
     RYXmlWrapperBase found;
     return rytree_find_node(&tree, &found, "DataID", id, true, 0, 0) != 0;
@@ -126,6 +132,7 @@ struct Rytree {
     return text;
   }
   static void set_text(Tree&, Node& node, const std::string& text) { node.CheckSetValue(0, text.c_str(), 0); }
+  static void set_xml(Tree& tree, const std::string& xml) { tree.SetXmlText(xml.c_str()); }
   static Node add(Tree&, Node parent, const char* tag) {
     Node child;
     parent.AddNode(child, tag, -1);
@@ -153,7 +160,21 @@ struct RytreePlainNames : Rytree {
   static int number_all(Tree& tree, const char* name) { return number_below(tree, name); }
 };
 
-const Enrol enrolled(0, Jobs<Rytree>::library("rytree_Utils"));
+// A file with a fault at its end. The nodes have been made by then, and Expat reads it once more to say what is wrong.
+void load_cut(benchmark::State& state) {
+  Run run(state, "rytree_Utils", "load refused");
+  const std::string& path = form_path(run.in().nodes, FileForm::kCut);
+  run.measure([] { return RYXmlWrapperBase(); },
+              [&](RYXmlWrapperBase& tree) { return tree.load(path.c_str(), 0); },
+              [](const RYXmlWrapperBase&, int loaded) { return loaded; });
+}
+
+Library with_refusal(Library library) {
+  library.jobs.push_back({"load refused", false, load_cut, 100'000});
+  return library;
+}
+
+const Enrol enrolled(0, with_refusal(Jobs<Rytree>::library("rytree_Utils")));
 const Enrol plain_enrolled(1, Jobs<RytreePlainNames>::library("plain names",
                                                               {"find", "set existing", "set new"}));
 

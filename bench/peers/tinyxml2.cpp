@@ -42,6 +42,7 @@ struct TinyXml2 {
   static void set_int(Tree&, Node node, const char* name, int value) { node->SetAttribute(name, value); }
   static const char* text(Node node) { return or_empty(node->GetText()); }
   static void set_text(Tree&, Node node, const std::string& text) { node->SetText(text.c_str()); }
+  static void set_xml(Tree& tree, const std::string& xml) { tree->Parse(xml.data(), xml.size()); }
   static Node add(Tree& tree, Node parent, const char* tag) {
     auto* const made = tree->NewElement(tag);
     parent->InsertEndChild(made);
