@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <chrono>
 #include <string>
 
 #include "run_program.h"
@@ -80,6 +81,26 @@ TEST_F(SettingsTransfer, FailuresChangeNoFile) {
     EXPECT_EQ(err, "settings_transfer: " + reason + '\n') << arguments;
     EXPECT_EQ(out, "") << arguments;
     EXPECT_EQ(files(), before) << arguments;
+  }
+}
+
+TEST_F(SettingsTransfer, InterruptionsLeaveBothFilesOrNeither) {
+  std::string items;
+  for (int i = 0; i < 5000; ++i) items += "<A DataID='" + std::to_string(i) + "'>a value of the node</A>";
+  write("s.xml", "<S>" + items + "</S>");
+  write("t.xml", "<T>" + items + "</T>");
+  const auto before = files();
+  const auto start = std::chrono::steady_clock::now();
+  ASSERT_EQ(run("s.xml t.xml r.xml"), 0) << err;
+  const std::chrono::duration<double> whole = std::chrono::steady_clock::now() - start;
+  const auto after = files();
+  for (int i = 1; i <= 20; ++i) {
+    shell("rm -f r.xml r.theme.xml");
+    const std::string moment = std::to_string(whole.count() * i / 20);
+    shell("timeout -s " + std::string(i % 2 == 0 ? "INT " : "TERM ") + moment +
+          " \"$PROGRAM\" s.xml t.xml r.xml");
+    const auto now = files();
+    EXPECT_TRUE(now == before || now == after) << moment << ' ' << now.size();
   }
 }
 

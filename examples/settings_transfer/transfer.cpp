@@ -6,6 +6,7 @@
 
 #include "changes.h"
 #include "failure.h"
+#include "held_signals.h"
 #include "staged_file.h"
 
 namespace {
@@ -131,8 +132,10 @@ Outcome transfer(const Arguments& arguments, int change_limit,
   find_changes(before, target, saved, change_limit, outcome);
 
   stage("save");
+  const HeldSignals signals;
   StagedFile theme(arguments.theme);
   write_theme(arguments, theme, pairs);
+  signals.check();
   if (target.Save(arguments.result.c_str()) == 0) throw file_failure(arguments.result);
   theme.commit();
   return outcome;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "arguments.h"
+#include "held_signals.h"
 
 Document::Document(std::string file_name) : file(std::move(file_name)) {
   if (file.empty()) throw Failure("a file name is empty");
@@ -25,6 +26,7 @@ int Document::count() {
 
 void Document::save(const std::string& target) const {
   if (target.empty()) throw Failure("a file name is empty");
+  const HeldSignals signals;
   if (root.Save(target.c_str()) == 0) throw file_failure(target);
 }
 

@@ -1,12 +1,12 @@
 #include "files.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
-#include <chrono>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -17,8 +17,43 @@ namespace rytesavc {
 
 namespace {
 
+// Repeats a call that gives a negative number, for as long as signals interrupt it. Gives an error number.
+template <class Call>
+int Repeated(const Call& call) {
+  while (call() < 0) {
+    if (errno != EINTR) return errno;
+  }
+  return 0;
+}
+
 // The error number for something that is not a regular file.
 int NotAFile(mode_t mode) { return S_ISDIR(mode) ? EISDIR : EINVAL; }
+
+std::filesystem::path FolderOf(const std::filesystem::path& path) {
+  return path.has_parent_path() ? path.parent_path() : ".";
+}
+
+// Whether the path, not followed, names the open file.
+bool IsAt(int descriptor, const std::filesystem::path& path) {
+  struct stat file {};
+  struct stat found {};
+  return fstat(descriptor, &file) == 0 && lstat(path.c_str(), &found) == 0 && file.st_dev == found.st_dev &&
+         file.st_ino == found.st_ino;
+}
+
+// Nobody may read the new file, at any time, who may not read the old one.
+mode_t FirstMode(bool replaces) { return replaces ? 0600 : 0666; }
+
+// Removes what a process that was killed left at the path. False if it is not there or is in use.
+bool RemoveLeftover(const std::filesystem::path& path) {
+  int file = -1;
+  Repeated(
+      [&] { return file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC); });
+  if (file < 0) return false;
+  const bool gone = flock(file, LOCK_EX | LOCK_NB) == 0 && IsAt(file, path) && unlink(path.c_str()) == 0;
+  close(file);
+  return gone;
+}
 
 }  // namespace
 
@@ -32,9 +67,11 @@ bool InputFile::Fail(int error) const {
 }
 
 bool InputFile::Open() {
-  descriptor_ = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  const int error = Repeated(
+      [this] { return descriptor_ = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); });
+  if (error != 0) return Fail(error);
   struct stat status {};
-  if (descriptor_ < 0 || fstat(descriptor_, &status) != 0) return Fail(errno);
+  if (fstat(descriptor_, &status) != 0) return Fail(errno);
   if (!S_ISREG(status.st_mode)) return Fail(NotAFile(status.st_mode));
   size_ = static_cast<std::size_t>(status.st_size);
   return true;
@@ -52,20 +89,22 @@ bool InputFile::Read(char* to, std::size_t room, std::size_t& length) {
 }
 
 OutputFile::~OutputFile() {
+  if (!beside_.empty()) unlink(beside_.c_str());
   if (descriptor_ >= 0) close(descriptor_);
-  if (!unfinished_.empty()) unlink(unfinished_.c_str());
 }
 
 bool OutputFile::Open() {
   target_ = path_;
-  return Ok("cannot follow the link", FollowLinks()) && Ok("cannot write", Create());
+  return Ok("cannot follow the link", FollowLinks()) && Ok("cannot write", LookAtTarget()) &&
+         (CreateUnnamed() == 0 || Ok("cannot write", CreateNamed()));
 }
 
 bool OutputFile::Write(std::string_view content) { return Ok("cannot write", Append(content)); }
 
 bool OutputFile::Finish() {
-  return Ok("cannot flush", fsync(descriptor_) == 0 ? 0 : errno) && Ok("cannot close", Close()) &&
-         Ok("cannot rename to", Rename());
+  const bool named = !beside_.empty();
+  return Settle() && (named || TakeName() == 0 || (Ok("cannot write", CopyToNamed()) && Settle())) &&
+         Ok("cannot rename to", TakeTarget());
 }
 
 bool OutputFile::Ok(std::string_view step, int error) const {
@@ -86,31 +125,48 @@ int OutputFile::FollowLinks() {
   return ELOOP;
 }
 
-int OutputFile::Create() {
+int OutputFile::LookAtTarget() {
   if (target_.empty()) return ENOENT;
   struct stat old {};
-  if (stat(target_.c_str(), &old) != 0) return errno == ENOENT ? CreateUnique(0666) : errno;
+  if (stat(target_.c_str(), &old) != 0) return errno == ENOENT ? 0 : errno;
   if (!S_ISREG(old.st_mode)) return NotAFile(old.st_mode);
-  if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return errno;
-  // Nobody may read the new file, at any time, who may not read the old one.
-  if (const int error = CreateUnique(0600)) return error;
-  static_cast<void>(fchown(descriptor_, old.st_uid, old.st_gid) == 0);
-  return fchmod(descriptor_, old.st_mode & 07777) == 0 ? 0 : errno;
+  replaces_ = true;
+  mode_ = old.st_mode & 07777;
+  owner_ = old.st_uid;
+  group_ = old.st_gid;
+  return faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
 }
 
-int OutputFile::CreateUnique(unsigned mode) {
-  static std::atomic<unsigned> calls;
-  constexpr int kAttempts = 1000;
-  for (int i = 0; i < kAttempts; ++i) {
-    const auto now =
-        static_cast<unsigned long long>(std::chrono::steady_clock::now().time_since_epoch().count());
-    std::filesystem::path path = target_.parent_path() / ".save-";
-    path += std::to_string(getpid()) + "-" + std::to_string(now) + "-" + std::to_string(++calls);
-    descriptor_ = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
-    if (descriptor_ >= 0) unfinished_ = std::move(path);
-    if (descriptor_ >= 0 || errno != EEXIST) break;
-  }
-  return descriptor_ >= 0 ? 0 : errno;
+int OutputFile::CreateUnnamed() {
+  const std::filesystem::path folder = FolderOf(target_);
+  const int error = Repeated([&] {
+    return descriptor_ = open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, FirstMode(replaces_));
+  });
+  if (error != 0) return error;
+  flock(descriptor_, LOCK_EX | LOCK_NB);
+  return KeepMode();
+}
+
+int OutputFile::CreateNamed() {
+  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+  const int error = MakeBeside([this](const std::filesystem::path& path) {
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
+    const int failed =
+        Repeated([&] { return descriptor_ = open(path.c_str(), kFlags, FirstMode(replaces_)); });
+    if (failed != 0) return failed;
+    // Before it was locked, another process may have removed it.
+    const bool locked = flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+    if (locked && IsAt(descriptor_, path)) return 0;
+    close(std::exchange(descriptor_, -1));
+    return EEXIST;
+  });
+  return error != 0 ? error : KeepMode();
+}
+
+int OutputFile::KeepMode() const {
+  if (!replaces_) return 0;
+  static_cast<void>(fchown(descriptor_, owner_, group_) == 0);
+  return Repeated([this] { return fchmod(descriptor_, mode_); });
 }
 
 int OutputFile::Append(std::string_view content) const {
@@ -122,21 +178,74 @@ int OutputFile::Append(std::string_view content) const {
   return 0;
 }
 
-int OutputFile::Close() {
-  const int descriptor = std::exchange(descriptor_, -1);
-  return close(descriptor) == 0 ? 0 : errno;
+int OutputFile::Flush() const {
+  return Repeated([this] { return fsync(descriptor_); });
 }
 
-int OutputFile::Rename() {
-  if (rename(unfinished_.c_str(), target_.c_str()) != 0) return errno;
-  unfinished_.clear();
-  // Flushes the directory's entry, where the file system can do that.
-  const std::filesystem::path folder = target_.parent_path();
-  const int directory = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (directory >= 0) {
-    fsync(directory);
-    close(directory);
+// What failed may show only now. Another descriptor keeps the file and its lock.
+int OutputFile::Close() {
+  const int kept = fcntl(descriptor_, F_DUPFD_CLOEXEC, 0);
+  if (kept < 0) return errno;
+  return close(std::exchange(descriptor_, kept)) == 0 || errno == EINTR ? 0 : errno;
+}
+
+// Gives a file without a name that of the target, or where that is taken, one beside it.
+int OutputFile::TakeName() {
+  if (!replaces_ && Link(target_) == 0) return 0;
+  return MakeBeside([this](const std::filesystem::path& path) { return Link(path); });
+}
+
+int OutputFile::Link(const std::filesystem::path& path) const {
+  const std::string self = "/proc/self/fd/" + std::to_string(descriptor_);
+  const int error =
+      Repeated([&] { return linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW); });
+  return error == EEXIST && IsAt(descriptor_, path) ? 0 : error;  // it was done, and interrupted all the same
+}
+
+// For the systems that make a file without a name and then do not give it one.
+int OutputFile::CopyToNamed() {
+  constexpr std::size_t kAtOnce = std::size_t{1} << 30U;
+  const int unnamed = std::exchange(descriptor_, -1);
+  int error = CreateNamed();
+  off_t at = 0;
+  for (ssize_t copied = 1; error == 0 && copied != 0;) {
+    error = Repeated([&] { return copied = sendfile(descriptor_, unnamed, &at, kAtOnce); });
   }
+  close(unnamed);
+  return error;
+}
+
+// Makes the file at a name beside the target. Others that replace the same target may have the first names.
+template <class Make>
+int OutputFile::MakeBeside(const Make& make) {
+  constexpr int kMostNames = 1000;
+  constexpr std::size_t kMostShown = 200;  // a name has at most 255 bytes
+  const std::string name = target_.filename().string();
+  const std::string start = '.' + (name.size() <= kMostShown ? name : "") + ".unfinished-save-";
+  for (int i = 0; i < kMostNames; ++i) {
+    std::filesystem::path path = target_.parent_path() / (start + std::to_string(i));
+    int error = make(path);
+    if (error == EEXIST && RemoveLeftover(path)) error = make(path);
+    if (error == 0) beside_ = std::move(path);
+    if (error != EEXIST) return error;
+  }
+  return EEXIST;
+}
+
+int OutputFile::TakeTarget() {
+  if (!beside_.empty()) {
+    const int error = Repeated([this] { return rename(beside_.c_str(), target_.c_str()); });
+    const bool done = error == 0 || (error == ENOENT && IsAt(descriptor_, target_));
+    if (!done) return error;
+    beside_.clear();
+  }
+  // Flushes the folder's entry, where the file system can do that.
+  int folder = -1;
+  const std::filesystem::path path = FolderOf(target_);
+  Repeated([&] { return folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+  if (folder < 0) return 0;
+  Repeated([&] { return fsync(folder); });
+  close(folder);
   return 0;
 }
 

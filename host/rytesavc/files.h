@@ -33,6 +33,10 @@ class InputFile {
 // A file that replaces another as a whole: at every moment the path holds the old file or the new one. What was
 // written without a Finish is removed. A symbolic link at the path stays and its target is replaced; the old file's
 // mode, and its owner where that is allowed, are kept.
+//
+// Until it is whole the file has no name, where the system can do that, else one beside the target. The system cannot
+// put a file without a name in the place of another: it gets the name beside the target for the moment before it is
+// renamed. While a file has that name it is locked; one that is not was left by a process that was killed.
 class OutputFile {
  public:
   explicit OutputFile(const char* path) : path_(path) {}
@@ -48,16 +52,29 @@ class OutputFile {
  private:
   // These give an error number, 0 for success.
   int FollowLinks();
-  int Create();
-  int CreateUnique(unsigned mode);
+  int LookAtTarget();
+  int CreateUnnamed();
+  int CreateNamed();
+  int KeepMode() const;
   int Append(std::string_view content) const;
+  int Flush() const;
   int Close();
-  int Rename();
+  int Link(const std::filesystem::path& path) const;
+  int TakeName();
+  int CopyToNamed();
+  int TakeTarget();
+  template <class Make>
+  int MakeBeside(const Make& make);
   bool Ok(std::string_view step, int error) const;
+  bool Settle() { return Ok("cannot flush", Flush()) && Ok("cannot close", Close()); }
 
   std::string path_;  // as the caller wrote it
   std::filesystem::path target_;
-  std::filesystem::path unfinished_;  // a file beside the target, which takes its name in the end
+  bool replaces_ = false;  // whether there is an old file
+  unsigned mode_ = 0;      // of the old file, as are the next two
+  unsigned owner_ = 0;
+  unsigned group_ = 0;
+  std::filesystem::path beside_;  // the name beside the target, while the file has it
   int descriptor_ = -1;
 };
 

@@ -265,9 +265,13 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   // ---- Files.
 
-  /// Writes the branch as UTF-8 XML: to a file beside the target, which then takes the target's name. At
-  /// every moment the path holds the old file or the new one, whole. A symbolic link stays, the old file's
-  /// mode is kept.
+  /// Writes the branch as UTF-8 XML. At every moment the path holds the old file or the new one, whole, also
+  /// when the process is killed. A symbolic link stays, the old file's mode is kept. Interrupted system calls
+  /// are repeated.
+  ///
+  /// The new file has no name before it is whole. Only where the system cannot do that, and between the two
+  /// last steps over an old file, it is ".NAME.unfinished-save-0" beside the target (or 1, 2, … if others save
+  /// to it). A process that is killed there leaves that file, and the next Save to the same path removes it.
   int Save(const char* path) const;
   /// Puts the handle on the root of the tree in the file. The int has no effect.
   int load(const char* path, int);

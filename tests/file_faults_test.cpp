@@ -1,0 +1,281 @@
+// Saves and loads when system calls fail, are interrupted or done in part, and when the process is killed.
+//
+// The test program has system calls of its own, which the libraries call in place of the system's. They note the calls
+// of a save or load, and spoil one of them.
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <rytree_host/node.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <thread>
+
+#include "tree_text.h"
+
+namespace {
+
+enum class Fault { kNone, kFailed, kInterrupted, kDoneButInterrupted, kInPart };
+
+struct Calls {
+  bool noted = false;
+  std::vector<std::string> names;
+  std::size_t spoiled = 0;  // the number of the call, from 0
+  Fault fault = Fault::kNone;
+  std::string refused;  // a call that the system is not to know
+} calls;
+
+// Makes the call, or what takes its place. A length to be read or written comes last.
+template <class Result, class... Types>
+Result make(const char* name, Types... arguments) {
+  auto* const real = reinterpret_cast<Result (*)(Types...)>(dlsym(RTLD_NEXT, name));
+  const auto fail = [](int error) { return errno = error, static_cast<Result>(-1); };
+  if (calls.refused == name) return fail(EOPNOTSUPP);
+  if (!calls.noted) return real(arguments...);
+  calls.names.emplace_back(name);
+  if (calls.names.size() != calls.spoiled + 1 || calls.fault == Fault::kNone) return real(arguments...);
+  if (calls.fault == Fault::kFailed) {
+    if (calls.names.back() == "close") real(arguments...);
+    return fail(EIO);
+  }
+  if (calls.fault == Fault::kInterrupted) return fail(EINTR);
+  if constexpr (std::is_same_v<Result, ssize_t>) {
+    if (calls.fault == Fault::kInPart) {
+      std::get<sizeof...(arguments) - 1>(std::tie(arguments...)) = 1;
+      return real(arguments...);
+    }
+  }
+  real(arguments...);
+  return fail(EINTR);
+}
+
+}  // namespace
+
+#pragma GCC visibility push(default)
+extern "C" {
+int open(const char* path, int flags, ...) {
+  va_list more;
+  va_start(more, flags);
+  const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(more, mode_t) : 0;
+  va_end(more);
+  if ((flags & O_TMPFILE) == O_TMPFILE && calls.refused == "O_TMPFILE") return errno = EOPNOTSUPP, -1;
+  return make<int>("open", path, flags, mode);
+}
+int stat(const char* path, struct stat* out) noexcept { return make<int>("stat", path, out); }
+int fstat(int file, struct stat* out) noexcept { return make<int>("fstat", file, out); }
+int faccessat(int folder, const char* path, int mode, int flags) noexcept {
+  return make<int>("faccessat", folder, path, mode, flags);
+}
+int flock(int file, int operation) noexcept { return make<int>("flock", file, operation); }
+int fchown(int file, uid_t owner, gid_t group) noexcept { return make<int>("fchown", file, owner, group); }
+int fchmod(int file, mode_t mode) noexcept { return make<int>("fchmod", file, mode); }
+ssize_t read(int file, void* to, size_t length) { return make<ssize_t>("read", file, to, length); }
+ssize_t write(int file, const void* from, size_t length) {
+  return make<ssize_t>("write", file, from, length);
+}
+ssize_t sendfile(int to, int from, off_t* offset, size_t length) noexcept {
+  return make<ssize_t>("sendfile", to, from, offset, length);
+}
+int fsync(int file) { return make<int>("fsync", file); }
+int fcntl(int file, int command, ...) {
+  va_list more;
+  va_start(more, command);
+  const long argument = va_arg(more, long);
+  va_end(more);
+  return make<int>("fcntl", file, command, argument);
+}
+int close(int file) { return make<int>("close", file); }
+int linkat(int from_folder, const char* from, int to_folder, const char* to, int flags) noexcept {
+  return make<int>("linkat", from_folder, from, to_folder, to, flags);
+}
+int rename(const char* from, const char* to) noexcept { return make<int>("rename", from, to); }
+int unlink(const char* path) noexcept { return make<int>("unlink", path); }
+}
+#pragma GCC visibility pop
+
+namespace {
+
+namespace fs = std::filesystem;
+using Node = RYXmlWrapperBase;
+
+std::ptrdiff_t entries(const fs::path& folder) { return std::distance(fs::directory_iterator(folder), {}); }
+
+std::string content(const fs::path& file) {
+  std::ostringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+class FileFaults : public testing::Test {
+ protected:
+  FileFaults() {
+    std::string pattern = testing::TempDir() + "faultsXXXXXX";
+    folder = mkdtemp(pattern.data());
+    path = folder / "x.xml";
+  }
+  ~FileFaults() override { calls = {}, fs::remove_all(folder); }
+
+  void put_old(bool there) const {
+    fs::remove(path);
+    if (there) std::ofstream(path) << old_text;
+  }
+  // The result of a save or load, one call of which is spoiled.
+  int spoiled(Fault fault, std::size_t call, bool load) {
+    calls.names.clear();
+    calls.spoiled = call;
+    calls.fault = fault;
+    calls.noted = true;
+    const int done = load ? loaded.load(path.c_str(), 0) : fresh.Save(path.c_str());
+    calls.noted = false;
+    return done;
+  }
+  // The names of its calls, with a "!" before those whose failure makes it fail.
+  std::string spoil_each(bool load, bool there) {
+    std::string all;
+    for (std::size_t call = 0;; ++call) {
+      put_old(there);
+      loaded.ReleaseNode();
+      const auto files = entries("/proc/self/fd");
+      const int done = spoiled(Fault::kFailed, call, load);
+      if (calls.names.size() <= call) return all;
+      const std::string& name = calls.names[call];
+      all += (all.empty() ? "" : " ") + (done != 0 ? "" : std::string("!")) + name;
+      EXPECT_EQ(done != 0, load ? text(loaded) == "<old/>" : content(path) == fresh_text) << all;
+      if (done == 0) {
+        EXPECT_EQ(content(path), there ? old_text : "") << all;
+        EXPECT_NE(std::strstr(Node::LastFailure().text, "x.xml': Input/output error"), nullptr) << all;
+      }
+      EXPECT_EQ(entries("/proc/self/fd"), files) << all;
+      EXPECT_EQ(entries(folder), there || done != 0 ? 1 : 0) << all;
+      spoil_otherwise(name, call, load, there);
+    }
+  }
+  void spoil_otherwise(const std::string& name, std::size_t call, bool load, bool there) {
+    for (const Fault fault : {Fault::kInterrupted, Fault::kDoneButInterrupted, Fault::kInPart}) {
+      const char* const able = fault == Fault::kInterrupted
+                                   ? " open flock fchmod read write sendfile fsync linkat rename "
+                               : fault == Fault::kInPart ? " read write sendfile "
+                                                         : " close linkat rename ";
+      if (std::strstr(able, (' ' + name + ' ').c_str()) == nullptr) continue;
+      put_old(there);
+      loaded.ReleaseNode();
+      EXPECT_EQ(spoiled(fault, call, load), 1) << name << ' ' << call << ' ' << Node::LastFailure().text;
+      EXPECT_EQ(load ? text(loaded) : content(path), load ? "<old/>" : fresh_text) << name << ' ' << call;
+      EXPECT_EQ(entries(folder), 1) << name << ' ' << call;
+    }
+  }
+
+  fs::path folder;
+  fs::path path;
+  Node loaded;
+  const Node old = parse("<old/>");
+  const Node fresh = parse("<fresh/>");
+  const std::string old_text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<old/>\n";
+  const std::string fresh_text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<fresh/>\n";
+};
+
+TEST_F(FileFaults, LeaveTheOldFileOrTheNewOne) {
+  const std::string create = "fchown fchmod !write !fsync !fcntl !close ";
+  const std::string named = "!open flock fstat fchown !fchmod ";
+  const std::string settle = "!fsync !fcntl !close ";
+  const std::string rename = "!rename open fsync close close";
+  const Rows<const char*, bool, bool, std::string> cases = {
+      {"", false, true, "!stat !faccessat open flock " + create + "linkat " + rename},
+      {"", false, false, "!stat open flock !write !fsync !fcntl !close linkat open fsync close close"},
+      {"O_TMPFILE", false, true, "!stat !faccessat " + named + "!write " + settle + rename},
+      {"linkat", false, true,
+       "!stat !faccessat open flock " + create + named + "!sendfile !sendfile close " + settle + rename},
+      {"flock", false, true, "!stat !faccessat open " + create + "linkat " + rename},
+      {"", true, true, "!open !fstat !read !read !read close"},
+  };
+  for (const auto& [refused, load, there, names] : cases) {
+    calls.refused = refused;
+    EXPECT_EQ(spoil_each(load, there), names);
+  }
+}
+
+TEST_F(FileFaults, LeaveNothingThatStays) {
+  const fs::path beside = folder / ".x.xml.unfinished-save-0";
+  put_old(true);
+  for (const char* const refused : {"", "O_TMPFILE"}) {
+    calls.refused = refused;
+    std::ofstream(beside) << "<cut";
+    const int user = open(beside.c_str(), O_RDONLY);
+    ASSERT_EQ(flock(user, LOCK_EX), 0);
+    EXPECT_EQ(fresh.Save(path.c_str()), 1);
+    EXPECT_EQ(entries(folder), 2);
+    close(user);
+    EXPECT_EQ(fresh.Save(path.c_str()), 1);
+    EXPECT_EQ(entries(folder), 1);
+  }
+  for (const std::string& name : {std::string(255, 'n'), std::string("relative")}) {
+    const fs::path former = fs::current_path();
+    fs::current_path(folder);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(fresh.Save(name.c_str()), 1) << Node::LastFailure().text;
+    fs::current_path(former);
+    EXPECT_EQ(content(folder / name), fresh_text);
+  }
+  EXPECT_EQ(entries(folder), 3);
+}
+
+TEST_F(FileFaults, NeverMixTwoSaves) {
+  for (const char* const refused : {"", "O_TMPFILE"}) {
+    calls.refused = refused;
+    const auto save = [&](const char* xml) {
+      const Node tree = parse(xml);
+      for (int i = 0; i < 50; ++i) ASSERT_EQ(tree.Save(path.c_str()), 1) << Node::LastFailure().text;
+    };
+    std::thread other([&] { save("<old/>"); });
+    save("<fresh/>");
+    other.join();
+    EXPECT_TRUE(content(path) == old_text || content(path) == fresh_text);
+    EXPECT_EQ(entries(folder), 1);
+  }
+}
+
+// RYTREE_KILLS in the environment makes it more than a few.
+TEST_F(FileFaults, KilledProcessesLeaveAWholeFile) {
+  const char* const wanted = std::getenv("RYTREE_KILLS");
+  const int kills = wanted != nullptr ? std::atoi(wanted) : 50;
+  const std::string item = "<item Name='a name'>" + std::string(1000, 't') + "</item>";
+  std::string items;
+  for (int i = 0; i < 1000; ++i) items += item;
+  const std::vector<Node> versions = {parse("<a>" + items + "</a>"), parse("<b>" + items + "</b>")};
+  std::vector<std::string> texts;
+  for (const Node& version : versions) {
+    ASSERT_EQ(version.Save(path.c_str()), 1);
+    texts.push_back(content(path));
+  }
+  std::mt19937 random(11);
+  for (const char* const refused : {"", "O_TMPFILE"}) {
+    calls.refused = refused;
+    int left = 0;
+    for (int i = 0; i < kills / 2; ++i) {
+      const pid_t child = fork();
+      if (child == 0) {
+        for (std::size_t save = 0;; ++save) versions[save % 2].Save(path.c_str());
+      }
+      usleep(static_cast<useconds_t>(random() % 20000));
+      kill(child, SIGKILL);
+      waitpid(child, nullptr, 0);
+      left += entries(folder) > 1 ? 1 : 0;
+      const std::string now = content(path);
+      ASSERT_TRUE(now == texts[0] || now == texts[1]) << now.size();
+      ASSERT_NE(loaded.load(path.c_str(), 0), 0);
+      ASSERT_EQ(versions[0].Save(path.c_str()), 1) << Node::LastFailure().text;
+      ASSERT_EQ(entries(folder), 1);
+    }
+    if (wanted != nullptr) std::cout << refused << ": " << left << " of " << kills / 2 << " left a file\n";
+  }
+}
+
+}  // namespace
