@@ -36,11 +36,11 @@ EXPORT_REASONS = dict.fromkeys(
     ['vctree_set_values_by_ids', 'rytree_set_values_by_ids', 'vctree_set_values_by_nodeids'],
     'The IDs are shuffled. Each leaf reads one entry of the index and one of the array of values, and at 100,000 nodes '
     'neither is in the nearer caches.')
-MEMORY = ('A node has 88 bytes, an attribute 24, and a text of more than 12 bytes a block of its own. pugixml has a '
-          'compact form, not built in Debian, that took 113 bytes. Ours would take about 120 with links of 32 bits, and '
-          '111 if attributes also held the number of their name and not its address. In a model of such links walk and '
-          'clone were 25 % faster. Every step from node to node would then be an index into the memory of a tree, which '
-          'makes the store harder to read; this has not been done.')
+MEMORY = ('Memory: a node has 88 bytes, an attribute 24, and a text of more than 12 bytes a block of its own. The compact '
+          'form of pugixml, which the Debian package does not have, took 113 bytes in a trial. By calculation ours would '
+          'take 120 with links of 32 bits in place of addresses, and 111 if attributes also held the number of their '
+          'name. In a model of such links walk and clone were 25 % faster. But every step from node to node would go '
+          'through an index into the memory of the tree, which makes the store harder to read, so this was not done.')
 JOBS = {
     'main job': 'main job: load two files, copy by ID, save',
     'load': 'load: a file to a tree',
