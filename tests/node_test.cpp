@@ -2,6 +2,7 @@
 // node_model_test.cpp.
 #include <climits>
 #include <future>
+#include <random>
 
 #include "tree_text.h"
 
@@ -268,6 +269,46 @@ TEST(Node, ServesTwoThreadsWithTwoTrees) {
   };
   std::future<std::string> other = std::async(std::launch::async, work);
   EXPECT_EQ(work(), other.get());
+}
+
+TEST(Node, FindsChildrenByIndexWhateverChanges) {
+  std::mt19937 random(3);
+  const auto below = [&](std::size_t bound) { return static_cast<int>(random() % bound); };
+  Node top = parse("<Root/>");
+  struct Family {
+    Node parent;
+    std::vector<int> ids;  // of the children
+  };
+  std::vector<Family> families(3);
+  for (Family& family : families) family.parent = child(top, "f");
+  const auto swap_contents = [&] {
+    CArray<int, int> order;
+    for (const int place : {1, 0, 2}) order.Add(place);
+    if (top.ArrangeChildren(order) != 0) std::swap(families[0].ids, families[1].ids);
+  };
+  for (int round = 0; round < 40000; ++round) {
+    auto& [parent, ids] = families[random() % families.size()];
+    const int at = below(ids.size() + 1);
+    const bool there = at < static_cast<int>(ids.size());
+    Node found;
+    int id = -1;
+    ASSERT_EQ(parent.GetChild(found, at), there ? 1 : 0);
+    found.GetID(id);
+    ASSERT_EQ(id, there ? ids[static_cast<std::size_t>(at)] : -1);
+    const int edit = below(24);
+    if (edit == 0 && there) {
+      ASSERT_EQ(parent.InsertNodeBefore(found, "c", round), 1);
+      ids.insert(ids.begin() + at, round);
+    } else if (edit < 3 && there) {
+      ids.erase(ids.begin() + at), found.RemoveNode();
+    } else if (edit < 5 || ids.size() < 40) {
+      ids.push_back(round), child(parent, "c", round);
+    } else if (below(800) == 0) {
+      ids.clear(), parent.RemoveAllChildren();
+    } else if (below(200) == 0) {
+      swap_contents();
+    }
+  }
 }
 
 // Anything whose cost grows faster than the number of children would not come to an end here.

@@ -102,22 +102,22 @@ void Tree::Append(Node* parent, Node* child) {
 
 void Tree::InsertBefore(Node* next, Node* child) {
   Node* const parent = next->parent;
+  places_.Change(parent, next, child, parent->child_count);
   child->parent = parent;
   child->next = next;
   child->back = next->back;
   (next == parent->first ? parent->first : next->back->next) = child;
   next->back = child;
   ++parent->child_count;
-  seen_parent_ = nullptr;
 }
 
 inline void Tree::Unlink(Node* node) {
-  seen_parent_ = nullptr;
   Node* const parent = node->parent;
   if (parent == nullptr) {
     if (root == node) root = nullptr;
     return;
   }
+  places_.Change(parent, node, node->next, parent->child_count);
   (node->next != nullptr ? node->next : parent->first)->back = node->back;
   (node == parent->first ? parent->first : node->back->next) = node->next;
   --parent->child_count;
@@ -127,6 +127,7 @@ inline void Tree::Unlink(Node* node) {
 // put off until the slot or the memory is needed, but not for large blocks.
 inline void Tree::FreeNode(Node* node) {
   --node_count_;
+  if (node->child_count != 0) places_.Forget(node, node->child_count);
   // Generations start at 1. A slot that has used them all is not used again, so that no old handle ever
   // comes back to life.
   const bool given_up = ++node->generation == 0;
@@ -171,7 +172,7 @@ void Tree::Remove(Node* branch) {
 }
 
 void Tree::FreeChildren(Node* node) {
-  seen_parent_ = nullptr;
+  places_.Forget(node, node->child_count);
   for (Node* child = node->first; child != nullptr;) {
     Node* const next = child->next;
     Free(child);
@@ -215,9 +216,10 @@ void Tree::ArrangeChildren(Node* parent, const int* order) {
   std::vector<Node> contents(places.size());
   for (std::size_t i = 0; i < places.size(); ++i) contents[i] = *places[static_cast<std::size_t>(order[i])];
   for (std::size_t i = 0; i < places.size(); ++i) {
-    if (order[i] != static_cast<int>(i)) PutContent(places[i], contents[i]);
+    if (order[i] == static_cast<int>(i)) continue;
+    places_.Forget(places[i], places[i]->child_count);
+    PutContent(places[i], contents[i]);
   }
-  seen_parent_ = nullptr;
 }
 
 Node* Tree::CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth) {
@@ -271,21 +273,23 @@ bool Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_t
 Node* Tree::Child(const Node* parent, std::uint32_t index) const {
   const std::uint32_t count = parent->child_count;
   if (index >= count) return nullptr;
+  const auto steps_from = [index](std::uint32_t place) {
+    return index >= place ? index - place : place - index;
+  };
   Node* at = parent->first;
   std::uint32_t place = 0;
-  if (seen_parent_ == parent && (index >= seen_index_ ? index - seen_index_ : seen_index_ - index) < index) {
-    at = seen_child_;
-    place = seen_index_;
+  const ChildPlaces::Place seen = places_.Find(parent, count);
+  if (seen.child != nullptr && steps_from(seen.index) < index) {
+    at = seen.child;
+    place = seen.index;
   }
-  if (count - 1 - index < (index >= place ? index - place : place - index)) {
+  if (count - 1 - index < steps_from(place)) {
     at = parent->last();
     place = count - 1;
   }
   for (; place < index; ++place) at = at->next;
   for (; place > index; --place) at = at->back;
-  seen_parent_ = parent;
-  seen_child_ = at;
-  seen_index_ = index;
+  places_.Remember({parent, at, index}, count);
   return at;
 }
 

@@ -97,7 +97,9 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int NextBelow(RYXmlWrapperBase& out, const RYXmlWrapperBase& top) const {
     return IsNodeValid() != 0 ? out.Point(tree_, node_->NextBelow(top.node_)) : 0;
   }
-  /// The child at `index`, from 0. Asking for the children in order, forwards or backwards, is O(1) each.
+  /// The child at `index`, from 0. The walk starts at an end or where the last one on this parent ended, so
+  /// that asking for the children in order, either way, is O(1) each, also on several parents in turns. That
+  /// place is lost when a child is inserted or removed elsewhere under the parent.
   int GetChild(RYXmlWrapperBase& out, int index) const;
   /// The number of children, O(1).
   int GetNodeCount() const { return IsNodeValid() != 0 ? static_cast<int>(node_->child_count) : 0; }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string_view>
 
+#include "rytree_host/detail/child_places.h"
 #include "rytree_host/detail/tree_memory.h"
 #include "rytree_host/export.h"
 
@@ -190,9 +191,7 @@ class RYTREE_API Tree {
   Node* removed_nodes_ = nullptr;  // free too, but with their attributes and text
   std::size_t node_count_ = 0;     // in the tree now
   mutable std::uint64_t copies_ = 0;
-  mutable const Node* seen_parent_ = nullptr;  // where the last Child() ended
-  mutable Node* seen_child_ = nullptr;
-  mutable std::uint32_t seen_index_ = 0;
+  mutable ChildPlaces places_;
   std::uint32_t name_count_ = 0;
   std::uint32_t name_slots_ = kFirstNames;
   const Name** names_ = first_names_;
