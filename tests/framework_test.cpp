@@ -1,5 +1,6 @@
 #include "rytree_host/framework.h"
 
+#include <random>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -48,6 +49,19 @@ TEST(String, ChangesInPlace) {
     CString changed(text);
     change(changed);
     EXPECT_EQ(changed.View(), wanted);
+  }
+}
+
+TEST(String, FindsLongTexts) {
+  std::mt19937 random(8);
+  for (int round = 0; round < 2000; ++round) {
+    std::string text;
+    while (text.size() < 400) text += random() % 40 == 0 ? 'b' : 'a';
+    std::string wanted = text.substr(random() % 300, 60 + random() % 40);
+    if (random() % 2 != 0) wanted[random() % wanted.size()] = 'b';
+    const int start = static_cast<int>(random() % 300);
+    ASSERT_EQ(CString(text.c_str()).Find(wanted.c_str(), start),
+              static_cast<int>(text.find(wanted, static_cast<std::size_t>(start))));
   }
 }
 

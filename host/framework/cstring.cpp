@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "rytree_host/find_stretch.h"
 #include "rytree_host/multibyte.h"
 #include "rytree_host/utf8.h"
 
@@ -10,6 +11,12 @@ namespace {
 
 int Position(std::size_t found) noexcept {
   return found == std::string::npos || found > INT_MAX ? -1 : static_cast<int>(found);
+}
+
+// The plain search is the fastest for most texts, but takes longer the longer `wanted` is.
+std::size_t FindText(std::string_view text, std::string_view wanted, std::size_t from) {
+  constexpr std::size_t kLong = 64;
+  return wanted.size() < kLong ? text.find(wanted, from) : FindStretch(text, wanted, from);
 }
 
 std::string Formatted(const char* format, std::va_list arguments) {
@@ -62,8 +69,8 @@ void CString::AppendFormat(const char* format, ...) {
   va_end(arguments);
 }
 
-int CString::Find(const char* text, int start) const noexcept {
-  return Position(View().find(Narrow(text), Count(start)));
+int CString::Find(const char* text, int start) const {
+  return Position(FindText(View(), Narrow(text), Count(start)));
 }
 
 int CString::Find(char character, int start) const noexcept {
@@ -95,7 +102,7 @@ int CString::Replace(const char* old, const char* now) {
   std::string replaced;
   std::size_t done = 0;
   int places = 0;
-  for (std::size_t at = 0; (at = text_.find(wanted, done)) != std::string::npos; ++places) {
+  for (std::size_t at = 0; (at = FindText(text_, wanted, done)) != std::string::npos; ++places) {
     replaced.append(text_, done, at - done).append(Narrow(now));
     done = at + wanted.size();
   }

@@ -23,8 +23,9 @@ RYTREE_API char* kelp_find_closing_char(char* text, char character, int option, 
 
 /// Nonzero if `filter` matches the whole of `text`. In the filter `*` stands for any stretch, an empty one
 /// too, and `?` for one UTF-8 character or one byte that belongs to none. Case counts if `caseSensitive` is
-/// nonzero. The last two arguments have no effect. Time grows with the length of the text times the longest
-/// stretch of the filter without `*`, at worst.
+/// nonzero. The last two arguments have no effect. Time grows with the lengths of filter and text, whatever
+/// they hold; only a stretch between stars that mixes `?` with characters can take as long as its length times
+/// that of the text, divided by 64.
 RYTREE_API int kelp_text_match(const char* filter, const char* text, int caseSensitive, int option1,
                                int option2);
 

@@ -92,7 +92,7 @@ class CString {
   RYTREE_API void AppendFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
   /// The first place at or after `start`, -1 for none. An empty text is found at `start`.
-  RYTREE_API int Find(const char* text, int start = 0) const noexcept;
+  RYTREE_API int Find(const char* text, int start = 0) const;
   RYTREE_API int Find(char character, int start = 0) const noexcept;
   /// The last place of the character, -1 for none.
   RYTREE_API int ReverseFind(char character) const noexcept;
