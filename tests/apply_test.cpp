@@ -74,6 +74,27 @@ TEST(Apply, WritesValuesByIds) {
   }
 }
 
+TEST(Apply, TakesDecorationsOffOneByOne) {
+  std::mt19937 random(5);
+  const std::string pieces[] = {"::{", "::{", "a", "b", "cdefghij", "=", "=", "}", ":", "x"};
+  for (int round = 0; round < 3000; ++round) {
+    std::string value;
+    // The more pieces, the more names, and the more of these are written again.
+    for (auto left = random() % 200; left > 0; --left) {
+      const std::string& piece = pieces[random() % std::size(pieces)];
+      value += piece.size() == 8 ? piece.substr(random() % 8) : piece;
+    }
+    RYXmlWrapperBase tree = parse_ids("<R><a #1 b='0'/></R>");
+    RYXmlWrapperBase expected = parse_ids("<R><a #1 b='0'/></R>");
+    CArray<int, int> ids;
+    CStringArray values;
+    fill("1=" + value, ids, values);
+    vctree_set_values_by_ids(&tree, &ids, &values, 0, nullptr, 0, nullptr, nullptr);
+    slow::Apply{ids, values, nullptr, false}.walk(expected, 0, 0);
+    ASSERT_EQ(text(tree), text(expected)) << value;
+  }
+}
+
 TEST(Apply, AnIdTwiceIsADuplicateOnlyWhereAsked) {
   RYXmlWrapperBase tree = parse_ids("<R><a #5/></R>");
   CArray<int, int> ids;

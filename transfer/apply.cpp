@@ -111,16 +111,28 @@ class Apply {
     return true;
   }
 
+  struct Noted {
+    bool automatic = false;
+    bool dynamic = false;
+  };
+  static Noted write_attributes(RYXmlWrapperBase& node, const Undecorated& parts) {
+    Noted noted;
+    for (const auto& decoration : parts.decorations) {
+      const CString name(decoration.name);
+      node.SetPropertyValue(name, CString(decoration.text));
+      noted.automatic = noted.automatic || lstrcmpiA(name, kAutoName) == 0;
+      noted.dynamic = noted.dynamic || lstrcmpiA(name, "DynaUseChck") == 0;
+    }
+    return noted;
+  }
+
   void store(RYXmlWrapperBase& node, const CString& value, bool as_branch, unsigned theme) {
     std::optional<CString> own;  // made only where the value is not stored as it came
     Noted noted;
     if (may_be_decorated(value)) {
-      own = take_decorations(value, [&](const CString& name, const CString& text) {
-        if ((theme & kThemeKeepsAttributes) != 0) return;
-        node.SetPropertyValue(name, text);
-        noted.automatic = noted.automatic || lstrcmpiA(name, kAutoName) == 0;
-        noted.dynamic = noted.dynamic || lstrcmpiA(name, "DynaUseChck") == 0;
-      });
+      const Undecorated parts = take_decorations(value);
+      if ((theme & kThemeKeepsAttributes) == 0) noted = write_attributes(node, parts);
+      own = CString(parts.value);
     }
     reset_undecorated(node, noted);
     if ((theme & kThemeKeepsValue) != 0) return;
@@ -137,10 +149,6 @@ class Apply {
     }
   }
 
-  struct Noted {
-    bool automatic = false;
-    bool dynamic = false;
-  };
   /// What the options ask of a node whose value had no such decoration.
   void reset_undecorated(RYXmlWrapperBase& node, Noted noted) const {
     if ((options_.resets & kResetAutoSupport) != 0 && !noted.automatic) vctree_check_reset_auto_support(node);

@@ -4,7 +4,8 @@
 
 #include <rytree_host/node.h>
 
-#include <functional>
+#include <string_view>
+#include <vector>
 
 #include "frame/attributes.h"
 
@@ -41,7 +42,17 @@ class DecoratedValues {
 /// Whether the value is long enough for a decoration and holds the start of one.
 bool may_be_decorated(const CString& value);
 
-/// Takes the decorations off: passes each that has a name and a text to `take`, first to last, also one
-/// inside the text of another. The result is what follows the last.
-CString take_decorations(const CString& value,
-                         const std::function<void(const CString& name, const CString& text)>& take);
+/// A value taken apart, in views of it.
+struct Undecorated {
+  struct Decoration {
+    std::string_view name;
+    std::string_view text;
+  };
+  std::vector<Decoration> decorations;
+  std::string_view value;
+};
+
+/// Takes the decorations off. Each that has a name and a text counts, also one inside the text of another. A
+/// name comes once, at its first place and with its last text. Left out are names that hold the start of a
+/// decoration: no attribute has such a name.
+Undecorated take_decorations(const CString& value);

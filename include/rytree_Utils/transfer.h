@@ -101,7 +101,8 @@ extern "C" RYTREE_API int rytree_get_values_with_ids(RYXmlWrapperBase* node, Hos
 ///  -3   the sizes differ
 ///  -4   an ID occurs twice; nothing is written
 ///  -5   the ID of a node cannot be combined with the repeat number; what was written before stays
-/// Linear in the nodes and the entries together.
+/// Linear in the nodes and the entries together, and in the texts written: decorations inside each other can
+/// make many long ones of a short value.
 RYTREE_API int vctree_set_values_by_ids(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
                                         int repeat, int* duplicate, int storeArgument,
                                         const char* idAttribute, CString* error);
