@@ -6,22 +6,28 @@
 #include <rytree_host/Kelp60.h>
 #include <rytree_host/ryUtils.h>
 
+#include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
-#include "frame/attributes.h"
 #include "frame/case_key.h"
 #include "frame/children.h"
+#include "frame/children_by_tag.h"
 #include "frame/host_arrays.h"
+#include "frame/text_index.h"
 
 namespace {
 
-std::unordered_set<std::string> keys_of(const CStringArray& names) {
-  std::unordered_set<std::string> keys;
-  keys.reserve(static_cast<std::size_t>(names.GetSize()));
-  for (const CString& name : names) keys.insert(case_key(name));
+TextIndex keys_of(const CStringArray& names) {
+  TextIndex keys;
+  for (const CString& name : names) keys.add(case_key(name));
   return keys;
+}
+
+CString numbered_tag(const char* prefix, int number) {
+  CString tag;
+  tag.Format("%s%d", prefix != nullptr ? prefix : "", number);
+  return tag;
 }
 
 CStringArray child_tags(RYXmlWrapperBase* node) {
@@ -33,9 +39,9 @@ CStringArray child_tags(RYXmlWrapperBase* node) {
 /// The prefix alone or with the first number from 1 on, so that with the suffix it is none of the names, case
 /// aside. The suffix is not in the result.
 CString first_free(const CStringArray& names, const char* prefix, const char* suffix) {
-  const auto taken = keys_of(names);
+  const TextIndex taken = keys_of(names);
   CString name(prefix);
-  for (int number = 1; taken.contains(case_key(name + suffix)); ++number) {
+  for (int number = 1; taken.find(case_key(name + suffix)) >= 0; ++number) {
     name = prefix;
     name += kelp_number_to_text(number);
   }
@@ -82,9 +88,9 @@ bool collect_numbers(const RYXmlWrapperBase& node, const char* prefix, CArray<un
 
 int next_letters(RYXmlWrapperBase& node, CString* name) {
   if (name == nullptr) return -1;
-  const auto taken = keys_of(child_tags(&node));
+  const TextIndex taken = keys_of(child_tags(&node));
   CString candidate("A");
-  while (taken.contains(candidate.GetString())) advance(candidate);
+  while (taken.find(candidate.GetString()) >= 0) advance(candidate);
   *name = candidate;
   return 0;
 }
@@ -103,6 +109,30 @@ int next_number(RYXmlWrapperBase& node, CString* name) {
   if (name != nullptr) name->Format("%s%d", split.prefix(), gap + 1);
   return gap + 1;
 }
+
+/// Finds the children that a node has now. Where many are looked for among them, they are read once.
+class PresentChildren {
+ public:
+  PresentChildren(const RYXmlWrapperBase& parent, int searches) : parent_(parent) {
+    constexpr int kChildrenForEachSearch = 16;
+    if (parent.GetNodeCount() / kChildrenForEachSearch < searches) by_tag_.emplace(parent);
+  }
+
+  /// The first of that tag; an invalid handle if there is none.
+  RYXmlWrapperBase find(const CString& tag) {
+    RYXmlWrapperBase found;
+    if (!by_tag_) {
+      parent_.FindChild(tag, found, 1);
+    } else if (const int number = by_tag_->find(tag.View()); number >= 0) {
+      found = by_tag_->node(number);
+    }
+    return found;
+  }
+
+ private:
+  const RYXmlWrapperBase& parent_;
+  std::optional<FirstByTag> by_tag_;
+};
 
 }  // namespace
 
@@ -127,9 +157,7 @@ int rytree_get_next_enum_tag_name(RYXmlWrapperBase* node, CString* name, int num
 void rytree_check_add_enumerated_node(RYXmlWrapperBase* child, RYXmlWrapperBase* parent, const char* prefix,
                                       int number, int id, const char* attribute, const char* value) {
   if (parent == nullptr) return;
-  CString tag;
-  tag.Format("%s%d", prefix != nullptr ? prefix : "", number);
-  rytree_tree_check_get_node(child, parent, tag, id, attribute, value, 1);
+  rytree_tree_check_get_node(child, parent, numbered_tag(prefix, number), id, attribute, value, 1);
 }
 
 int rytree_make_one_set_ID(int id, int setNumber) {
@@ -144,12 +172,14 @@ bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char*
   if (parent == nullptr || array == nullptr) return false;
   const auto start = static_cast<unsigned>(count != nullptr ? *count : parent->GetNodeCount());
   const int size = array->GetSize();
+  PresentChildren present(*parent, size);
   for (int i = 0; i < size; ++i) {
     if (maxNodes != nullptr && parent->GetNodeCount() >= *maxNodes) break;
     const int number = static_cast<int>(start + static_cast<unsigned>(i) + 1U);
-    RYXmlWrapperBase child;
-    rytree_check_add_enumerated_node(&child, parent, prefix, number, rytree_make_one_set_ID(id, number),
-                                     kLabelName, label);
+    const CString tag = numbered_tag(prefix, number);
+    RYXmlWrapperBase child = present.find(tag);
+    if (child.IsNodeValid() == 0) parent->AddNode(child, tag, rytree_make_one_set_ID(id, number));
+    if (lstrlenA(label) > 0) child.SetLabel(label);
     child.NodeValue((*array)[i], 0);
   }
   if (count != nullptr) *count = static_cast<int>(start + static_cast<unsigned>(size));

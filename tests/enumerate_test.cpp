@@ -123,6 +123,17 @@ TEST(EnumNodes, AreAddedForEachValue) {
   RYXmlWrapperBase tree = parse("<R/>");
   HostIntArray ints;
   HostDoubleArray values;
+  for (const int others : {0, 99}) {
+    RYXmlWrapperBase parent = parse("<R><N2/><N1/><N2/></R>");
+    RYXmlWrapperBase child;
+    for (int i = 0; i < others; ++i) parent.AddNode(child, "x", -1);
+    int from = 0;
+    for (const int all : {7, 8}) values.array().Add(all);
+    EXPECT_TRUE(rytree_check_add_all_enumerated_nodes(&parent, "N", &values, 9, "", &from, nullptr));
+    parent.SetSizeTrimFromEnd(3);
+    EXPECT_EQ(text(parent), "<R><N2>8</N2><N1>7</N1><N2/></R>");
+    values.array().RemoveAll();
+  }
   EXPECT_FALSE(rytree_check_add_all_enumerated_nodes(&tree, "N", &ints, 9, "", nullptr, nullptr));
   EXPECT_FALSE(rytree_check_add_all_enumerated_nodes(&tree, "N", nullptr, 9, "", nullptr, nullptr));
   EXPECT_FALSE(rytree_check_add_all_enumerated_nodes(nullptr, "N", &values, 9, nullptr, nullptr, nullptr));

@@ -44,7 +44,7 @@ RYTREE_API int rytree_make_one_set_ID(int id, int setNumber);
 /// none); the element becomes the value. Numbers go on from `*count`, or from the number of children if
 /// `count` is null. Stops when `parent` has `*maxNodes` children (null: no limit); `*count` grows by the size
 /// of the array even then. True, or false for a null parent, a null object and one that holds no double
-/// array.
+/// array. Linear in the elements and the children together.
 RYTREE_API bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char* prefix,
                                                       HostArrayObject* values, int id, const char* label,
                                                       int* count, int* maxNodes);
