@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "frame/attributes.h"
+#include "frame/case_key.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
+#include "frame/text_index.h"
 
 namespace {
 
@@ -58,18 +61,61 @@ CStringArray texts_below(const RYXmlWrapperBase& node, int data_id) {
   return texts;
 }
 
-bool is_in(const CString& text, const CStringArray& set) {
-  return std::any_of(set.begin(), set.end(), [&](const CString& one) { return _mbsicmp(text, one) == 0; });
-}
+/// A list of texts made ready for many searches, case aside.
+class TextList {
+ public:
+  explicit TextList(const CStringArray& texts) : texts_(texts) {
+    if (texts.GetSize() > kFew) {
+      for (const CString& text : texts) keys_.add(case_key(text));
+    }
+    const int numbers = std::max(keys_.count(), std::min(texts.GetSize(), kFew));
+    met_in_.resize(static_cast<std::size_t>(numbers));
+    for (const CString& text : texts) meet(text);
+    different_ = std::exchange(met_, 0);
+  }
 
-bool intersect(const CStringArray& a, const CStringArray& b) {
-  return std::any_of(a.begin(), a.end(), [&](const CString& text) { return is_in(text, b); });
-}
+  bool is_empty() const { return texts_.IsEmpty(); }
+  /// Whether the list holds one of the texts.
+  bool holds_any(const CStringArray& texts) const {
+    return std::any_of(texts.begin(), texts.end(), [this](const CString& text) { return number(text) >= 0; });
+  }
+  /// Whether it holds all of them. An empty list holds nothing, not even no texts.
+  bool holds_all(const CStringArray& texts) const {
+    return !is_empty() &&
+           std::all_of(texts.begin(), texts.end(), [this](const CString& text) { return number(text) >= 0; });
+  }
+  /// Whether all of the list are among the texts. Nothing is among no texts.
+  bool is_among(const CStringArray& texts) {
+    ++round_;
+    met_ = 0;
+    for (const CString& text : texts) meet(text);
+    return !texts.IsEmpty() && met_ == different_;
+  }
 
-/// Whether all texts of `a` are in `b`. An empty `b` holds nothing, not even an empty `a`.
-bool all_in(const CStringArray& a, const CStringArray& b) {
-  return !b.IsEmpty() && std::all_of(a.begin(), a.end(), [&](const CString& text) { return is_in(text, b); });
-}
+ private:
+  static constexpr int kFew = 8;  // can be compared one by one
+
+  /// The same for equal texts; -1 for a text that is not in the list.
+  int number(const CString& text) const {
+    if (keys_.count() > 0) return keys_.find(case_key(text));
+    const auto* const at = std::find_if(texts_.begin(), texts_.end(),
+                                        [&](const CString& one) { return _mbsicmp(text, one) == 0; });
+    return at != texts_.end() ? static_cast<int>(at - texts_.begin()) : -1;
+  }
+  /// Counts the texts of the list that come in this round.
+  void meet(const CString& text) {
+    const int found = number(text);
+    if (found < 0 || std::exchange(met_in_[static_cast<std::size_t>(found)], round_) == round_) return;
+    ++met_;
+  }
+
+  const CStringArray& texts_;
+  TextIndex keys_;  // empty for a few texts
+  std::vector<int> met_in_;
+  int round_ = 1;
+  int met_ = 0;
+  int different_ = 0;
+};
 
 enum IncludeMode { kIncludeAll = 0, kIncludeAny = 1 };
 enum ExcludeMode { kOnlyIncluded = 0, kExcludeAny = 1, kExcludeAll = 2 };
@@ -78,28 +124,28 @@ enum ExcludeMode { kOnlyIncluded = 0, kExcludeAny = 1, kExcludeAll = 2 };
 struct ListTest {
   int mode;
   int id;
-  const CStringArray& list;
+  TextList list;
 };
 
 struct PassesLists {
   ListTest include;
   ListTest exclude;
 
-  bool operator()(const RYXmlWrapperBase& node) const { return passes_exclude(node) && passes_include(node); }
+  bool operator()(const RYXmlWrapperBase& node) { return passes_exclude(node) && passes_include(node); }
 
-  bool passes_exclude(const RYXmlWrapperBase& node) const {
-    if (exclude.mode == kOnlyIncluded) return all_in(texts_below(node, include.id), include.list);
+  bool passes_exclude(const RYXmlWrapperBase& node) {
+    if (exclude.mode == kOnlyIncluded) return include.list.holds_all(texts_below(node, include.id));
     if (exclude.mode != kExcludeAny && exclude.mode != kExcludeAll) return false;
-    if (exclude.list.IsEmpty()) return true;
+    if (exclude.list.is_empty()) return true;
     const CStringArray texts = texts_below(node, exclude.id);
-    return !(exclude.mode == kExcludeAny ? intersect(exclude.list, texts) : all_in(exclude.list, texts));
+    return !(exclude.mode == kExcludeAny ? exclude.list.holds_any(texts) : exclude.list.is_among(texts));
   }
 
-  bool passes_include(const RYXmlWrapperBase& node) const {
+  bool passes_include(const RYXmlWrapperBase& node) {
     if (include.mode != kIncludeAll && include.mode != kIncludeAny) return false;
-    if (include.list.IsEmpty()) return true;
+    if (include.list.is_empty()) return true;
     const CStringArray texts = texts_below(node, include.id);
-    return include.mode == kIncludeAll ? all_in(include.list, texts) : intersect(include.list, texts);
+    return include.mode == kIncludeAll ? include.list.is_among(texts) : include.list.holds_any(texts);
   }
 };
 
@@ -137,9 +183,9 @@ int rytree_filter(RYXmlWrapperBase* node, int dataId, int includeMode, int inclu
   const CStringArray* const excluded = open_strings(excludes);
   if (included == nullptr || excluded == nullptr) return -1;
   if (node == nullptr) return 0;
-  const PassesLists test{.include = {includeMode, includeId, *included},
-                         .exclude = {excludeMode, excludeId, *excluded}};
-  return Thinning(dataId, test).visit(*node);
+  PassesLists test{.include = {includeMode, includeId, TextList(*included)},
+                   .exclude = {excludeMode, excludeId, TextList(*excluded)}};
+  return Thinning(dataId, std::move(test)).visit(*node);
 }
 
 int rytree_filter_by_attrib_find(RYXmlWrapperBase* node, int dataId, const char* attribute, const char* text,

@@ -6,6 +6,7 @@
 
 #include "frame/children.h"
 #include "frame/host_arrays.h"
+#include "frame/text_index.h"
 
 namespace {
 
@@ -16,9 +17,11 @@ struct TextValue {
   bool ignore_case = false;
   CString read{};
 
+  bool equal(const CString& a, const CString& b) const {
+    return (ignore_case ? _mbsicmp(a, b) : _mbscmp(a, b)) == 0;
+  }
   bool matches(const RYXmlWrapperBase& node, const RYPropertyName& name, const CString& wanted) {
-    if (node.GetPropertyValue(name, read) == 0) return false;
-    return (ignore_case ? _mbsicmp(read, wanted) : _mbscmp(read, wanted)) == 0;
+    return node.GetPropertyValue(name, read) != 0 && equal(read, wanted);
   }
 };
 
@@ -26,6 +29,7 @@ struct IntValue {
   using Array = CArray<int, int>;
   static Array* open(HostArrayObject* object) { return open_ints(object); }
 
+  static bool equal(int a, int b) { return a == b; }
   static bool matches(const RYXmlWrapperBase& node, const RYPropertyName& name, int wanted) {
     int read = 0;
     return node.GetPropertyValue(name, read) != 0 && read == wanted;
@@ -36,22 +40,20 @@ struct IntValue {
 template <class Value>
 class AttributeSet {
  public:
-  AttributeSet(HostArrayObject* names, HostArrayObject* values, Value value)
-      : value_(std::move(value)), values_(nullptr) {
+  AttributeSet(HostArrayObject* names, HostArrayObject* values, Value value) : value_(std::move(value)) {
     const CStringArray* const opened = open_strings(names);
-    if (opened == nullptr) return;
-    values_ = Value::open(values);
-    names_.reserve(static_cast<std::size_t>(opened->GetSize()));
-    for (const CString& name : *opened) names_.emplace_back(name);
+    values_ = opened != nullptr ? Value::open(values) : nullptr;
+    if (values_ == nullptr) return;
+    const int size = opened->GetSize();
+    result_ = size == values_->GetSize() ? 1 : 0;
+    if (result_ == 1) size <= kFew ? add_all(*opened) : add_different(*opened);
   }
 
   /// 1 if all match, 0 if not, -1 if an object holds no such array.
   int test(const RYXmlWrapperBase& node) {
-    if (values_ == nullptr) return -1;
-    const int size = values_->GetSize();
-    if (names_.size() != static_cast<std::size_t>(size)) return 0;
-    for (int i = 0; i < size; ++i) {
-      if (!value_.matches(node, names_[static_cast<std::size_t>(i)], (*values_)[i])) return 0;
+    if (result_ != 1) return result_;
+    for (const Wanted& one : wanted_) {
+      if (!value_.matches(node, one.name, (*values_)[one.place])) return 0;
     }
     return 1;
   }
@@ -69,9 +71,34 @@ class AttributeSet {
   }
 
  private:
+  static constexpr int kFew = 8;
+  struct Wanted {
+    RYPropertyName name;
+    int place;  // of its value
+  };
+
+  void add_all(const CStringArray& names) {
+    wanted_.reserve(static_cast<std::size_t>(names.GetSize()));
+    for (int place = 0; place < names.GetSize(); ++place)
+      wanted_.push_back({RYPropertyName(names[place]), place});
+  }
+  /// Adds each name once: with two different values of one name nothing matches.
+  void add_different(const CStringArray& names) {
+    TextIndex index;
+    for (int place = 0; place < names.GetSize(); ++place) {
+      const auto number = static_cast<std::size_t>(index.add(names[place].GetString()));
+      if (number == wanted_.size()) {
+        wanted_.push_back({RYPropertyName(names[place]), place});
+      } else if (!value_.equal((*values_)[wanted_[number].place], (*values_)[place])) {
+        result_ = 0;
+      }
+    }
+  }
+
   Value value_;
-  std::vector<RYPropertyName> names_;
-  const typename Value::Array* values_;
+  const typename Value::Array* values_ = nullptr;
+  std::vector<Wanted> wanted_;
+  int result_ = -1;
 };
 
 template <class Value>

@@ -147,7 +147,7 @@ TEST(Homologous, CopiesByAttributeAndTagAgreeWithTheSlowWay) {
 TEST(Homologous, CopiesAsFarAsTheShapesAgree) {
   const char* const source = "<R k='1'><a L='s'>1</a><b L='s'>2<c L='s'>3</c></b><d L='s'>4</d></R>";
   CStringArray keep;
-  for (const char* const name : {"none", "L", "1x"}) keep.Add(name);
+  for (const char* const name : {"none", "L", "1x", "L"}) keep.Add(name);
   for (const auto& [before, result, after] : rows<3>(R"(
       <R><a L=''/><b L='o'>o<c L='o'/></b><d/></R> | 0 | \
           <R k='1'><a L='s'>1</a><b L='o'>o<c L='o'>3</c></b><d L='s'>4</d></R>

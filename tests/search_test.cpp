@@ -12,9 +12,9 @@ using Text = const char*;
 
 /// The two arrays of a set of attributes; a value is taken as a text or as the number that it begins with.
 struct Attributes {
-  Attributes(Text name_list, Text value_list) {
-    names.array() = listed(name_list);
-    texts.array() = listed(value_list);
+  Attributes(Text name_list, Text value_list, int times = 1) {
+    names.array() = listed(name_list, times);
+    texts.array() = listed(value_list, times);
     for (const CString& value : texts.array()) ints.array().Add(leading_int(value));
   }
   HostStringArray names;
@@ -25,14 +25,17 @@ struct Attributes {
 TEST(Attributes, MatchAsTextsAndInts) {
   RYXmlWrapperBase node = parse("<N k='Éa' n='5' m='05' t=''/>");
   const Rows<Text, Text, int, int, int> cases = {
-      {"", "", 1, 1, 1},      {"k", "Éa", 1, 1, 0},  {"k", "éA", 0, 1, 0},    {"k", "0", 0, 0, 0},
-      {"n", "5", 1, 1, 1},    {"m", "5", 0, 0, 1},   {"n|m", "5|6", 0, 0, 0}, {"t|n", "|5", 1, 1, 0},
-      {"x|n", "|5", 0, 0, 0}, {"n|n", "5", 0, 0, 0}, {"n", "5|5", 0, 0, 0},   {"n|k", "4|Éa", 0, 0, 0}};
+      {"", "", 1, 1, 1},       {"k", "Éa", 1, 1, 0},     {"k", "éA", 0, 1, 0},     {"k", "0", 0, 0, 0},
+      {"n", "5", 1, 1, 1},     {"m", "5", 0, 0, 1},      {"n|m", "5|6", 0, 0, 0},  {"t|n", "|5", 1, 1, 0},
+      {"x|n", "|5", 0, 0, 0},  {"n|n", "5", 0, 0, 0},    {"n", "5|5", 0, 0, 0},    {"n|k", "4|Éa", 0, 0, 0},
+      {"n|n", "5|6", 0, 0, 0}, {"n|m", "5|05", 1, 1, 1}, {"k|k", "Éa|éA", 0, 1, 0}};
   for (const auto& [names, values, exact, any_case, number] : cases) {
-    Attributes set(names, values);
-    EXPECT_EQ(rytree_check_node_str_attr(&node, &set.names, &set.texts, 0), exact);
-    EXPECT_EQ(rytree_check_node_str_attr(&node, &set.names, &set.texts, 2), any_case);
-    EXPECT_EQ(rytree_check_node_int_attr(&node, &set.names, &set.ints), number);
+    for (const int times : {1, 9}) {  // the same attributes again change nothing
+      Attributes set(names, values, times);
+      EXPECT_EQ(rytree_check_node_str_attr(&node, &set.names, &set.texts, 0), exact);
+      EXPECT_EQ(rytree_check_node_str_attr(&node, &set.names, &set.texts, 2), any_case);
+      EXPECT_EQ(rytree_check_node_int_attr(&node, &set.names, &set.ints), number);
+    }
   }
 }
 

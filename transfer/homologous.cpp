@@ -6,27 +6,38 @@
 
 #include "frame/children.h"
 #include "frame/node_text.h"
+#include "frame/text_index.h"
 
 namespace {
 
-/// The names of the attributes to keep, and their texts on a node.
+/// The attributes to keep.
 class KeptNames {
  public:
+  struct Text {
+    const RYPropertyName* name;
+    CString text;
+  };
+
   explicit KeptNames(const CStringArray* keep) {
     if (keep == nullptr) return;
-    names_.reserve(static_cast<std::size_t>(keep->GetSize()));
-    for (const CString& name : *keep) names_.emplace_back(name.GetString());
+    TextIndex different;
+    for (const CString& name : *keep) {
+      if (different.add(name.GetString()) == static_cast<int>(names_.size()))
+        names_.emplace_back(name.GetString());
+    }
   }
 
-  std::vector<CString> texts_on(const RYXmlWrapperBase& node) const {
-    std::vector<CString> texts(names_.size());
-    for (std::size_t at = 0; at < texts.size(); ++at) node.GetPropertyValue(names_[at], texts[at]);
+  /// Those on a node that are not empty.
+  std::vector<Text> texts_on(const RYXmlWrapperBase& node) const {
+    std::vector<Text> texts;
+    CString text;
+    for (const RYPropertyName& name : names_) {
+      if (node.GetPropertyValue(name, text) != 0 && !text.IsEmpty()) texts.push_back({&name, text});
+    }
     return texts;
   }
-  void restore(RYXmlWrapperBase& node, const std::vector<CString>& texts) const {
-    for (std::size_t at = 0; at < texts.size(); ++at) {
-      if (!texts[at].IsEmpty()) node.SetPropertyValue(names_[at], texts[at]);
-    }
+  static void restore(RYXmlWrapperBase& node, const std::vector<Text>& texts) {
+    for (const Text& kept : texts) node.SetPropertyValue(*kept.name, kept.text);
   }
 
  private:
@@ -48,7 +59,7 @@ class HomologousCopy {
 
  private:
   bool copy_branch(RYXmlWrapperBase& dest, RYXmlWrapperBase& source) const {
-    const std::vector<CString> texts = kept_.texts_on(dest);
+    const std::vector<KeptNames::Text> texts = kept_.texts_on(dest);
     if (copy_attributes_) dest.CopyAllAttributes(source, 1);
     const bool leaf = source.HasChildren(0) == 0;
     if (leaf != (dest.HasChildren(0) == 0)) return false;
@@ -63,7 +74,7 @@ class HomologousCopy {
       source.FirstChild(source_first);
       if (!copy_row(std::move(first), std::move(source_first))) return false;
     }
-    kept_.restore(dest, texts);
+    KeptNames::restore(dest, texts);
     return true;
   }
 

@@ -30,7 +30,7 @@ extern "C" {
 /// include modes 0 and 1.
 ///
 /// 1; 0 if `node` is null or invalid; -1 with the tree unchanged if a list is null or holds no string array,
-/// which is tested first. The lists are searched linearly: time grows with the texts times the entries.
+/// which is tested first. Linear in the nodes and the entries of the lists together.
 RYTREE_API int rytree_filter(RYXmlWrapperBase* node, int dataId, int includeMode, int includeId,
                              HostArrayObject* includes, int excludeMode, int excludeId,
                              HostArrayObject* excludes);
