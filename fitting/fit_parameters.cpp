@@ -21,6 +21,7 @@ struct Place {
   int data_id;
 };
 
+constexpr int kMostParameters = 100'000;
 constexpr int kTreeDataId = 2900;
 constexpr Place kSettings[] = {{"AutoParamsInit", 2906}, {"LinearConstraints", 2907}};
 
@@ -53,9 +54,9 @@ bool is_parameter_vector(const RYXmlWrapperBase& vector) {
 class ValuesByDataId {
  public:
   explicit ValuesByDataId(RYXmlWrapperBase& vector) : vector_(vector) {
-    for (Children child(vector); child; ++child, ++count_) {
+    for (Children child(vector); child; ++child) {
       int id = 0;
-      if (child->GetPropertyValue(data_id_, id) != 0) places_.add(id, count_);
+      if (child->GetPropertyValue(data_id_, id) != 0) add(id, *child);
     }
   }
 
@@ -63,23 +64,29 @@ class ValuesByDataId {
   /// and the number. False if it cannot be made.
   bool check_get(RYXmlWrapperBase& out, int base, int number) {
     const int id = low_word(std::int64_t{base} + number);
-    const int place = places_.find(id);
-    if (place >= 0) return vector_.GetChild(out, place) != 0;
+    if (const int place = places_.find(id); place >= 0) {
+      out = children_[static_cast<std::size_t>(place)];
+      return true;
+    }
     tag_.Format("Value%d", number);
     if (vector_.AddNode(out, tag_, -1) == 0) return false;
     if (id > 0) {
       out.SetPropertyValue(data_id_, id);
-      places_.add(id, count_);
+      add(id, out);
     }
-    ++count_;
     return true;
   }
 
  private:
+  void add(int id, const RYXmlWrapperBase& child) {
+    const int place = static_cast<int>(children_.size());
+    if (places_.add(id, place) == place) children_.push_back(child);
+  }
+
   RYXmlWrapperBase& vector_;
   const RYPropertyName data_id_{kDataIdName};
   IdIndex places_;
-  int count_ = 0;
+  std::vector<RYXmlWrapperBase> children_;
   CString tag_;
 };
 
@@ -91,7 +98,7 @@ void size_vector(RYXmlWrapperBase& vector, int base, int count) {
   ValuesByDataId values(vector);
   RYXmlWrapperBase value;
   for (int number = 1; number <= count; ++number) {
-    if (!values.check_get(value, base, number) || number == INT_MAX) return;
+    if (!values.check_get(value, base, number)) return;
   }
 }
 
@@ -165,7 +172,7 @@ void write_values(Array* values, RYXmlWrapperBase* vector) {
 }  // namespace
 
 void rytree_nlsf_add_params_node_DataID(RYXmlWrapperBase* tree, int count) {
-  if (tree == nullptr) return;
+  if (tree == nullptr || count > kMostParameters) return;
   if (tree->IsNodeValid() == 0) tree->CreateNew(0, nullptr);
   tree->SetDataID(kTreeDataId);
   for (const Place& setting : kSettings) {

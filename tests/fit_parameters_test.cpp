@@ -49,6 +49,9 @@ TEST(FitParameters, GrowAndShrinkOnTheirGrid) {
     EXPECT_EQ(text(tree), grid(left));
   }
   rytree_nlsf_add_params_node_DataID(nullptr, 3);
+  RYXmlWrapperBase none;
+  for (const int too_many : {100'001, INT_MAX}) rytree_nlsf_add_params_node_DataID(&none, too_many);
+  EXPECT_EQ(none.IsNodeValid(), 0);
   tree = parse("<Root><LinearConstraints/><Mine DataID='5000'><V DataID='5002'/></Mine></Root>");
   rytree_nlsf_add_params_node_DataID(&tree, 2);
   const std::string start =

@@ -11,8 +11,8 @@ extern "C" {
 /// nothing) gets the DataID 2900, the children "AutoParamsInit" (2906) and "LinearConstraints" (2907), and 11
 /// vector nodes, each with the children "Value1" to "Value" and `count` at its own DataID + 1 to + `count`. A
 /// vector node and its values are found by DataID whatever their tags. A vector with more children than
-/// `count` loses the last ones; a negative `count` leaves all values as they are. The grid has room for 999
-/// parameters, which is not tested. Linear in `count`.
+/// `count` loses the last ones; a negative `count` leaves all values as they are, and one above 100,000 does
+/// nothing at all. The grid has room for 999 parameters, which is not tested. Linear in `count`.
 RYTREE_API void rytree_nlsf_add_params_node_DataID(RYXmlWrapperBase* tree, int count);
 
 /// Fills the array from one block of as many children of a parameter vector as the array has elements:
