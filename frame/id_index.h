@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "frame/hash.h"
+
 /// Maps each ID to the first place it was added with. IDs that lie close together get a plain table from the
 /// lowest to the highest. Others get a hash table that is at most half full; the hash keeps eight IDs in a
 /// row together, so that IDs handed out in sequence are close in memory.
@@ -64,8 +66,7 @@ class IdIndex {
   // The slot of the ID, or the empty one where it belongs.
   std::size_t seek(int id) const {
     const auto word = static_cast<std::uint32_t>(id);
-    std::uint64_t mixed = (word / kBlock) * 0x9E3779B97F4A7C15u;
-    mixed = (mixed ^ mixed >> 32) * 0xD6E8FEB86659FD93u;
+    const std::uint64_t mixed = hash_word(word / kBlock, seed_);
     const std::size_t last = slots_.size() - 1;
     std::size_t at = ((mixed >> 32) * kBlock + word % kBlock) & last;
     while (slots_[at].place >= 0 && slots_[at].id != id) at = (at + 1) & last;
@@ -88,6 +89,7 @@ class IdIndex {
     }
   }
 
+  std::uint64_t seed_ = hash_seed(this);
   std::vector<int> plain_;   // places by ID, from the lowest on
   std::vector<Slot> slots_;  // empty where the IDs have a plain table
   std::size_t count_ = 0;

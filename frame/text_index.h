@@ -3,10 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "frame/hash.h"
 
 /// Numbers texts, which hold no NUL, from 0 in the order in which they are added; equal texts share a number.
 /// A lookup touches its slot and one shared buffer of texts.
@@ -15,9 +16,10 @@ class TextIndex {
   /// The number of the text; a new text gets the next one.
   int add(std::string_view text) {
     if (2 * static_cast<std::size_t>(count_) >= slots_.size()) grow();
-    Slot& slot = slots_[seek(text, hash(text))];
+    const std::uint32_t key = hash(text);
+    Slot& slot = slots_[seek(text, key)];
     if (slot.number < 0) {
-      slot = {.hash = hash(text), .number = count_++, .start = characters_.size()};
+      slot = {.hash = key, .number = count_++, .start = characters_.size()};
       characters_.append(text).push_back('\0');
     }
     return slot.number;
@@ -33,8 +35,8 @@ class TextIndex {
     std::size_t start = 0;
   };
 
-  static std::uint32_t hash(std::string_view text) {
-    return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
+  std::uint32_t hash(std::string_view text) const {
+    return static_cast<std::uint32_t>(hash_text(text, seed_) >> 32);
   }
   bool is_at(std::size_t start, std::string_view text) const {
     return characters_.compare(start, text.size(), text) == 0 && characters_[start + text.size()] == '\0';
@@ -57,6 +59,7 @@ class TextIndex {
     }
   }
 
+  std::uint64_t seed_ = hash_seed(this);
   std::vector<Slot> slots_ = std::vector<Slot>(16);  // a power of two, at most half of them full
   std::string characters_;
   int count_ = 0;
