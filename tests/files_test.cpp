@@ -101,7 +101,8 @@ TEST_F(Files, AreWrittenInThisForm) {
        "<a b=\"&lt;&amp;&gt;&quot;&#9;&#10;&#13;\">\t\n&#13;\"]]&gt;</a>\n"},
       {"<a b='12345678&gt;12345678&quot;1234567&lt;\\'>12345678&gt;1234567&amp;\\</a>",
        "<a b=\"12345678&gt;12345678&quot;1234567&lt;\\\">12345678&gt;1234567&amp;\\</a>\n"},
-      {"<a _NodeEscape='1' b='\\5C'>\\01\xC3\xA9</a>", "<a _NodeEscape=\"1\" b=\"\\5C\">\\01\xC3\xA9</a>\n"},
+      {"<a _NodeEscape='1' b='1234567\\5C'>\\01\xC3\xA9</a>",
+       "<a _NodeEscape=\"1\" b=\"1234567\\5C\">\\01\xC3\xA9</a>\n"},
       {"<a _NodeEscape='1'>\\20\\0a<b/></a>", "<a _NodeEscape=\"1\">\\20\\0A<b/>\n</a>\n"},
       {"<a b='\\41'>\\</a>", "<a b=\"\\41\">\\</a>\n"},
   };
