@@ -57,6 +57,7 @@ EXCHANGES += [(re.compile(pattern), other) for pattern, other in [
     (r"(?<![\w.'])(?:0x[0-9A-Fa-f]+|(?!1[UL]*\b)\d+)(?=[UL]*\b)(?![.'])",
      lambda number: f"0x{int(number[0], 16) + 1:X}" if "x" in number[0] else str(int(number[0]) + 1)),
     (r"\breturn (?!(?:0|1|-1|true|false|nullptr);)[^;{}]+(?=;)", "return {}")]]
+IDLE = re.compile(r"\b(?:HasChildren\(|(?:SetID|CopyAllAttributes)\(.*?, )(\w+)\)")     # arguments without an effect
 CONDITION = re.compile(r"\b(?:if|while)(?= \()")
 LONE = re.compile(r"|!\w+|[^&|]* [!=]= [^&|]*|.*( = |;).*")     # what another fault negates, and declarations
 CALL = re.compile(r"\b(?!(?:max|min|if|while|for|switch)\b)\w+(?=\()")
@@ -82,9 +83,11 @@ def argument_list(line, start):
 def edits(line, code, previous):
     """Yields (start, end, replacement) for each way to break a line. `code` is what can be read of it, and
     `previous` the last character of code above it."""
+    idle = {match.start(1) for match in IDLE.finditer(code)}
     for pattern, other in EXCHANGES:
         for match in pattern.finditer(code):
-            yield *match.span(), other(match) if callable(other) else other
+            if match.start() not in idle:
+                yield *match.span(), other(match) if callable(other) else other
     for match in CONDITION.finditer(code):
         first, *_, last = argument_list(code, match.end()) or [0, 0]
         if not LONE.fullmatch(code[first + 1:last]):

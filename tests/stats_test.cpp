@@ -54,6 +54,8 @@ TEST(Stats, MissingResultsReadAsDefaults) {
   rytree_stats_get_set_stats_results(&empty, &record, &ends[0], &ends[1], 1);
   EXPECT_EQ(text(empty), "<Root><Results/></Root>");
   rytree_stats_get_set_stats_results(&tree, nullptr, &ends[0], &ends[1], 1);
+  rytree_stats_get_set_stats_results(&tree, &record, nullptr, &ends[1], 1);
+  rytree_stats_get_set_stats_results(&tree, &record, &ends[0], nullptr, 1);
   rytree_stats_get_set_stats_results(nullptr, &record, &ends[0], &ends[1], 0);
 }
 
