@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "frame/case_key.h"
 #include "frame/children.h"
 #include "frame/children_by_tag.h"
 #include "frame/host_arrays.h"
+#include "frame/node_text.h"
 #include "frame/text_index.h"
 
 namespace {
@@ -77,7 +77,7 @@ struct SplitTag {
 bool collect_numbers(const RYXmlWrapperBase& node, const char* prefix, CArray<unsigned, unsigned>& numbers) {
   CString tag;
   for (Children child(node); child; ++child) {
-    child->GetTagName(tag);
+    read_tag(*child, tag);
     const SplitTag split(tag);
     if (_mbsicmp(split.prefix(), prefix) != 0) continue;
     if (!split.has_number) return false;
@@ -90,7 +90,7 @@ int next_letters(RYXmlWrapperBase& node, CString* name) {
   if (name == nullptr) return -1;
   const TextIndex taken = keys_of(child_tags(&node));
   CString candidate("A");
-  while (taken.find(candidate.GetString()) >= 0) advance(candidate);
+  while (taken.find(case_key(candidate)) >= 0) advance(candidate);
   *name = candidate;
   return 0;
 }

@@ -12,7 +12,7 @@ int rytree_branch_to_key_value_pairs_str(RYXmlWrapperBase* node, CString* text, 
   if (node == nullptr || node->GetNodeCount() < 1) return 0;
   CString piece;
   for (Children child(*node); child; ++child) {
-    child->GetTagName(piece);
+    read_tag(*child, piece);
     *text += piece;
     *text += keySeparator;
     read_text(*child, piece);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frame/children.h"
+#include "frame/node_text.h"
 #include "frame/words.h"
 
 namespace {
@@ -15,7 +16,7 @@ std::vector<RYXmlWrapperBase> children_with_prefix(const RYXmlWrapperBase& node,
   const int length = lstrlenA(prefix);
   CString tag;
   for (Children child(node); child; ++child) {
-    child->GetTagName(tag);
+    read_tag(*child, tag);
     if (_mbsicmp(tag.Left(length), prefix) == 0) found.push_back(*child);
   }
   return found;

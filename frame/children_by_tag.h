@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "frame/children.h"
+#include "frame/node_text.h"
 #include "frame/text_index.h"
 
 /// Nodes by their tags, or by keys made of the tags. Of several nodes with the same tag the first counts.
@@ -18,7 +19,7 @@ class FirstByTag {
   explicit FirstByTag(const RYXmlWrapperBase& parent) {
     CString tag;
     for (Children child(parent); child; ++child) {
-      child->GetTagName(tag);
+      read_tag(*child, tag);
       add(tag.View(), *child);
     }
   }

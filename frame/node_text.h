@@ -1,4 +1,4 @@
-// The text of a node.
+// The text and the tag of a node.
 #pragma once
 
 #include <rytree_host/node.h>
@@ -13,4 +13,9 @@ inline void read_text(RYXmlWrapperBase& node, CString& text) {
 inline int write_text(RYXmlWrapperBase& node, const CString& text) {
   // One operation of the node class reads and writes; writing leaves the text as it is.
   return node.NodeValue(const_cast<CString&>(text), 0, 1, nullptr);
+}
+
+/// Sets `tag` to the node's tag, empty where the node class cannot tell it.
+inline void read_tag(const RYXmlWrapperBase& node, CString& tag) {
+  if (node.GetTagName(tag) == 0) tag.Empty();
 }

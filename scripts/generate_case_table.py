@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes host/framework/case_table.h: the one-to-one case mappings of Unicode, as runs.
+"""Writes host/framework/case_table.h: the one-to-one case mappings and foldings of Unicode, as runs.
 
 Usage: scripts/generate_case_table.py > host/framework/case_table.h
 """
@@ -15,6 +15,11 @@ def upper(char):
 
 def lower(char):
     return char.lower() if len(char.lower()) == 1 else {"\u0130": "i"}.get(char, char)
+
+
+def fold(char):
+    # A character that folds to several only has the one-to-one folding of its lower case, if it has one.
+    return char.casefold() if len(char.casefold()) == 1 else char.lower()
 
 
 def runs(convert):
@@ -61,5 +66,7 @@ struct CaseRun {{
 {table("kToUpper", upper)}
 
 {table("kToLower", lower)}
+
+{table("kToFolded", fold)}
 
 }}  // namespace utf8""")

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "frame/attributes.h"
-#include "frame/case_key.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
@@ -159,7 +158,8 @@ struct HoldsText {
   bool operator()(const RYXmlWrapperBase& node) {
     if (node.GetPropertyValue(attribute, value) == 0) return false;
     if (!case_sensitive) value.MakeUpper();
-    return at_start ? value.View().starts_with(text.View()) : value.Find(text) >= 0;
+    const bool starts = value.View().starts_with(text.View());
+    return at_start ? starts && value.Find(text) == 0 : value.Find(text) >= 0;
   }
 };
 

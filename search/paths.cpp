@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frame/children.h"
+#include "frame/node_text.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ struct PathWriter {
       lengths.push_back(path.GetLength());
       path += '.';
     }
-    node.GetTagName(tag);
+    read_tag(node, tag);
     path += tag;
     node.SetPropertyValue(attribute, path);
   }

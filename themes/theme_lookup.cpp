@@ -7,6 +7,7 @@
 
 #include "frame/attributes.h"
 #include "frame/children.h"
+#include "frame/node_text.h"
 
 namespace {
 
@@ -59,7 +60,7 @@ int rytree_theme_tree_get_range_from_range_style(RYXmlWrapperBase* style, int* l
   int sum = 0;
   CString tag;
   for (Children child(*style); child; ++child) {
-    child->GetTagName(tag);
+    read_tag(*child, tag);
     for (const auto& [name, number] : sides) {
       if (_mbsicmp(tag, name) == 0) sum += child->NodeValue(*number, 1);
     }

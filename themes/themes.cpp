@@ -73,7 +73,7 @@ void vctree_get_theme(RYXmlWrapperBase* theme, CArray<int, int>* ids, CStringArr
   CString tag;
   for (Children child(*theme); child; ++child) {
     CString value;
-    child->GetTagName(tag);
+    read_tag(*child, tag);
     read_text(*child, value);
     ids->Add(id_of_tag(tag));
     values->Add(std::move(value));

@@ -4,7 +4,6 @@
 #include <rytree_Utils/homologous.h>
 
 #include "frame/attributes.h"
-#include "frame/case_key.h"
 #include "frame/children.h"
 #include "frame/node_text.h"
 

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "frame/attributes.h"
-#include "frame/case_key.h"
 #include "frame/children.h"
 #include "frame/children_by_tag.h"
 

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "rytree_host/Kelp60.h"
+#include "rytree_host/code_page.h"
 #include "rytree_host/find_stretch.h"
-#include "rytree_host/utf8.h"
 #include "wildcard_search.h"
 
 namespace {
@@ -29,10 +29,11 @@ class Matching {
   bool Take(const char* filter, const char* end, const char*& text) const;
   bool SearchCharacters(const char* filter, const char* end);
   char32_t Next(const char*& text) const {
-    const char32_t code = utf8::next(text);
+    const char32_t code = reader_.Next(text);
     return exact_ ? code : utf8::fold(code);
   }
 
+  const NarrowCharacters reader_;
   const char* text_;
   const bool exact_;
   // What a search that takes long goes through: the characters from there on, and where each one stands.
@@ -43,8 +44,8 @@ class Matching {
 bool Matching::Take(const char* filter, const char* end, const char*& text) const {
   while (filter != end) {
     if (!*text) return false;
-    const char32_t wanted = utf8::next(filter);
-    const char32_t given = utf8::next(text);
+    const char32_t wanted = reader_.Next(filter);
+    const char32_t given = reader_.Next(text);
     if (wanted != given && wanted != kAny && (exact_ || utf8::fold(wanted) != utf8::fold(given)))
       return false;
   }
@@ -54,7 +55,7 @@ bool Matching::Take(const char* filter, const char* end, const char*& text) cons
 bool Matching::Search(const char* filter, const char* end) {
   constexpr std::ptrdiff_t kMostForEach = 8;
   std::ptrdiff_t allowed = 256;  // bytes to look at
-  for (;; utf8::next(text_), allowed += kMostForEach) {
+  for (;; reader_.Next(text_), allowed += kMostForEach) {
     const char* behind = text_;
     if (Take(filter, end, behind)) {
       text_ = behind;
@@ -86,11 +87,11 @@ bool Matching::SearchCharacters(const char* filter, const char* end) {
 
 bool Matching::TakeLast(const char* filter, const char* end) {
   const char* ahead = text_;
-  for (const char* at = filter; at != end; utf8::next(at)) {
+  for (const char* at = filter; at != end; reader_.Next(at)) {
     if (!*ahead) return false;
-    utf8::next(ahead);
+    reader_.Next(ahead);
   }
-  for (; *ahead; utf8::next(ahead)) utf8::next(text_);
+  for (; *ahead; reader_.Next(ahead)) reader_.Next(text_);
   return Take(filter, end);
 }
 

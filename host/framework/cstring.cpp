@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "rytree_host/find_stretch.h"
+#include "rytree_host/code_page.h"
 #include "rytree_host/multibyte.h"
 #include "rytree_host/utf8.h"
 
@@ -11,12 +11,6 @@ namespace {
 
 int Position(std::size_t found) noexcept {
   return found == std::string::npos || found > INT_MAX ? -1 : static_cast<int>(found);
-}
-
-// The plain search is the fastest for most texts, but takes longer the longer `wanted` is.
-std::size_t FindText(std::string_view text, std::string_view wanted, std::size_t from) {
-  constexpr std::size_t kLong = 64;
-  return wanted.size() < kLong ? text.find(wanted, from) : FindStretch(text, wanted, from);
 }
 
 std::string Formatted(const char* format, std::va_list arguments) {
@@ -35,6 +29,36 @@ std::string Formatted(const char* format, std::va_list arguments) {
   return text;
 }
 
+// The place of a text, looked for from `start` on. A character that `start` splits is passed over.
+int Found(std::string_view text, std::string_view wanted, std::size_t start) {
+  if (start > text.size()) return -1;
+  const NarrowCharacters characters;
+  while (start > 0 && !wanted.empty() && characters.StartOf(text, start) != start) ++start;
+  return Position(characters.Find(text, wanted, start));
+}
+
+// The part of the text without the characters of the set at its front or at its end.
+enum Side { kFront, kEnd };
+std::string_view Trimmed(std::string_view text, std::string_view set, Side side) noexcept {
+  const NarrowCharacters characters;
+  if (std::all_of(set.begin(), set.end(), [&](char byte) { return characters.StandsAlone(byte); })) {
+    if (side == kFront) return text.substr(std::min(text.find_first_not_of(set), text.size()));
+    return text.substr(0, text.find_last_not_of(set) + 1);
+  }
+  const char* const end = text.data() + text.size();
+  const char* kept = text.data();  // where the last character that stays ends
+  for (const char* at = text.data(); at < end;) {
+    const char* const start = at;
+    const char32_t code = characters.Next(at, static_cast<std::size_t>(end - at));
+    bool stays = true;
+    for (const char* one = set.data(); stays && one < set.data() + set.size();)
+      stays = code != characters.Next(one, static_cast<std::size_t>(set.data() + set.size() - one));
+    if (stays && side == kFront) return {start, static_cast<std::size_t>(end - start)};
+    if (stays) kept = at;
+  }
+  return side == kFront ? std::string_view() : text.substr(0, static_cast<std::size_t>(kept - text.data()));
+}
+
 // Converts ASCII in place. From the first other byte on it writes a new string, because lengths may change.
 void ChangeCase(std::string& text, char32_t (*convert)(char32_t)) {
   std::size_t done = 0;
@@ -44,8 +68,12 @@ void ChangeCase(std::string& text, char32_t (*convert)(char32_t)) {
   if (done == text.size()) return;
   std::string changed = text.substr(0, done);
   changed.reserve(text.size());
+  const NarrowCharacters characters;
   const char* const end = text.data() + text.size();
-  for (const char* rest = text.data() + done; rest < end;) utf8::append(changed, convert(utf8::next(rest)));
+  for (const char* rest = text.data() + done; rest < end;) {
+    const char32_t code = characters.Next(rest);
+    characters.Append(changed, code, convert(code));
+  }
   text = std::move(changed);
 }
 
@@ -69,15 +97,20 @@ void CString::AppendFormat(const char* format, ...) {
   va_end(arguments);
 }
 
-int CString::Find(const char* text, int start) const {
-  return Position(FindText(View(), Narrow(text), Count(start)));
-}
+int CString::Find(const char* text, int start) const { return Found(View(), Narrow(text), Count(start)); }
 
 int CString::Find(char character, int start) const noexcept {
-  return Position(View().find(character, Count(start)));
+  return Found(View(), {&character, 1}, Count(start));
 }
 
-int CString::ReverseFind(char character) const noexcept { return Position(View().rfind(character)); }
+int CString::ReverseFind(char character) const noexcept {
+  const NarrowCharacters characters;
+  if (characters.StandsAlone(character)) return Position(View().rfind(character));
+  std::size_t last = std::string::npos;
+  for (std::size_t at = 0; (at = characters.Find(text_, {&character, 1}, at)) != std::string::npos; ++at)
+    last = at;
+  return Position(last);
+}
 
 int CString::Insert(int index, const char* text) {
   text_.insert(Place(index), Narrow(text));
@@ -94,15 +127,20 @@ int CString::Delete(int index, int count) {
   return GetLength();
 }
 
-int CString::Remove(char character) { return static_cast<int>(std::erase(text_, character)); }
+int CString::Remove(char character) {
+  if (NarrowCharacters().StandsAlone(character)) return static_cast<int>(std::erase(text_, character));
+  const char text[] = {character, '\0'};
+  return Replace(text, "");
+}
 
 int CString::Replace(const char* old, const char* now) {
   const std::string_view wanted = Narrow(old);
   if (wanted.empty()) return 0;
+  const NarrowCharacters characters;
   std::string replaced;
   std::size_t done = 0;
   int places = 0;
-  for (std::size_t at = 0; (at = FindText(text_, wanted, done)) != std::string::npos; ++places) {
+  for (std::size_t at = 0; (at = characters.Find(text_, wanted, done)) != std::string::npos; ++places) {
     replaced.append(text_, done, at - done).append(Narrow(now));
     done = at + wanted.size();
   }
@@ -111,28 +149,30 @@ int CString::Replace(const char* old, const char* now) {
 }
 
 int CString::Replace(char old, char now) noexcept {
-  const auto places = std::count(text_.begin(), text_.end(), old);
-  std::replace(text_.begin(), text_.end(), old, now);
-  return static_cast<int>(places);
+  const NarrowCharacters characters;
+  int places = 0;
+  for (std::size_t at = 0; (at = characters.Find(text_, {&old, 1}, at)) != std::string::npos; ++at, ++places)
+    text_[at] = now;
+  return places;
 }
 
 CString& CString::TrimLeft(const char* set) {
-  text_.erase(0, std::min(text_.find_first_not_of(Narrow(set)), text_.size()));
+  text_.erase(0, text_.size() - Trimmed(text_, Narrow(set), kFront).size());
   return *this;
 }
 
 CString& CString::TrimLeft(char character) {
-  text_.erase(0, std::min(text_.find_first_not_of(character), text_.size()));
+  text_.erase(0, text_.size() - Trimmed(text_, {&character, 1}, kFront).size());
   return *this;
 }
 
 CString& CString::TrimRight(const char* set) {
-  text_.erase(text_.find_last_not_of(Narrow(set)) + 1);
+  text_.erase(Trimmed(text_, Narrow(set), kEnd).size());
   return *this;
 }
 
 CString& CString::TrimRight(char character) {
-  text_.erase(text_.find_last_not_of(character) + 1);
+  text_.erase(Trimmed(text_, {&character, 1}, kEnd).size());
   return *this;
 }
 

@@ -41,4 +41,6 @@ char32_t lower(char32_t code) noexcept {
   return Convert(kToLower, code);
 }
 
+char32_t fold_high(char32_t code) noexcept { return Convert(kToFolded, code); }
+
 }  // namespace utf8

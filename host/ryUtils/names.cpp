@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "rytree_host/code_page.h"
 #include "rytree_host/ryUtils.h"
 
 namespace {
@@ -12,9 +13,15 @@ bool IsNameByte(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'
 int ryuMakeValidCName(CString* name, int /*option*/) {
   if (!name) return 0;
   if (name->IsEmpty() || IsDigit(name->GetAt(0))) name->Insert(0, '_');
-  char* const bytes = name->GetBuffer();
-  std::replace_if(
-      bytes, bytes + name->GetLength(), [](char c) { return !IsNameByte(c); }, '_');
+  const NarrowCharacters characters;
+  const char* const end = name->GetString() + name->GetLength();
+  for (char* at = name->GetBuffer(); at < end;) {
+    const char* next = at;
+    characters.Next(next);
+    char* const past = at + (next - at);
+    if (past - at > 1 || !IsNameByte(*at)) std::fill(at, past, '_');
+    at = past;
+  }
   return 1;
 }
 

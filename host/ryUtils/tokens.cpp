@@ -1,18 +1,23 @@
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 #include <utility>
 
+#include "rytree_host/code_page.h"
+#include "rytree_host/multibyte.h"
 #include "rytree_host/ryUtils.h"
 
 namespace {
 
 // Where the token at `text` ends: at the next separator outside quotes, or at the end of the text.
 const char* TokenEnd(const char* text, char separator, char quote, bool& unpaired) {
-  for (; *text && *text != separator; ++text) {
+  const NarrowCharacters characters;
+  for (const char* next = text; *text; text = next) {
+    characters.Next(next);
+    if (next - text > 1) continue;
+    if (*text == separator) break;
     if (!quote || *text != quote) continue;
-    if (const char* partner = std::strchr(text + 1, quote)) {
-      text = partner;
+    if (const char* partner = _mbschr(text + 1, quote)) {
+      next = partner + 1;
     } else {
       unpaired = true;
     }

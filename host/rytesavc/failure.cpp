@@ -1,7 +1,7 @@
 #include "failure.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstdio>
 #include <string>
 #include <system_error>
 
@@ -38,6 +38,24 @@ void NoteSystemFailure(std::string_view step, std::string_view path, int error) 
   text += "': ";
   text += std::generic_category().message(error);
   NoteFailure(text);
+}
+
+std::string LackOf(char32_t code, const CodePage& page) {
+  char text[64];
+  std::snprintf(text, sizeof text, "U+%04X is not in code page %d", static_cast<unsigned>(code),
+                page.number());
+  return text;
+}
+
+void MoveFailure(std::string_view text, const CodePage& page) {
+  const char* at = text.data();
+  std::string utf8;
+  for (long long left = last.position.offset; left > 0 && at != text.data() + text.size();) {
+    utf8.clear();
+    utf8::append(utf8, page.Next(at, static_cast<std::size_t>(text.data() + text.size() - at)));
+    left -= static_cast<long long>(utf8.size());
+  }
+  if (last.position.offset > 0) last.position.offset = at - text.data();
 }
 
 }  // namespace rytesavc

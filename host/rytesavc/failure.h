@@ -1,7 +1,10 @@
-// Why the last Save, load or SetXmlText of this thread failed.
+// Why the last Save, load, GetXmlText or SetXmlText of this thread failed.
 #pragma once
 
+#include <string>
 #include <string_view>
+
+#include "rytree_host/code_page.h"
 
 namespace rytesavc {
 
@@ -15,5 +18,10 @@ void ClearFailure();
 void NoteFailure(std::string_view text, TextPosition position = {});
 // "step 'path': what the error number stands for". Of a long path the end is shown.
 void NoteSystemFailure(std::string_view step, std::string_view path, int error);
+
+// "U+03C0 is not in code page 1252".
+std::string LackOf(char32_t code, const CodePage& page);
+// A place in the UTF-8 form of a text in that page becomes the place in the text.
+void MoveFailure(std::string_view text, const CodePage& page);
 
 }  // namespace rytesavc

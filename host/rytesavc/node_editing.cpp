@@ -6,6 +6,7 @@
 
 using rytesavc::Name;
 using rytesavc::Node;
+using rytesavc::StoredName;
 using rytesavc::Tree;
 
 namespace {
@@ -57,7 +58,7 @@ int RYXmlWrapperBase::GetChild(RYXmlWrapperBase& out, int index) const {
 int RYXmlWrapperBase::FindChild(const char* tag, RYXmlWrapperBase& out, int) const {
   if (IsNodeValid() == 0 || tag == nullptr) return 0;
   Node* found = nullptr;
-  if (const Name* const name = tree_->FindName(tag)) {
+  if (const Name* const name = tree_->FindName(StoredName(tag).view())) {
     found = node_->first;
     while (found != nullptr && found->tag != name) found = found->next;
   }
@@ -68,21 +69,21 @@ int RYXmlWrapperBase::FindNodeByAttribute(RYXmlWrapperBase& out, const char* nam
                                           int y) const {
   if (IsNodeValid() == 0 || name == nullptr || text == nullptr) return 0;
   CString value;
-  Node* const found =
-      FindByAttribute(node_, tree_->FindName(name), y != 0, [&](const rytesavc::Attribute& attribute) {
-        AssignText(attribute.value, value);
-        return x != 0 ? _mbsicmp(value, text) == 0 : value == text;
-      });
+  Node* const found = FindByAttribute(node_, tree_->FindName(StoredName(name).view()), y != 0,
+                                      [&](const rytesavc::Attribute& attribute) {
+                                        AssignText(attribute.value, value);
+                                        return x != 0 ? _mbsicmp(value, text) == 0 : value == text;
+                                      });
   return found != nullptr ? out.Point(tree_, found) : 0;
 }
 
 int RYXmlWrapperBase::FindNodeByAttribute(RYXmlWrapperBase& out, const char* name, int number, int y) const {
   if (IsNodeValid() == 0 || name == nullptr) return 0;
-  Node* const found =
-      FindByAttribute(node_, tree_->FindName(name), y != 0, [&](const rytesavc::Attribute& attribute) {
-        int value = 0;
-        return ReadInt(&attribute, value) != 0 && value == number;
-      });
+  Node* const found = FindByAttribute(node_, tree_->FindName(StoredName(name).view()), y != 0,
+                                      [&](const rytesavc::Attribute& attribute) {
+                                        int value = 0;
+                                        return ReadInt(&attribute, value) != 0 && value == number;
+                                      });
   return found != nullptr ? out.Point(tree_, found) : 0;
 }
 
@@ -93,7 +94,7 @@ int RYXmlWrapperBase::AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, 
       node_->child_count == INT_MAX || text.size() > rytesavc::Value::kMaxLength) {
     return 0;
   }
-  const Name* const name = tree_->Intern(std::string_view(tag));
+  const Name* const name = tree_->Intern(StoredName(tag).view());
   if (name == nullptr) return 0;
   Node* const added = tree_->NewNode(name, id, node_->depth + 1);
   if (!text.empty()) tree_->SetText(added->text, text);
@@ -119,7 +120,7 @@ int RYXmlWrapperBase::InsertNodeBefore(const RYXmlWrapperBase& next, const char*
       node_->depth >= Tree::kMaxDepth || node_->child_count == INT_MAX) {
     return 0;
   }
-  const Name* const name = tree_->Intern(std::string_view(tag));
+  const Name* const name = tree_->Intern(StoredName(tag).view());
   if (name == nullptr) return 0;
   tree_->InsertBefore(next.node_, tree_->NewNode(name, id, node_->depth + 1));
   return 1;
@@ -160,7 +161,7 @@ int RYXmlWrapperBase::SetSizeTrimFromEnd(int n) {
 
 int RYXmlWrapperBase::CreateNew(int, const char* tag) {
   Tree* const tree = Tree::Create();
-  const Name* const name = tree->Intern(tag != nullptr ? std::string_view(tag) : std::string_view("Root"));
+  const Name* const name = tree->Intern(StoredName(tag != nullptr ? tag : "Root").view());
   if (name != nullptr) {
     tree->root = tree->NewNode(name, -1, 1);
     Point(tree, tree->root);

@@ -58,12 +58,12 @@ void RYXmlWrapperBase::AssignNumber(int from, CString& to) {
 }
 
 const rytesavc::Name* RYXmlWrapperBase::Intern(const char* name) const {
-  return name != nullptr ? tree_->Intern(std::string_view(name)) : nullptr;
+  return name != nullptr ? tree_->Intern(rytesavc::StoredName(name).view()) : nullptr;
 }
 
 const rytesavc::Name* RYXmlWrapperBase::Intern(const RYPropertyName& name) const {
   const rytesavc::Name* const known = name.In(tree_);
-  return known != nullptr ? known : tree_->Intern(name.view());
+  return known != nullptr ? known : tree_->Intern(rytesavc::StoredName(name.view()).view());
 }
 
 // Finds or makes the attribute and lets `write` fill it. An attribute made for a value that is refused is
@@ -196,6 +196,14 @@ int RYXmlWrapperBase::SetVector(const tagRYSOBJVECT& vector) {
 }
 
 // ---- Identity.
+
+int RYXmlWrapperBase::GetTagNameInPage(CString& tag) const {
+  const std::string_view name = node_->tag->view();
+  std::string in_page;
+  if (CodePage::Default()->FromUtf8(name, in_page) != name.size()) return 0;
+  tag = CString(std::move(in_page));
+  return 1;
+}
 
 int RYXmlWrapperBase::SetID(int id, bool) {
   if (IsNodeValid() == 0) return 0;

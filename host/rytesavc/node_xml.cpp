@@ -1,4 +1,5 @@
 // Nodes to and from XML text and files.
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <string>
@@ -9,7 +10,6 @@
 #include "xml_reader.h"
 #include "xml_writer.h"
 
-using rytesavc::CodePage;
 using rytesavc::Node;
 using rytesavc::Tree;
 
@@ -27,27 +27,48 @@ int Noted(const Work& work) {
   }
 }
 
-bool Refuse(const char* why) {
+bool Refuse(std::string_view why) {
   rytesavc::NoteFailure(why);
+  return false;
+}
+
+// Notes where there are bytes that are no character.
+bool ConvertFromPage(std::string_view text, const CodePage& page, std::string& utf8) {
+  const std::size_t done = page.ToUtf8(text, utf8);
+  if (done == text.size()) return true;
+  const std::size_t line = utf8.rfind('\n') + 1;  // 0 without one
+  const auto is_start = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; };
+  rytesavc::NoteFailure("no character of code page " + std::to_string(page.number()),
+                        {static_cast<int>(std::count(utf8.begin(), utf8.end(), '\n')) + 1,
+                         static_cast<int>(std::count_if(utf8.begin() + static_cast<std::ptrdiff_t>(line),
+                                                        utf8.end(), is_start)) +
+                             1,
+                         static_cast<long long>(done)});
   return false;
 }
 
 }  // namespace
 
 int RYXmlWrapperBase::GetXmlText(CString* text) const {
-  const Node* const node = NodeAccess::node(*this);
-  if (node == nullptr || text == nullptr) return 0;
-  const CodePage* const page = CodePage::Default();
-  const rytesavc::XmlText utf8 = rytesavc::WriteXml(node, page);
-  if (page == nullptr) {
-    text->Assign(utf8.text.data(), utf8.text.size());
-    return 1;
-  }
-  // Only names can have characters that the page lacks.
-  std::string in_page;
-  if (!page->FromUtf8(utf8.text, in_page)) return 0;
-  *text = CString(std::move(in_page));
-  return 1;
+  return Noted([&] {
+    const Node* const node = NodeAccess::node(*this);
+    if (node == nullptr) return Refuse("the handle stands on no node");
+    if (text == nullptr) return Refuse("there is no place for the text");
+    const CodePage* const page = CodePage::Default();
+    const rytesavc::XmlText utf8 = rytesavc::WriteXml(node, page);
+    if (page == nullptr) {
+      text->Assign(utf8.text.data(), utf8.text.size());
+      return true;
+    }
+    std::string in_page;
+    const std::size_t done = page->FromUtf8(utf8.text, in_page);
+    // Only names can have characters that the page lacks.
+    const char* const end = utf8.text.data() + utf8.text.size();
+    const char* at = utf8.text.data() + done;
+    if (at != end) return Refuse(rytesavc::LackOf(utf8::next(at), *page));
+    *text = CString(std::move(in_page));
+    return true;
+  });
 }
 
 int RYXmlWrapperBase::SetXmlText(const char* text) {
@@ -56,16 +77,13 @@ int RYXmlWrapperBase::SetXmlText(const char* text) {
     if (node == nullptr) return Refuse("the handle stands on no node");
     if (text == nullptr) return Refuse("there is no text");
     const CodePage* const page = CodePage::Default();
-    std::string_view xml(text);
+    const std::string_view xml(text);
     std::string utf8;
-    if (page != nullptr) {
-      if (!page->ToUtf8(xml, utf8))
-        return Refuse("the text has bytes that are no character of the code page");
-      xml = utf8;
-    }
+    if (page != nullptr && !ConvertFromPage(xml, *page, utf8)) return false;
     Tree* const tree = NodeAccess::tree(*this);
-    Node* const made = rytesavc::ReadXml(xml, *tree, node->depth, page);
+    Node* const made = rytesavc::ReadXml(page != nullptr ? utf8 : xml, *tree, node->depth, page);
     if (made != nullptr) tree->TakeContent(node, made);
+    if (made == nullptr && page != nullptr) rytesavc::MoveFailure(xml, *page);
     return made != nullptr;
   });
 }
@@ -91,3 +109,5 @@ int RYXmlWrapperBase::load(const char* path, int) {
     return tree->root != nullptr && NodeAccess::Put(*this, tree.get(), tree->root) != 0;
   });
 }
+
+int RYXmlWrapperBase::SetDefaultCodePage(int page) { return CodePage::SetDefault(page) ? 1 : 0; }

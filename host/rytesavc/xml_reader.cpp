@@ -1,4 +1,5 @@
 #include "xml_reader.h"
+#include "charset.h"
 
 #include <expat.h>
 
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "failure.h"
+#include "rytree_host/utf8.h"
 #include "xml_writer.h"
 
 namespace rytesavc {
@@ -79,8 +81,11 @@ class Reader {
   void Data(const char* text, std::size_t length);
   void DropLayout();
   void Count(std::size_t bytes);
-  void Stop(const char* problem);
+  bool IsInPage(std::string_view text);
+  void Stop(const char* problem) { Stop(problem, Place()); }
+  void Stop(const char* problem, TextPosition place);
   TextPosition Place() const;
+  TextPosition PlaceOf(char32_t wanted) const;
   const Name* AttributeName(const char* name);
   void SetText(Value& value, std::string_view text, bool marked);
   void AppendInPage(std::string_view utf8);
@@ -102,6 +107,7 @@ class Reader {
   int nested_entities_ = 0;
   const char* problem_ = nullptr;  // why the text is refused
   TextPosition place_;             // and where
+  std::string lack_;
   KnownName known_[64] = {};
 };
 
@@ -151,10 +157,44 @@ TextPosition Reader::Place() const {
           std::max<long long>(XML_GetCurrentByteIndex(parser), 0)};
 }
 
-void Reader::Stop(const char* problem) {
+void Reader::Stop(const char* problem, TextPosition place) {
   problem_ = problem;
-  place_ = Place();
+  place_ = place;
   XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+// Where the character is in the markup or the text at hand; where that starts if it is written in another way.
+TextPosition Reader::PlaceOf(char32_t wanted) const {
+  TextPosition place = Place();
+  int offset = 0;
+  int size = 0;
+  const char* at = XML_GetInputContext(parser_.get(), &offset, &size);
+  if (at == nullptr) return place;
+  at += offset;
+  for (int left = XML_GetCurrentByteCount(parser_.get()); left > 0;) {
+    const char* const start = at;
+    const char32_t code = utf8::next(at, static_cast<std::size_t>(left));
+    if (code == wanted) return place;
+    place.line += code == '\n';
+    place.column = code == '\n' ? 1 : place.column + 1;
+    place.offset += at - start;
+    left -= static_cast<int>(at - start);
+  }
+  return Place();
+}
+
+// False, and an end to the reading, if the page of the strings lacks one of the characters.
+bool Reader::IsInPage(std::string_view text) {
+  if (page_ == nullptr) return true;
+  const char* at = text.data();
+  while (at != text.data() + text.size()) {
+    const char32_t code = utf8::next(at);
+    if (page_->Has(code)) continue;
+    lack_ = LackOf(code, *page_);
+    Stop(lack_.c_str(), PlaceOf(code));
+    return false;
+  }
+  return true;
 }
 
 void Reader::Count(std::size_t bytes) {
@@ -179,6 +219,10 @@ int Reader::OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encodin
 
 void Reader::Start(const char* tag, const char** attributes) {
   if (depth_ > Tree::kMaxDepth) return Stop("nested deeper than 1,024 levels");
+  if (!IsInPage(tag)) return;
+  for (const char** at = attributes; *at != nullptr; ++at) {
+    if (!IsInPage(*at)) return;
+  }
   const Name* const name = tree_.Intern(tag);
   if (name == nullptr) return Stop(kNoName);
   DropLayout();
@@ -263,6 +307,7 @@ void Reader::End() {
 
 void Reader::Data(const char* text, std::size_t length) {
   Count(length);
+  if (!IsInPage({text, length})) return;
   text_.append(text, length);
 }
 

@@ -303,13 +303,13 @@ std::size_t Writer::PutCharacter(std::string_view rest, char*& to) const {
     to = std::copy_n(rest.data(), length, to);
     return length;
   }
-  char32_t code = 0;
-  const std::size_t taken = page_->Read(rest, code);
-  if (taken == 0) return 0;
+  const char* end = rest.data();
+  const char32_t code = page_->Next(end, rest.size());
+  if (code >= utf8::kStray) return 0;
   std::string utf8;
   utf8::append(utf8, code);
   to = std::copy(utf8.begin(), utf8.end(), to);
-  return taken;
+  return static_cast<std::size_t>(end - rest.data());
 }
 
 }  // namespace

@@ -11,8 +11,8 @@
 #include <memory>
 #include <string_view>
 
-#include "code_page.h"
 #include "files.h"
+#include "rytree_host/code_page.h"
 #include "rytree_host/detail/tree_store.h"
 
 namespace rytesavc {

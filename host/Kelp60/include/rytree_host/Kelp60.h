@@ -22,7 +22,7 @@ RYTREE_API char* kelp_find_char(char* text, char character, int option);
 RYTREE_API char* kelp_find_closing_char(char* text, char character, int option, int* work);
 
 /// Nonzero if `filter` matches the whole of `text`. In the filter `*` stands for any stretch, an empty one
-/// too, and `?` for one UTF-8 character or one byte that belongs to none. Case counts if `caseSensitive` is
+/// too, and `?` for one character of the default page or one byte that belongs to none. Case counts if `caseSensitive` is
 /// nonzero. The last two arguments have no effect. Time grows with the lengths of filter and text, whatever
 /// they hold; only a stretch between stars that mixes `?` with characters can take as long as its length times
 /// that of the text, divided by 64.

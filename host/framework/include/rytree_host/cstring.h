@@ -16,8 +16,9 @@
 /// A growing narrow string that knows its length and may hold any bytes, NUL too.
 ///
 /// A null `const char*` counts as the empty string. Indexes and counts outside the string are cut to it,
-/// whatever their size: a read there gives 0, a write does nothing. Positions count bytes. Case follows
-/// Unicode code points in UTF-8 (multibyte.h) and never the locale.
+/// whatever their size: a read there gives 0, a write does nothing. Positions count bytes, and parts are cut
+/// at just those. Case, searches and trimming go by the characters of the default page (code_page.h), never by
+/// the locale: nothing is found in the middle of a character.
 class CString {
  public:
   CString() noexcept = default;
@@ -82,7 +83,7 @@ class CString {
 
   /// Below 0, 0 or above 0 if this string is less than, equal to or greater than `text`.
   int Compare(const char* text) const noexcept { return View().compare(Narrow(text)); }
-  /// The same on the case-folded code points.
+  /// The same on the case-folded characters, as _mbsicmp.
   RYTREE_API int CompareNoCase(const char* text) const noexcept;
 
   /// Replaces the string by the `printf` form of the arguments, which may come from the string itself.
@@ -119,7 +120,8 @@ class CString {
   RYTREE_API CString& TrimRight(const char* set = " \t\n\v\f\r");
   RYTREE_API CString& TrimRight(char character);
 
-  /// Change the case of each code point that has a single counterpart; the length in bytes may change.
+  /// Change the case of each character that has a single counterpart in the default page; the length in bytes
+  /// may change.
   RYTREE_API CString& MakeUpper();
   RYTREE_API CString& MakeLower();
 

@@ -17,12 +17,12 @@ class RYTREE_API TESAObj {
   virtual int IsValid() const;
 };
 
-/// Why the last Save, load or SetXmlText of this thread failed.
+/// Why the last Save, load, GetXmlText or SetXmlText of this thread failed.
 struct RYXmlFailure {
   const char* text;  ///< one line of English; "" after a success; good until the thread's next such call
   int line;          ///< of the XML text, from 1; 0 where the failure has no place in a text
   int column;        ///< from 1, in characters; 0 as above
-  long long offset;  ///< from the start of the text, in bytes; -1 as above
+  long long offset;  ///< from the start of the text, in bytes of the text that was given; -1 as above
 };
 
 /// A handle on one node of a tree. A copy is a second handle on the same node. A tree lives as long as a
@@ -36,8 +36,9 @@ struct RYXmlFailure {
 /// - An `out` may be the handle itself. On a valid handle a step to a node that is not there makes `out`
 ///   invalid.
 /// - An operation that fails changes nothing. None makes a tree deeper than 1,024 levels.
-/// - Tags and attribute names are XML names in UTF-8, under every code page, and compare byte for byte. The
-///   names "_NodeID" and "_NodeEscape" belong to the file form and are refused.
+/// - Tags and attribute names are XML names, compare byte for byte, and are in the default code page as all
+///   strings are (SetDefaultCodePage). One that the page has no characters for is refused. The names "_NodeID"
+///   and "_NodeEscape" belong to the file form and are refused.
 /// - Numbers are written in the shortest form that reads back to the same value. An int is read from a text
 ///   with blanks around it, a sign, or as a real number of integral value in range; a double takes NaN and
 ///   infinities too. A read that fails leaves the variable alone.
@@ -189,8 +190,11 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   // ---- Identity.
 
+  /// 0, with `tag` left alone, also for a tag that the default code page cannot write: one that came into the tree
+  /// under another page.
   int GetTagName(CString& tag) const {
     if (IsNodeValid() == 0) return 0;
+    if (CodePage::Default() != nullptr) return GetTagNameInPage(tag);
     tag.Assign(node_->tag->text(), node_->tag->length);
     return 1;
   }
@@ -277,9 +281,12 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int Save(const char* path) const;
   /// Puts the handle on the root of the tree in the file. The int has no effect.
   int load(const char* path, int);
-  /// The encoding of texts and attribute values, in the strings given and taken: 65001 (UTF-8, at the start),
-  /// 1250 to 1258, 932, 936, 949, 950, 28591. Files are UTF-8 under every page. An unknown page gives 0 and
-  /// changes nothing.
+  /// The encoding of all strings given and taken, of texts, attribute values, tags and names, and of what is
+  /// compared and searched: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949, 950, 28591. It holds for
+  /// the process, and is set before trees are made or read: a text that is in a tree keeps its bytes, while tags
+  /// and names are kept in UTF-8 and are told in the page that is set. Files are written in UTF-8 under every
+  /// page. `load` and SetXmlText refuse a character that the page lacks, and SetXmlText bytes that are none of
+  /// its characters. An unknown page gives 0 and changes nothing.
   static int SetDefaultCodePage(int page);
   static RYXmlFailure LastFailure();
 
@@ -300,7 +307,9 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   }
 
   rytesavc::Attribute* FindAttribute(const char* name) const {
-    return IsNodeValid() != 0 && name != nullptr ? node_->Find(std::string_view(name)) : nullptr;
+    if (IsNodeValid() == 0 || name == nullptr) return nullptr;
+    if (CodePage::Default() == nullptr) return node_->Find(std::string_view(name));
+    return node_->Find(rytesavc::StoredName(name).view());
   }
   rytesavc::Attribute* FindAttribute(const RYPropertyName& name) const {
     if (IsNodeValid() == 0) return nullptr;
@@ -332,6 +341,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   static int ParseDouble(const rytesavc::Value& from, double& to);
   static void AssignNumber(int from, CString& to);
 
+  int GetTagNameInPage(CString& tag) const;
   const rytesavc::Name* Intern(const char* name) const;
   const rytesavc::Name* Intern(const RYPropertyName& name) const;
   int AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, std::string_view text);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "rytree_host/detail/stored_name.h"
 #include "rytree_host/detail/tree_store.h"
 
 /// A name for the attribute operations of RYXmlWrapperBase that remembers where the tree it was last used on
@@ -40,7 +41,7 @@ class RYPropertyName {
     return found_;
   }
   void Look() const {
-    found_ = tree_->FindName(name_);
+    found_ = tree_->FindName(rytesavc::StoredName(name_).view());
     names_seen_ = tree_->name_count();
   }
 
