@@ -8,7 +8,10 @@
 //   pre-order.
 // - A null ID attribute name means "DataID". Flags of type bool and int are true when not zero.
 // - A null pointer, an invalid or dead handle or an array object of another kind gives the failure result
-//   and never crashes.
+//   and never crashes. An invalid handle on which a function only walks is a node without anything below it:
+//   the result is then 0, as for an empty branch.
+// - Two node arguments come in one order in some functions and in the other in others; the comment of each
+//   begins with it ("Order: `out`, `parent`.").
 // - Arrays that are filled are appended to. A read of an attribute that is missing leaves the variable alone.
 // - What was changed before a failure stays changed. Nothing throws; failures are results.
 // - An out node may be the start node. Trees and arrays stay the caller's.

@@ -31,7 +31,8 @@ RYTREE_API int vctree_get_attributes(RYXmlWrapperBase* tree, CStringArray* value
 RYTREE_API int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int value,
                                      CArray<int, int>* collected, int removeIfNegative, int includeTop);
 
-/// The same without `tree` itself. An object that holds no ints counts as null.
+/// The same without `tree` itself. A `collected` that holds no ints counts as null: the tree is then written
+/// to, where the caller meant to read it.
 extern "C" RYTREE_API int rytree_attribute_values(RYXmlWrapperBase* tree, const char* attribute, int value,
                                                   HostArrayObject* collected, int removeIfNegative);
 
@@ -61,7 +62,7 @@ extern "C" RYTREE_API bool rytree_set_attributes(RYXmlWrapperBase* tree, HostArr
 RYTREE_API int vctree_set_values_by_nodeids(RYXmlWrapperBase* tree, CArray<int, int>* ids,
                                             CStringArray* values);
 
-/// The same with host arrays; -1 also if `values` is null or holds no texts. `ids` that are null or hold no
-/// ints count as empty.
+/// The same with host arrays. `values` is opened first, then `ids`: -1 also if `values` is null or holds no
+/// texts, whatever `ids` is, while `ids` that are null or hold no ints count as empty and give -2.
 extern "C" RYTREE_API int rytree_set_values_by_nodeids(RYXmlWrapperBase* tree, HostArrayObject* ids,
                                                        HostArrayObject* values);

@@ -7,6 +7,16 @@
 // A node that has the attribute "OldValue" is marked as changed; the attribute holds the value before. A
 // saved list has one string for each node below a start node, in pre-order: the text of a leaf, an empty
 // string for a branch.
+//
+// To take a saved list, call VCTreeGetValues with `childrenOnly` false on a node with children and remove
+// entry 0: that is the start node's own, which a saved list does not have. With it in the list every node is
+// compared with the entry of the node before it.
+//
+// To undo by "OldValue", do so before a harvest with `changedOnly` (vctree_get_values_with_ids): it overwrites
+// "OldValue" with the present value, and the value before is lost. The marks differ too. VCTreeUpdateChanges
+// leaves the raw text, such a harvest the text with its decorations ("::{Auto=1}12.5"), and it compares with
+// that form: a node with decorations that VCTreeUpdateChanges has marked counts as changed there, even where
+// its text has come back to what it was.
 
 extern "C" {
 
@@ -36,7 +46,8 @@ RYTREE_API void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value);
 
 /// Compares every node below `node` with its string in the saved list, byte for byte, and marks it with that
 /// string where they differ. Everywhere else the mark is removed, also from the nodes beyond the end of
-/// the list: earlier marks do not survive. The result is the number of nodes marked, -1 if a pointer is null.
+/// the list: earlier marks do not survive. `node` itself is not looked at and has no entry in the list. The
+/// number of nodes marked, 0 for an invalid node; -1 if a pointer is null.
 RYTREE_API int VCTreeUpdateChanges(RYXmlWrapperBase* node, CStringArray* saved);
 
 /// 1 if both arrays hold the same numbers in the same order or both are empty; else 0, also for a null

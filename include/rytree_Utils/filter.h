@@ -14,6 +14,10 @@ extern "C" {
 /// included, the candidate's own text not; likewise for `excludeId`. Texts are compared without regard to
 /// case, and repeats make no difference.
 ///
+/// To exclude nothing, give `excludeMode` 1 with an empty `excludes`; 0 does exclude, by `includes`. To
+/// include everything, give `includeMode` 0 or 1 with an empty `includes`, but then not `excludeMode` 0. An
+/// empty list is an array object without entries: a null one is a failure.
+///
 /// First the exclude test, by `excludeMode`:
 /// - 0: every text of `includeId` must be in `includes`. With an empty `includes` every candidate fails, even
 ///   one without texts. `excludes` and `excludeId` are not used.

@@ -18,6 +18,6 @@ RYTREE_API int rytree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, HostArray
 /// - 10 or 13: the value becomes 0;
 /// - 0x10000000, a branch: the attribute "Use", if it reads as an int, becomes empty;
 /// - any other: nothing, though the node counts.
-/// The result is the number of nodes found, 0 if a pointer is null. Time: one pass over the list, and then
-/// a binary search for each node.
+/// The result is the number of nodes found, whether or not a reset changed them; 0 if a pointer is null.
+/// Time: one pass over the list, and then a binary search for each node.
 RYTREE_API int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids, bool recursive);

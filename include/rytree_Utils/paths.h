@@ -14,9 +14,9 @@ extern "C" {
 /// if the path is empty, and for a null or invalid argument. The time grows with the row.
 RYTREE_API int rytree_get_row_number(RYXmlWrapperBase* node, const char* path);
 
-/// How many levels `node` is below `root`, or below the top of the tree if `root` is null; 0 for `root` or
-/// the top itself. `path` becomes the path from there to `node`. Full stops at its end are taken off, also
-/// those of a tag that ends in one.
+/// Order: `node`, `root`. How many levels `node` is below `root`, or below the top of the tree if `root` is
+/// null; 0 for `root` or the top itself. `path` becomes the path from there to `node`. Full stops at its end
+/// are taken off, also those of a tag that ends in one.
 ///
 /// With `stopAtEventRoot` (no effect if `root` is null) the walk upward from `node` reads the int attribute
 /// "EventRootOption" of each node that it comes to:

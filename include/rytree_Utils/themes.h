@@ -16,26 +16,32 @@
 
 extern "C" {
 
-/// vctree_get_theme into host arrays. Always true, also if nothing was read: `theme` or an array object is
-/// null, or an object holds no array of its kind.
+/// vctree_get_theme into host arrays. The result is always true and tells nothing: nothing is read if `theme`
+/// or an array object is null, or if the array objects are swapped or not of their kind. Look at the sizes of
+/// the arrays.
 RYTREE_API bool rytree_get_theme(RYXmlWrapperBase* theme, HostArrayObject* ids, HostArrayObject* values,
                                  CString* comment);
 
-/// vctree_set_theme from host arrays. True, with nothing written, if `values` is null or holds no string
-/// array; otherwise the result of vctree_set_theme.
+/// vctree_set_theme from host arrays. True means written only if `values` is a string array: with a null
+/// one, or with the two arrays swapped, the result is true as well and nothing is written. Otherwise the
+/// result is that of vctree_set_theme.
 RYTREE_API bool rytree_set_theme(RYXmlWrapperBase* node, HostArrayObject* ids, HostArrayObject* values,
                                  const char* comment);
 
-/// vctree_read_values_with_ids into host arrays.
+/// vctree_read_values_with_ids into host arrays. True means read only if `values` is a string array.
 /// - False, arrays untouched, if `file` is null.
-/// - True, nothing read, if `values` is null or holds no string array.
+/// - True, nothing read and the file not opened, if `values` is null or holds no string array, as with the
+///   two arrays swapped.
 /// - False, `values` emptied, if `ids` is null or holds no int array.
 RYTREE_API bool rytree_tree_read_values_with_ids(const char* file, HostArrayObject* ids,
                                                  HostArrayObject* values, CString* comment);
 
-/// The file form of vctree_save_values_with_ids from host arrays, with a label array that must be there here.
+/// The file form of vctree_save_values_with_ids from host arrays. To save without labels, give an empty
+/// string array for `labels`: with null the result is true and no file is written. True means saved only if
+/// both `values` and `labels` are string arrays.
 /// - False if `file` is null or empty, or `ids` or `values` is null.
-/// - True, nothing saved, if `values` or `labels` holds no string array or `labels` is null.
+/// - True, nothing saved, if `labels` is null, or if `values` or `labels` holds no string array, as with
+///   `ids` and `values` swapped.
 /// - False if `ids` holds no int array.
 RYTREE_API bool rytree_tree_save_values_with_ids(const char* file, HostArrayObject* ids,
                                                  HostArrayObject* values, const char* comment,
@@ -56,7 +62,7 @@ RYTREE_API int rytree_tree_get_theme_type(RYXmlWrapperBase* node);
 RYTREE_API bool rytree_tree_get_theme_file_name(RYXmlWrapperBase* node, CString* file);
 
 /// Writes the attribute "ThemeFile" of `node`, an empty one too; a null `file` removes it. False if `node` is
-/// null, else true, also if there was nothing to remove or `node` is invalid.
+/// null, else true, also if there was nothing to remove, or if `node` is invalid and nothing was written.
 RYTREE_API bool rytree_tree_set_theme_file_name(RYXmlWrapperBase* node, const char* file);
 
 }  // extern "C"
@@ -72,8 +78,8 @@ RYTREE_API void vctree_get_theme(RYXmlWrapperBase* theme, CArray<int, int>* ids,
 /// Writes a theme into `node` in place of all that the node held, tag and attributes too. An invalid handle
 /// is put on a fresh tree. A null `comment` writes none. True, or false:
 /// - the arrays are empty, differ in size or are null, or `node` is null: nothing changes;
-/// - a child could not be made (the tree would be too deep): the children made so far stay, without
-///   "Comment".
+/// - a child could not be made (the tree would be too deep, or a value is longer than the tree can hold): the
+///   former content is gone, and the children made so far stay, without "Comment".
 RYTREE_API bool vctree_set_theme(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
                                  const char* comment);
 
@@ -86,7 +92,7 @@ RYTREE_API bool vctree_read_values_with_ids(const char* file, CArray<int, int>* 
 /// Saves the pairs to a file, in place of the file that is there. `labels` (may be null, or shorter than the
 /// pairs) gives the children their "Label"; labels do not come back when the file is read. A null `comment`
 /// writes none. True, or false with the old file in place: `file` is null or empty, the arrays are null,
-/// empty or differ in size, or the file could not be written.
+/// empty or differ in size, a value is longer than a tree can hold, or the file could not be written.
 RYTREE_API bool vctree_save_values_with_ids(const char* file, CArray<int, int>* ids, CStringArray* values,
                                             const char* comment, CStringArray* labels);
 

@@ -5,7 +5,9 @@
 // ID -1. A branch that occurs several times in a tree has a "RepeatID" from 1 to 32766; any number outside 1
 // to 32767 counts as none. On the way down the RepeatIDs of nested branches are OR-ed together to the repeat
 // number in force. Below such a branch the ID of a node that has no RepeatID itself is composed: the repeat
-// number in force in the high 16 bits, the plain ID in the low 16.
+// number in force in the high 16 bits, the plain ID in the low 16. DataID 7 below RepeatID 2 is 0x20007.
+// The repeated branches themselves keep their plain ID. Two of them that have an ID and a value give that ID
+// twice, and a copy then fails with a duplicate; without a value it does not, as long as `allBranches` is 0.
 //
 // Leaves and branches. The value of a leaf is its text. A branch has no text value; its value is the
 // attribute "Use", or "Data" where bit 20 of "ThemeApplicability" is set.
@@ -27,14 +29,18 @@
 
 /// A hook into the writing of values: it may rewrite every value stored in and below the nodes of one ID.
 struct _SETVALUESBYIDS {
-  /// Called before each such value is stored; its result is not used. It may throw; null is not called.
+  /// Called before each such value is stored; its result is not used. It may throw; null is not called. It
+  /// may change the tree: nodes added further on are visited, and match like any other. Where it removes the
+  /// node at hand, or one above it, that node still counts, its value is dropped and the siblings that
+  /// follow it are not visited.
   int (*callback)(_SETVALUESBYIDS*);
   /// The ID that activates the hook, compared with the plain ID of a node, before any composition; -1 is that
   /// of a node without one.
   int dataId;
-  /// Nonzero while the walk is in or below the activating node.
+  /// Nonzero while the walk is in or below the activating node. A copy sets it to 0 before it writes.
   int active;
-  /// During the callback the value about to be stored, which it may change; otherwise null.
+  /// During the callback the value about to be stored, which it may change. Null again after
+  /// it; before the first one what the caller put there.
   CString* value;
 };
 
@@ -56,7 +62,8 @@ extern "C" RYTREE_API int rytree_combine_treenode_id_with_repeat_id(RYXmlWrapper
 /// - `ids`, `values`: emptied, then filled. Null `values` empties `ids` and reads nothing.
 /// - `recursive`: nonzero for the whole branch, 0 for the direct children, branches among them too.
 /// - `changedOnly`: nonzero for only the nodes whose attribute "OldValue" exists and differs (case counts)
-///   from the value with its decorations; "OldValue" is then overwritten with that value.
+///   from the value with its decorations. "OldValue" is then overwritten with that value: the value before is
+///   lost, and a second call finds nothing. Undo by "OldValue" comes first.
 /// - `repeat`: the repeat number in force at `node`, normally 0.
 /// - `idAttribute`: null means "DataID".
 /// - `allBranches`: nonzero gives a branch that has neither a value attribute nor a decoration the value
@@ -117,15 +124,15 @@ extern "C" RYTREE_API int rytree_set_values_by_ids(RYXmlWrapperBase* node, HostA
                                                    int storeArgument, const char* idAttribute, CString* error,
                                                    DWORD options);
 
-/// Reads all values below `source` and writes them into the nodes below `destination` that have the same IDs,
-/// whatever the shapes of the two trees, which may be one tree.
+/// Order: `source`, `destination`. Reads all values below `source` and writes them into the nodes below
+/// `destination` that have the same IDs, whatever the shapes of the two trees, which may be one tree.
 /// - `storeArgument`: the first argument of every CheckSetValue.
 /// - `sourceIdAttribute`, `destinationIdAttribute`: null means "DataID".
 /// - `allBranches`: as in vctree_get_values_with_ids.
 /// - `hook` (may be null): if anything was read, its `active` is 0 afterwards, even if the callback throws.
 /// - `keepBit18Off`: nonzero makes bit 18 of "ThemeApplicability" count as not set.
 /// - `dropEmpty`: nonzero leaves empty values unwritten, and their IDs then match no node.
-/// The number of nodes matched, 0 also if there was nothing to read; or
+/// The number of nodes matched, 0 also if there was nothing to read or a node is invalid; or
 ///  -N   the ID N, above 0, occurs twice among those read; nothing is written
 ///  -1   a node is null
 ///  -2   `dropEmpty` left nothing
@@ -143,35 +150,42 @@ extern "C" RYTREE_API int rytree_copy_values_by_id(RYXmlWrapperBase* source, RYX
                                                    const char* destinationIdAttribute, int allBranches,
                                                    int keepBit18Off, int dropEmpty);
 
-/// Makes the nodes that `destination` lacks, then copies all values by "DataID". For `source` and each node
-/// below it that has an int attribute "DataID" which no node below `destination` has as node ID or as DataID,
-/// a node is appended to the direct children of `destination`, whatever its depth in `source`, with its tag,
-/// DataID and "Label" (empty where it has none). Plain IDs are looked for, not composed ones. The nodes made
-/// stay even if the copy fails. The result is that of rytree_copy_values_by_id with all branches. Linear in
-/// the two trees.
+/// Order: `source`, `destination`. Makes the nodes that `destination` lacks, then copies all values by
+/// "DataID". To copy a tree with its branches, use AddNodeCopy or ReplaceByNodeCopy: what is made here is
+/// flat. A node made for a branch is a leaf, and its text becomes the branch's "Use" or "-1". The values in
+/// repeated branches are lost, since the nodes made for them lie outside any repeat: they have the plain ID,
+/// and the value has the composed one.
+///
+/// For `source` and each node below it that has an int attribute "DataID" which no node below `destination`
+/// has as node ID or as DataID, a node is appended to the direct children of `destination`, whatever its
+/// depth in `source`, with its tag, DataID and "Label" (empty where it has none). Plain IDs are looked for,
+/// not composed ones. The nodes made stay even if the copy fails. The result is that of
+/// rytree_copy_values_by_id with all branches: 0 for an invalid node, -1 for a null one. Linear in the two
+/// trees.
 extern "C" RYTREE_API int rytree_whole_copy_values_by_id(RYXmlWrapperBase* source,
                                                          RYXmlWrapperBase* destination);
 
-/// Copies attributes instead of values, between the nodes of one ID. A source node takes part if it has one
-/// of the attributes with a text that is not empty; where it lacks the other, that is removed from the
-/// destination node.
+/// Order: `source`, `destination`. Copies attributes instead of values, between the nodes of one ID. A
+/// source node takes part if it has one of the attributes with a text that is not empty; where it lacks the
+/// other, that is removed from the destination node.
 /// - `attribute1`: null or empty means none.
 /// - `attribute2`: with `rename` 0 a second attribute, null or empty for none. With `rename` nonzero the name
 ///   that attribute 1 gets in the destination; a name that is not an XML name is never written.
 /// - `sourceIdAttribute`, `destinationIdAttribute`: null means "DataID".
 /// The ID, negated, that occurs twice among the nodes taking part, if it is above 0; nothing is written then.
-/// 0 in every other case, failures and null nodes included.
+/// 0 in every other case, failures, null and invalid nodes included: it does not tell whether anything was
+/// copied.
 extern "C" RYTREE_API int rytree_copy_atts_by_id(RYXmlWrapperBase* source, RYXmlWrapperBase* destination,
                                                  const char* attribute1, const char* sourceIdAttribute,
                                                  const char* destinationIdAttribute, const char* attribute2,
                                                  int rename);
 
-/// Removes from `destination` what equals `source`: each leaf whose value, decorations included, equals
-/// without regard to case that of the same ID in `source`, and each branch that has thus lost its last child,
-/// whatever its ID. The values of branches are not compared, and a leaf without an ID stays.
-/// The number of nodes removed, 0 also if `source` has no value to give; -N or -4 for an ID that occurs twice
-/// in `source`, -1 and -5 as in vctree_copy_values_by_id, with removed in place of written. Linear in the two
-/// trees.
+/// Order: `source`, `destination`. Removes from `destination` what equals `source`: each leaf whose value,
+/// decorations included, equals without regard to case that of the same ID in `source`, and each branch that
+/// has thus lost its last child, whatever its ID. The values of branches are not compared, and a leaf
+/// without an ID stays. The number of nodes removed, 0 also if `source` has no value to give or a node is
+/// invalid; -N or -4 for an ID that occurs twice in `source`, -1 and -5 as in vctree_copy_values_by_id, with
+/// removed in place of written. Linear in the two trees.
 extern "C" RYTREE_API int rytree_remove_unchange_nodes_by_id(RYXmlWrapperBase* source,
                                                              RYXmlWrapperBase* destination,
                                                              const char* sourceIdAttribute,

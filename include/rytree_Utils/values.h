@@ -18,6 +18,7 @@ RYTREE_API int rytree_get_values(RYXmlWrapperBase* tree, HostArrayObject* values
 ///   follow in pre-order, each with a leaf's text or a branch's empty entry; with `childrenOnly` true the
 ///   texts of its direct children, also of those that have children themselves.
 ///
+/// The saved list of VCTreeUpdateChanges is this, with `childrenOnly` false, less the entry of `tree` itself.
 /// 0, or -1 if a pointer is null.
 RYTREE_API int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenOnly);
 

@@ -27,8 +27,9 @@ struct RYXmlFailure {
 
 /// A handle on one node of a tree. A copy is a second handle on the same node. A tree lives as long as a
 /// handle on any of its nodes; a removed node is dead at once, with everything below it, and its handles
-/// report IsNodeValid() 0. The handles of one tree belong to one thread at a time; trees of different threads
-/// share nothing.
+/// report IsNodeValid() 0. A handle that is moved from into a new one is empty; one that is moved from by an
+/// assignment has taken over the node of the handle assigned to, and keeps that tree alive. The handles of
+/// one tree belong to one thread at a time; trees of different threads share nothing.
 ///
 /// Rules that hold for every operation:
 /// - Results are int, nonzero on success, unless said otherwise.
