@@ -96,7 +96,8 @@ constexpr GrowthRow kRows[] = {
     {"vctree_get_theme", [](Scene& s) { vctree_get_theme(&s.rows, &s.int_list, &s.text_list, &s.text); }},
     {"vctree_read_values_with_ids",
      [](Scene& s) {
-       vctree_read_values_with_ids(input(s.nodes).flat_path.c_str(), &s.int_list, &s.text_list, &s.text);
+       static_cast<void>(
+           vctree_read_values_with_ids(input(s.nodes).flat_path.c_str(), &s.int_list, &s.text_list, &s.text));
      }},
     {"rytree_theme_tree_get_node_by_id",
      [](Scene& s) { rytree_theme_tree_get_node_by_id(&s.found, &s.tree, -7, 1 << 30, true); }},

@@ -1,6 +1,7 @@
 #include "growth_scene.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 
 #include "inputs.h"
@@ -10,8 +11,8 @@ namespace {
 SceneInput load_input(int nodes) {
   const Input& in = input(nodes);
   SceneInput made{nodes, {}, {}, {}, {}, {}, in.last_id};
-  made.tree.load(in.tree_path.c_str(), 0);
-  made.rows.load(in.flat_path.c_str(), 0);
+  if (made.tree.load(in.tree_path.c_str(), 0) == 0 || made.rows.load(in.flat_path.c_str(), 0) == 0)
+    throw std::runtime_error("an input cannot be loaded");
   for (const int id : in.ids) made.ids.Add(id);
   for (const std::string& value : in.values) made.values.Add(CString(std::string_view(value)));
   made.sorted_ids = made.ids;

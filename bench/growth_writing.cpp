@@ -121,10 +121,13 @@ constexpr GrowthRow kRows[] = {
     {"vctree_set_theme", [](Scene& s) { vctree_set_theme(&s.empty, &s.ids, &s.values, nullptr); }},
     {"vctree_save_values_with_ids, file",
      [](Scene& s) {
-       vctree_save_values_with_ids(scratch_path().c_str(), &s.ids, &s.values, "x", &s.values);
+       static_cast<void>(
+           vctree_save_values_with_ids(scratch_path().c_str(), &s.ids, &s.values, "x", &s.values));
      }},
     {"vctree_save_values_with_ids, node",
-     [](Scene& s) { vctree_save_values_with_ids(&s.rows, &s.ids, &s.values, "x", &s.values); }},
+     [](Scene& s) {
+       static_cast<void>(vctree_save_values_with_ids(&s.rows, &s.ids, &s.values, "x", &s.values));
+     }},
     {"vctree_GETN_reset_hidden_values",
      [](Scene& s) { vctree_GETN_reset_hidden_values(&s.tree, &s.sorted_ids, true); }},
     {"rytree_create_composite_range_node", make_ranges},

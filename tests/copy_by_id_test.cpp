@@ -87,12 +87,14 @@ TEST(CopyById, CopiesAndPrunes) {
   }
 }
 
-// A hook that marks what it is shown and notes it, and throws at a value that tells it to.
+// A hook that marks what it is shown and notes it, and throws or removes a node at a value that tells it to.
 std::string shown;
+RYXmlWrapperBase removable;
 int mark(_SETVALUESBYIDS* hook) {
   EXPECT_NE(hook->active, 0);
   shown.append(hook->value->View()).append(1, ';');
   if (*hook->value == "throw") throw std::runtime_error("by the callback");
+  if (*hook->value == "remove") removable.RemoveNode();
   *hook->value += "!";
   return 0;
 }
@@ -110,10 +112,12 @@ TEST(CopyById, AHookRewritesValuesAtAndBelowItsNode) {
       3 | <R><a #1>x</a><B #2 Use='u'><a #3>y</a></B></R> | 4 | \
           <R><B #2 Use='u'><a #2>u</a><a #3>y!</a></B><a #1>x</a></R>
       2 | <R><a #1>x</a><a #3>throw</a></R> | throws | <R><B #2><a #2/><a #3/></B><a #1/></R>
+      2 | <R><a #1>x</a><a #3>remove</a></R> | 1 | <R><a #1/></R>
       2 | <R><a #1>::{p=1}x</a><a #3>::{p=1}</a></R> | 2 | \
           <R><B #2><a #2/><a #3 p='1'>!</a></B><a #1 p='1'>x</a></R>)")) {
     RYXmlWrapperBase source = parse_ids(from);
     RYXmlWrapperBase destination = parse_ids("<R><B #2><a #2/><a #3/></B><a #1/></R>");
+    removable = at(destination, {0});
     _SETVALUESBYIDS hook = {mark, std::stoi(id), 1, nullptr};
     try {
       EXPECT_EQ(std::to_string(copy_hooked(source, destination, hook)), result);

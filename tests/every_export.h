@@ -152,10 +152,11 @@ inline void int_attributes(S& s) {
   for (const int value : {12, 15}) s.ints.array().Add(value);
 }
 inline void theme(S& s) {
-  vctree_save_values_with_ids(&s.other, &s.ids, &s.values, "a comment on the theme", nullptr);
+  EXPECT_TRUE(vctree_save_values_with_ids(&s.other, &s.ids, &s.values, "a comment on the theme", nullptr));
 }
 inline void theme_file(S& s) {
-  vctree_save_values_with_ids(s.file.c_str(), &s.ids, &s.values, "a comment on the theme", nullptr);
+  EXPECT_TRUE(
+      vctree_save_values_with_ids(s.file.c_str(), &s.ids, &s.values, "a comment on the theme", nullptr));
   s.ids.RemoveAll(), s.values.RemoveAll();
 }
 

@@ -262,7 +262,7 @@ TEST_F(FileFaults, KilledProcessesLeaveAWholeFile) {
     for (int i = 0; i < kills / 2; ++i) {
       const pid_t child = fork();
       if (child == 0) {
-        for (std::size_t save = 0;; ++save) versions[save % 2].Save(path.c_str());
+        for (std::size_t save = 0;; ++save) static_cast<void>(versions[save % 2].Save(path.c_str()));
       }
       usleep(static_cast<useconds_t>(random() % 20000));
       kill(child, SIGKILL);

@@ -214,7 +214,7 @@ TEST(TagPath, Ends) {
   EXPECT_NE(tmxfu_tree_check_get_node(out, out, "D", "E", nullptr), 0);
   EXPECT_EQ(tag(out), "E");
   EXPECT_EQ(text(tree), "<R><A><D><E/></D></A><B/></R>");
-  EXPECT_NE(tmxfu_tree_get_node(out, tree, nullptr), 0);
+  EXPECT_NE(tmxfu_tree_get_node(out, tree, nullptr, nullptr), 0);
   EXPECT_EQ(out, tree);
 }
 
@@ -244,7 +244,7 @@ TEST(Lookup, BadArguments) {
   EXPECT_EQ(rytree_find_node(&tree, &dead, nullptr, 1, true, 0, -1), 0);
   EXPECT_EQ(rytree_find_node_ex(&tree, &none, nullptr, 0, 0, -1, 0, -1), -1);
   EXPECT_EQ(tmxfu_tree_check_get_node(tree, dead, "A", nullptr), 0);
-  EXPECT_EQ(tmxfu_tree_get_node(dead, dead, nullptr), 0);
+  EXPECT_EQ(tmxfu_tree_get_node(dead, dead, nullptr, nullptr), 0);
   EXPECT_EQ(VCTreeSetRepeatId(dead, 5), 0);
   EXPECT_EQ(VCTreeGetRepeatId(dead, counter), 0);
   EXPECT_EQ(counter, -1);

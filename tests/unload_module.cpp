@@ -11,7 +11,7 @@ extern "C" RYTREE_API int use_library() {
 
   RYXmlWrapperBase tree;
   tree.CreateNew(0, nullptr);
-  tree.SetXmlText(R"(<Root><A DataID="1">one</A><B DataID="2"/></Root>)");
+  if (tree.SetXmlText(R"(<Root><A DataID="1">one</A><B DataID="2"/></Root>)") == 0) return -1;
   HostStringArray values;
   rytree_get_values(&tree, &values, 0);
   auto* const module = LoadLibraryA("ZANmsg.dll");

@@ -2,6 +2,8 @@
 #include <rytree_Utils.h>
 #include <rytree_Utils/arrange.h>
 
+#include <stdexcept>
+
 #include "jobs.h"
 
 namespace {
@@ -31,7 +33,7 @@ struct Rytree {
 
   static Tree load(const char* path) {
     Tree tree;
-    tree.load(path, 0);
+    if (tree.load(path, 0) == 0) throw std::runtime_error("a tree cannot be loaded");
     return tree;
   }
   static bool save(const Tree& tree, const char* path) { return tree.Save(path) != 0; }
@@ -132,7 +134,7 @@ struct Rytree {
     return text;
   }
   static void set_text(Tree&, Node& node, const std::string& text) { node.CheckSetValue(0, text.c_str(), 0); }
-  static void set_xml(Tree& tree, const std::string& xml) { tree.SetXmlText(xml.c_str()); }
+  static void set_xml(Tree& tree, const std::string& xml) { static_cast<void>(tree.SetXmlText(xml.c_str())); }
   static Node add(Tree&, Node parent, const char* tag) {
     Node child;
     parent.AddNode(child, tag, -1);

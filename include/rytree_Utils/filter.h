@@ -47,8 +47,8 @@ RYTREE_API int rytree_filter_by_attrib_find(RYXmlWrapperBase* node, int dataId, 
                                             const char* text, int caseSensitive, int atStart);
 
 /// Keeps the candidates whose attribute fits `pattern` by the host's text match, which gets `matchFlag` as it
-/// is. A candidate without the attribute is removed. 1; 0 with the tree unchanged if `node` is invalid or a
-/// pointer is null.
+/// is: in the bundled one (kelp_text_match) nonzero means that case counts. A candidate without the
+/// attribute is removed. 1; 0 with the tree unchanged if `node` is invalid or a pointer is null.
 RYTREE_API int rytree_filter_by_attrib_match(RYXmlWrapperBase* node, int dataId, const char* attribute,
                                              const char* pattern, int matchFlag);
 }

@@ -137,14 +137,14 @@ RYTREE_API int tmxfu_tree_check_get_node_ex(RYXmlWrapperBase& out, RYXmlWrapperB
 
 /// Order: `out`, `start`. tmxfu_tree_check_get_node_ex that makes what is missing.
 RYTREE_API int tmxfu_tree_check_get_node(RYXmlWrapperBase& out, RYXmlWrapperBase& start, const char* firstTag,
-                                         ...);
+                                         ...) RYTREE_ENDS_IN_NULL;
 
 /// Order: `out`, `start`. tmxfu_tree_check_get_node_ex that changes nothing.
 RYTREE_API int tmxfu_tree_get_node(RYXmlWrapperBase& out, const RYXmlWrapperBase& start, const char* firstTag,
-                                   ...);
+                                   ...) RYTREE_ENDS_IN_NULL;
 
 /// Reads (`get` nonzero) or writes (0) the vector of the node at the end of the path. Only writing makes
 /// missing levels. 1, or 0 if the node was not reached or its text is no list of numbers; `vector` is then
-/// untouched.
+/// untouched. An empty text is the empty list.
 RYTREE_API int tmxfu_tree_node_vector_value(RYXmlWrapperBase& start, tagRYSOBJVECT& vector, int get,
-                                            const char* firstTag, ...);
+                                            const char* firstTag, ...) RYTREE_ENDS_IN_NULL;

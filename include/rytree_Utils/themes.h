@@ -33,8 +33,8 @@ RYTREE_API bool rytree_set_theme(RYXmlWrapperBase* node, HostArrayObject* ids, H
 /// - True, nothing read and the file not opened, if `values` is null or holds no string array, as with the
 ///   two arrays swapped.
 /// - False, `values` emptied, if `ids` is null or holds no int array.
-RYTREE_API bool rytree_tree_read_values_with_ids(const char* file, HostArrayObject* ids,
-                                                 HostArrayObject* values, CString* comment);
+[[nodiscard]] RYTREE_API bool rytree_tree_read_values_with_ids(const char* file, HostArrayObject* ids,
+                                                               HostArrayObject* values, CString* comment);
 
 /// The file form of vctree_save_values_with_ids from host arrays. To save without labels, give an empty
 /// string array for `labels`: with null the result is true and no file is written. True means saved only if
@@ -43,15 +43,15 @@ RYTREE_API bool rytree_tree_read_values_with_ids(const char* file, HostArrayObje
 /// - True, nothing saved, if `labels` is null, or if `values` or `labels` holds no string array, as with
 ///   `ids` and `values` swapped.
 /// - False if `ids` holds no int array.
-RYTREE_API bool rytree_tree_save_values_with_ids(const char* file, HostArrayObject* ids,
-                                                 HostArrayObject* values, const char* comment,
-                                                 HostArrayObject* labels);
+[[nodiscard]] RYTREE_API bool rytree_tree_save_values_with_ids(const char* file, HostArrayObject* ids,
+                                                               HostArrayObject* values, const char* comment,
+                                                               HostArrayObject* labels);
 
 /// The node form of vctree_save_values_with_ids from host arrays: false if `node` is null or invalid, all
 /// else as rytree_tree_save_values_with_ids.
-RYTREE_API bool rytree_save_values_with_ids(RYXmlWrapperBase* node, HostArrayObject* ids,
-                                            HostArrayObject* values, const char* comment,
-                                            HostArrayObject* labels);
+[[nodiscard]] RYTREE_API bool rytree_save_values_with_ids(RYXmlWrapperBase* node, HostArrayObject* ids,
+                                                          HostArrayObject* values, const char* comment,
+                                                          HostArrayObject* labels);
 
 /// The theme kind of a tree: the int attribute "ThemeType" of `node`, 4 if it is missing or `node` is
 /// invalid, 0 if `node` is null.
@@ -86,17 +86,19 @@ RYTREE_API bool vctree_set_theme(RYXmlWrapperBase* node, CArray<int, int>* ids, 
 /// Reads the pairs of a file. The arrays are emptied first, whatever follows. True, with `comment` (may be
 /// null) as in vctree_get_theme; false with empty arrays and `comment` untouched if the file cannot be loaded
 /// or a pointer is null. A file of another kind gives the pairs of its root's direct children.
-RYTREE_API bool vctree_read_values_with_ids(const char* file, CArray<int, int>* ids, CStringArray* values,
-                                            CString* comment);
+[[nodiscard]] RYTREE_API bool vctree_read_values_with_ids(const char* file, CArray<int, int>* ids,
+                                                          CStringArray* values, CString* comment);
 
 /// Saves the pairs to a file, in place of the file that is there. `labels` (may be null, or shorter than the
 /// pairs) gives the children their "Label"; labels do not come back when the file is read. A null `comment`
 /// writes none. True, or false with the old file in place: `file` is null or empty, the arrays are null,
 /// empty or differ in size, a value is longer than a tree can hold, or the file could not be written.
-RYTREE_API bool vctree_save_values_with_ids(const char* file, CArray<int, int>* ids, CStringArray* values,
-                                            const char* comment, CStringArray* labels);
+[[nodiscard]] RYTREE_API bool vctree_save_values_with_ids(const char* file, CArray<int, int>* ids,
+                                                          CStringArray* values, const char* comment,
+                                                          CStringArray* labels);
 
 /// vctree_set_theme with labels, as in the file form, on a node that must be valid: false and nothing changes
 /// if it is not.
-RYTREE_API bool vctree_save_values_with_ids(RYXmlWrapperBase* node, CArray<int, int>* ids,
-                                            CStringArray* values, const char* comment, CStringArray* labels);
+[[nodiscard]] RYTREE_API bool vctree_save_values_with_ids(RYXmlWrapperBase* node, CArray<int, int>* ids,
+                                                          CStringArray* values, const char* comment,
+                                                          CStringArray* labels);

@@ -46,7 +46,8 @@ struct _SETVALUESBYIDS {
 
 /// Joins the ID of a node with the repeat number in force above it, one step of the walks below. `repeatOut`
 /// is written for the results 1 and 2 only, `*id` for 3 only; either may be null, and a null `id` counts as
-/// no ID. Changes no tree.
+/// no ID. An invalid node counts as one without RepeatID. `repeat` is not tested: 0 and below mean none, and
+/// above 0x7FFF the ID comes out negative or without the upper bits. Changes no tree.
 ///   3   *id is composed: a node without RepeatID, an ID from 0 to 0xFFFF, a repeat number in force
 ///   2   *repeatOut is the node's RepeatID joined with the one in force
 ///   1   *repeatOut is the node's RepeatID; none was in force
@@ -93,9 +94,10 @@ extern "C" RYTREE_API int rytree_get_values_with_ids(RYXmlWrapperBase* node, Hos
 ///
 /// Decorations ("::{name=text}" anywhere in a value of 7 characters or more, name and text not empty; one
 /// inside the text of another counts too) are written as attributes of those names, and the value is what
-/// follows the last of them. Then "ThemeApplicability" decides, as described above, whether and where the
-/// value is stored; "Data" is never set to an empty value. A leaf whose composed ID has bit 21 (0x200000) set
-/// is stored as a branch is. Values are stored with CheckSetValue, the empty ones too.
+/// follows the last of them; one whose name is not a valid attribute name is taken off and lost. Then
+/// "ThemeApplicability" decides, as described above, whether and where the value is stored; "Data" is never
+/// set to an empty value. A leaf whose composed ID has bit 21 (0x200000) set is stored as a branch is.
+/// Values are stored with CheckSetValue, the empty ones too.
 /// - `repeat`: the repeat number in force at `node`, normally 0.
 /// - `duplicate`: if null, equal IDs are not a failure and the first one counts. Otherwise it gets the ID
 ///   that occurs twice, of several such IDs the one that comes first in `ids`; without one it is untouched.

@@ -87,10 +87,10 @@ class CString {
   RYTREE_API int CompareNoCase(const char* text) const noexcept;
 
   /// Replaces the string by the `printf` form of the arguments, which may come from the string itself.
-  RYTREE_API void Format(const char* format, ...) __attribute__((format(printf, 2, 3)));
-  RYTREE_API void FormatV(const char* format, std::va_list arguments) __attribute__((format(printf, 2, 0)));
+  RYTREE_API void Format(const char* format, ...) RYTREE_PRINTF(2, 3);
+  RYTREE_API void FormatV(const char* format, std::va_list arguments) RYTREE_PRINTF(2, 0);
   /// Appends the `printf` form of the arguments.
-  RYTREE_API void AppendFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
+  RYTREE_API void AppendFormat(const char* format, ...) RYTREE_PRINTF(2, 3);
 
   /// The first place at or after `start`, -1 for none. An empty text is found at `start`.
   RYTREE_API int Find(const char* text, int start = 0) const;

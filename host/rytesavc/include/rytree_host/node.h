@@ -268,7 +268,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// One element without declaration or indentation, self-closed if the node has neither text nor children.
   virtual int GetXmlText(CString* text) const;
   /// Parses exactly one element and puts it in this node's place, under the same handle.
-  virtual int SetXmlText(const char* text);
+  [[nodiscard]] virtual int SetXmlText(const char* text);
 
   // ---- Files.
 
@@ -279,9 +279,9 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// The new file has no name before it is whole. Only where the system cannot do that, and between the two
   /// last steps over an old file, it is ".NAME.unfinished-save-0" beside the target (or 1, 2, … if others save
   /// to it). A process that is killed there leaves that file, and the next Save to the same path removes it.
-  int Save(const char* path) const;
+  [[nodiscard]] int Save(const char* path) const;
   /// Puts the handle on the root of the tree in the file. The int has no effect.
-  int load(const char* path, int);
+  [[nodiscard]] int load(const char* path, int);
   /// The encoding of all strings given and taken, of texts, attribute values, tags and names, and of what is
   /// compared and searched: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949, 950, 28591. It holds for
   /// the process, and is set before trees are made or read: a text that is in a tree keeps its bytes, while tags
