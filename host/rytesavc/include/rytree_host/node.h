@@ -33,7 +33,8 @@ struct RYXmlFailure {
 ///
 /// Rules that hold for every operation:
 /// - Results are int, nonzero on success, unless said otherwise.
-/// - On an invalid or dead handle an operation gives 0, changes nothing and leaves its outputs alone.
+/// - On an invalid or dead handle an operation fails: 0 (GetVector and SetVector: -1), nothing changed and the
+///   outputs left alone. Only CreateNew and `load` do not need a valid one.
 /// - An `out` may be the handle itself. On a valid handle a step to a node that is not there makes `out`
 ///   invalid.
 /// - An operation that fails changes nothing. None makes a tree deeper than 1,024 levels.
@@ -170,7 +171,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int NodeValue(double& value, int get);
   /// Read as an int, nonzero is true; written as "1" or "0".
   int NodeValue(bool& value, int get);
-  /// The text is the numbers with one space between each two. A read replaces what the array held.
+  /// The text is the numbers with one space between each two, no text being no numbers. A read replaces what
+  /// the array held.
   int NodeValue(CArray<double, double>& value, int get);
   /// The int and the options have no effect.
   int NodeValue(CString& value, int get, int, const STNODETEXTOPTS*);
@@ -214,7 +216,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   // ---- Finding.
 
-  /// The first direct child of that tag; `out` becomes invalid where there is none. The int has no effect.
+  /// The first direct child of that tag; `out` becomes invalid where there is none, and is left alone
+  /// for a null tag. The int has no effect.
   int FindChild(const char* tag, RYXmlWrapperBase& out, int) const;
   /// The first node below with that attribute text, in pre-order: `y` 0 among the direct children, else among
   /// all descendants; `x` nonzero ignores case. `out` is set only on success.
@@ -238,18 +241,20 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   /// `child` is a direct child of this node. The status, which may be null, becomes 0, or -1 on a failure.
   int RemoveChild(RYXmlWrapperBase& child, int* status);
+  /// Removes the node with all below it; of a root, the whole tree.
   virtual int RemoveNode() {
     if (IsNodeValid() == 0) return 0;
     tree_->Remove(node_);
     return 1;
   }
   int RemoveAllChildren();
-  /// Keeps the first `n` children.
+  /// Keeps the first `n` children, all of them if there are no more. A negative `n` is refused.
   int SetSizeTrimFromEnd(int n);
 
   // ---- Whole nodes.
 
-  /// A fresh tree, the handle on its root: tag "Root", or the tag given. The int has no effect.
+  /// A fresh tree, the handle on its root: the tag given, "Root" for a null one. A tag that is not a valid name,
+  /// the empty one too, is refused and the handle stays where it was. The int has no effect.
   int CreateNew(int, const char* tag);
   /// A deep detached copy. The int has no effect.
   virtual int Clone(RYXmlWrapperBase& out, int) const;
@@ -267,7 +272,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int ResetNode(int);
   /// One element without declaration or indentation, self-closed if the node has neither text nor children.
   virtual int GetXmlText(CString* text) const;
-  /// Parses exactly one element and puts it in this node's place, under the same handle.
+  /// Parses exactly one element and puts it in this node's place, under the same handle; handles below it die.
+  /// What may come before and after the root of a file may do so here too, and is passed over.
   [[nodiscard]] virtual int SetXmlText(const char* text);
 
   // ---- Files.
