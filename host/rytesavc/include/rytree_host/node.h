@@ -253,8 +253,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   // ---- Whole nodes.
 
-  /// A fresh tree, the handle on its root: the tag given, "Root" for a null one. A tag that is not a valid name,
-  /// the empty one too, is refused and the handle stays where it was. The int has no effect.
+  /// A fresh tree, the handle on its root: the tag given, "Root" for a null one. A tag that is not a valid
+  /// name, the empty one too, is refused, and the handle stays where it was. The int has no effect.
   int CreateNew(int, const char* tag);
   /// A deep detached copy. The int has no effect.
   virtual int Clone(RYXmlWrapperBase& out, int) const;
