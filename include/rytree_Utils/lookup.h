@@ -33,8 +33,8 @@ RYTREE_API int rytree_get_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out, in
 /// Order: `node`, `out`. rytree_get_node from number 0 and level 0, its filters packed into `flags` (above).
 /// To number the direct children alone, give kNodeLimitLevel with level 0: without that bit every level
 /// counts, whatever the level bits say, and number 1 may be a grandchild. 0 if `out` is null, else 1 whether
-/// or not a node was found: hand in a fresh handle and test it, since a search without success leaves `out`
-/// as it was.
+/// or not a node was found, and for a null `node` too: hand in a fresh handle and test it, since a search
+/// without success leaves `out` as it was.
 RYTREE_API int rytree_get_node_ex(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int index, DWORD flags,
                                   const char* attribute);
 
@@ -99,7 +99,8 @@ RYTREE_API int rytree_find_node(RYXmlWrapperBase* parent, RYXmlWrapperBase* foun
 /// leaves its step out, and the first step that is left searches at any depth. All are compared as the int
 /// value of `attribute`, the two ancestors with their repeat numbers as in rytree_find_node. 0: found. -1: a
 /// null pointer. -2: `id` is 0, or there is a grandparent without a parent. Otherwise the ID that was not
-/// found, with `found` on the last ancestor that was, or untouched if there was none.
+/// found, with `found` on the last ancestor that was, or untouched if there was none; an ID of -1 or -2 that
+/// was not found looks like those codes.
 RYTREE_API int rytree_find_node_ex(RYXmlWrapperBase* parent, RYXmlWrapperBase* found, const char* attribute,
                                    int id, int parentId, int parentRepeatId, int grandparentId,
                                    int grandparentRepeatId);
