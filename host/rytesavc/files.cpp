@@ -88,6 +88,8 @@ bool InputFile::Read(char* to, std::size_t room, std::size_t& length) {
   return true;
 }
 
+bool InputFile::Rewind() { return lseek(descriptor_, 0, SEEK_SET) == 0 || Fail(errno); }
+
 OutputFile::~OutputFile() {
   if (!beside_.empty()) unlink(beside_.c_str());
   if (descriptor_ >= 0) close(descriptor_);

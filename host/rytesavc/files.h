@@ -6,21 +6,22 @@
 #include <string>
 #include <string_view>
 
+#include "xml_input.h"
+
 namespace rytesavc {
 
 // A regular file open for reading. Anything else (a directory, a pipe, a device) is refused without waiting.
-class InputFile {
+class InputFile : public XmlInput {
  public:
   explicit InputFile(const char* path) : path_(path) {}
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
-  ~InputFile();
+  ~InputFile() override;
 
   bool Open();
-  // Fills the buffer as far as the file goes. False on a failure.
-  bool Read(char* to, std::size_t room, std::size_t& length);
+  bool Read(char* to, std::size_t room, std::size_t& length) override;
   // As it was when the file was opened.
-  std::size_t size() const { return size_; }
+  std::size_t size() const override { return size_; }
+  // Goes back to the start.
+  bool Rewind();
 
  private:
   bool Fail(int error) const;

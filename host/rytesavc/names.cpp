@@ -1,6 +1,8 @@
 // The names that a tree holds, and which texts can be names.
 #include <expat.h>
 
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <new>
 #include <string>
@@ -12,14 +14,15 @@ namespace rytesavc {
 
 namespace {
 
-constexpr std::uint32_t Hash(std::string_view text) {
-  std::uint32_t hash = 2166136261U;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  return hash ^ hash >> 15;
-}
-
-bool IsNameStart(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == ':'; }
-bool IsNameChar(char c) { return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.'; }
+// 2 for the ASCII characters that start names, 1 for those that only go on in them.
+constexpr auto kNameCharacters = [] {
+  std::array<unsigned char, 256> kinds{};
+  for (unsigned char c = '0'; c <= '9'; ++c) kinds[c] = 1;
+  for (unsigned char c = 'A'; c <= 'Z'; ++c) kinds[c] = kinds[c + ('a' - 'A')] = 2;
+  kinds['-'] = kinds['.'] = 1;
+  kinds['_'] = kinds[':'] = 2;
+  return kinds;
+}();
 
 // Whether the XML parser accepts the name. Asked only for names beyond ASCII, once for each name of a tree.
 bool ParsesAsName(std::string_view name) {
@@ -41,51 +44,51 @@ bool ParsesAsName(std::string_view name) {
          seen.same;
 }
 
+}  // namespace
+
 bool IsName(std::string_view name) {
   constexpr std::size_t kLongest = std::size_t{1} << 24;
   if (name.empty() || name.size() > kLongest || name == kNodeId || name == kNodeEscape) return false;
-  bool ascii = IsNameStart(name[0]);
-  for (const char c : name) {
-    if (static_cast<signed char>(c) < 0) return ParsesAsName(name);
-    ascii = ascii && IsNameChar(c);
-  }
-  return ascii;
+  const auto kind = [](char c) { return kNameCharacters[static_cast<unsigned char>(c)]; };
+  if (std::all_of(name.begin(), name.end(), [kind](char c) { return kind(c) != 0; })) return kind(name[0]) == 2;
+  return std::any_of(name.begin(), name.end(), [](char c) { return static_cast<signed char>(c) < 0; }) &&
+         ParsesAsName(name);
 }
 
-}  // namespace
-
-const Name* Tree::FindName(std::string_view name) const {
-  const std::uint32_t hash = Hash(name);
-  const std::uint32_t mask = name_slots_ - 1;
-  for (std::uint32_t slot = hash & mask;; slot = (slot + 1) & mask) {
-    const Name* const at = names_[slot];
-    if (at == nullptr || (at->hash == hash && at->view() == name)) return at;
+std::uint32_t Tree::HashLong(std::string_view name) {
+  TextWords all;
+  while (name.size() > sizeof(Word)) {
+    all.low = LoadWord(name.data());
+    all.high = Hash(all);
+    name.remove_prefix(sizeof(Word));
   }
+  all.low = TextWords::Of(name).low;
+  return Hash(all);
 }
 
-const Name* Tree::Intern(std::string_view name) {
-  if (const Name* const found = FindName(name)) return found;
-  return IsName(name) ? AddName(name, Hash(name)) : nullptr;
+const Name* Tree::InternNew(std::string_view name, std::uint32_t hash) {
+  const Name* const found = FindName(name, TextWords::Of(name), hash);
+  return found == nullptr && IsName(name) ? AddName(name, hash) : found;
 }
 
 // Most nodes of a branch that is copied share a few names: each is looked up once in a copy.
 const Name* Tree::Intern(const Name* name, const Tree& of_tree) {
   if (&of_tree == this) return name;
-  if (name->copied_in != of_tree.copies_) {
-    const Name* const found = FindName(name->view());
+  if (name->mark != of_tree.marks_) {
+    const Name* const found = FindName(name->view(), name->words(), name->hash);
     name->copied_as = found != nullptr ? found : AddName(name->view(), name->hash);
-    name->copied_in = of_tree.copies_;
+    name->mark = of_tree.marks_;
   }
   return name->copied_as;
 }
 
 const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
   if (2 * (name_count_ + 1) > name_slots_) GrowNames();
-  void* const block = memory_.Allocate(sizeof(Name) + name.size() + 1);
+  const std::size_t room = std::max(name.size() + 1, TextWords::kBytes);
+  void* const block = memory_.Allocate(sizeof(Name) + room);
   Name* const added = new (block) Name{static_cast<std::uint32_t>(name.size()), hash, 0, nullptr};
   char* const text = static_cast<char*>(block) + sizeof(Name);
-  std::memcpy(text, name.data(), name.size());
-  text[name.size()] = '\0';
+  std::fill(std::copy(name.begin(), name.end(), text), text + room, '\0');
   std::uint32_t slot = hash & (name_slots_ - 1);
   while (names_[slot] != nullptr) slot = (slot + 1) & (name_slots_ - 1);
   names_[slot] = added;
@@ -94,7 +97,8 @@ const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
 }
 
 void Tree::GrowNames() {
-  const std::uint32_t slots = 2 * name_slots_;
+  constexpr std::uint32_t kMany = 4096;
+  const std::uint32_t slots = (name_slots_ < kMany ? 4 : 2) * name_slots_;
   auto names = std::make_unique<const Name*[]>(slots);
   for (std::uint32_t i = 0; i < name_slots_; ++i) {
     if (names_[i] == nullptr) continue;

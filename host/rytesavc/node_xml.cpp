@@ -104,9 +104,8 @@ int RYXmlWrapperBase::load(const char* path, int) {
     rytesavc::InputFile file(path);
     if (!file.Open()) return false;
     const auto release = [](Tree* tree) { tree->Release(); };
-    const std::unique_ptr<Tree, decltype(release)> tree(Tree::Create());
-    tree->root = rytesavc::ReadXml(file, *tree, 1, CodePage::Default());
-    return tree->root != nullptr && NodeAccess::Put(*this, tree.get(), tree->root) != 0;
+    const std::unique_ptr<Tree, decltype(release)> tree(rytesavc::ReadXml(file, CodePage::Default()));
+    return tree != nullptr && NodeAccess::Put(*this, tree.get(), tree->root) != 0;
   });
 }
 

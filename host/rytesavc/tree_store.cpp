@@ -1,6 +1,7 @@
 #include "rytree_host/detail/tree_store.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <new>
 #include <vector>
@@ -9,22 +10,6 @@ namespace rytesavc {
 
 namespace {
 
-// Whether a text is the shortest form of an int, so that the int alone gives the text back.
-bool IsPlainInt(std::string_view text, int& number) {
-  const bool negative = !text.empty() && text[0] == '-';
-  const std::string_view digits = text.substr(negative ? 1 : 0);
-  if (digits.empty() || digits.size() > 10) return false;
-  if (digits[0] == '0' && (digits.size() > 1 || negative)) return false;
-  std::int64_t value = 0;
-  for (const char digit : digits) {
-    if (digit < '0' || digit > '9') return false;
-    value = value * 10 + (digit - '0');
-  }
-  if (negative) value = -value;
-  if (value < INT32_MIN || value > INT32_MAX) return false;
-  number = static_cast<int>(value);
-  return true;
-}
 
 }  // namespace
 
@@ -51,13 +36,7 @@ std::size_t Tree::expected_bytes() const {
   return std::min(memory_.bytes(), node_count_ * kLargeNode);
 }
 
-// Takes what removed nodes hold before new memory.
-inline void* Tree::Allocate(std::size_t bytes) {
-  if (removed_nodes_ != nullptr && !memory_.Holds(bytes)) Reclaim();
-  return memory_.Allocate(bytes);
-}
-
-[[gnu::noinline]] void Tree::Reclaim() {
+void Tree::Reclaim() {
   while (Node* const node = removed_nodes_) {
     FreeContent(node);
     removed_nodes_ = node->next;
@@ -68,36 +47,12 @@ inline void* Tree::Allocate(std::size_t bytes) {
 
 // ---- Nodes.
 
-Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
+Node* Tree::ReusedNode() {
   Node*& free = free_nodes_ != nullptr ? free_nodes_ : removed_nodes_;
-  Node* node = free;
-  std::uint32_t generation = 1;
-  if (node != nullptr) {
-    free = node->next;
-    generation = node->generation;
-    FreeContent(node);
-  } else {
-    node = static_cast<Node*>(memory_.NewSlot(sizeof(Node)));
-  }
-  *node = Node();
-  node->generation = generation;
-  node->tag = tag;
-  node->id = id;
-  node->depth = depth;
-  ++node_count_;
+  Node* const node = free;
+  free = node->next;
+  FreeContent(node);
   return node;
-}
-
-void Tree::Append(Node* parent, Node* child) {
-  child->parent = parent;
-  if (Node* const first = parent->first) {
-    child->back = first->back;
-    first->back->next = child;
-    first->back = child;
-  } else {
-    parent->first = child->back = child;
-  }
-  ++parent->child_count;
 }
 
 void Tree::InsertBefore(Node* next, Node* child) {
@@ -236,7 +191,7 @@ Node* Tree::CopyNode(const Node* source, const Tree& source_tree, std::uint32_t 
 }
 
 Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t depth) {
-  ++source_tree.copies_;
+  source_tree.NewMark();
   Node* const copy = CopyNode(source, source_tree, depth);
   const Node* from = source;
   Node* to = copy;
@@ -260,7 +215,7 @@ Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t dept
 
 bool Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_tree) {
   if (target == source) return true;
-  ++source_tree.copies_;
+  source_tree.NewMark();
   for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
     const Attribute& from = source->attributes[i];
     Value& to = AddAttribute(target, Intern(from.name, source_tree));
@@ -295,37 +250,39 @@ Node* Tree::Child(const Node* parent, std::uint32_t index) const {
 
 // ---- Values.
 
+bool IsLongPlainInt(std::size_t length, const TextWords& words, int& number) {
+  char text[TextWords::kBytes];
+  StoreWord(words.low, text);
+  StoreWord(words.high, text + sizeof(Word));
+  if (text[text[0] == '-' ? 1 : 0] == '0') return false;
+  const auto [end, error] = std::from_chars(text, text + length, number);
+  return error == std::errc() && end == text + length;
+}
+
 void Tree::FreeText(Value& value) {
-  memory_.Deallocate(value.body_.heap.chars, value.length());
-  value.meta_ = 0;
+  memory_.Deallocate(value.long_chars(), value.length());
+  value = Value();
+}
+
+inline bool Tree::PutLong(Value& value, std::string_view text) {
+  const auto length = static_cast<std::uint32_t>(text.size());
+  char* const chars = static_cast<char*>(Allocate(length));
+  std::memcpy(chars, text.data(), length);
+  if (value.kind() == Value::kLong) FreeText(value);  // after the copy: the text may be in that block
+  value = Value(length, chars);
+  return true;
 }
 
 bool Tree::SetText(Value& value, std::string_view text) {
   if (text.size() > Value::kMaxLength) return false;
-  int number = 0;
-  if (IsPlainInt(text, number)) {
-    SetInt(value, number);
-    return true;
-  }
-  const auto length = static_cast<std::uint32_t>(text.size());
-  if (length <= Value::kInPlace) {
-    // The text may be in the value's own block.
-    char copy[Value::kInPlace] = {};
-    if (length != 0) std::memcpy(copy, text.data(), length);
+  if (text.size() <= Value::kInPlace) {
+    const TextWords words = TextWords::Of(text);  // the text may be in the value's own block
     if (value.kind() == Value::kLong) FreeText(value);
-    value.meta_ = length << 2 | Value::kShort;
-    std::memcpy(value.body_.in_place, copy, sizeof copy);
+    value = Value(text.size(), words);
     return true;
   }
-  if (value.kind() == Value::kLong && value.length() == length) {
-    std::memmove(value.body_.heap.chars, text.data(), length);
-    return true;
-  }
-  char* const chars = static_cast<char*>(Allocate(length));
-  std::memcpy(chars, text.data(), length);
-  if (value.kind() == Value::kLong) FreeText(value);
-  value.meta_ = length << 2 | Value::kLong;
-  value.body_.heap.chars = chars;
+  if (value.kind() != Value::kLong || value.length() != text.size()) return PutLong(value, text);
+  std::memmove(value.long_chars(), text.data(), text.size());
   return true;
 }
 
@@ -336,8 +293,7 @@ inline void Tree::CopyValue(Value& target, const Value& source) {
   }
   char* const chars = static_cast<char*>(Allocate(source.length()));
   std::memcpy(chars, source.chars(), source.length());
-  target.meta_ = source.meta_;
-  target.body_.heap.chars = chars;
+  target = Value(source.length(), chars);
 }
 
 // ---- Attributes.
@@ -379,9 +335,7 @@ Value& Tree::AppendAttribute(Node* node, const Name* name) {
 }
 
 void Tree::AppendInt(Node* node, const Name* name, int number) {
-  Value& value = NewAttribute(node, name).value;
-  value.meta_ = Value::kInt;
-  value.body_.number = number;
+  NewAttribute(node, name).value = Value(number);
 }
 
 bool Tree::RemoveAttribute(Node* node, const Name* name) {

@@ -14,9 +14,11 @@
 
 namespace rytesavc {
 
-// Both make the nodes in `tree`, the top at that depth and hanging nowhere, its strings in `page`. On a
-// failure, which they note, the result is null and no node is left.
+// Both give null on a failure, which they note. The strings are in `page`.
+//
+// Makes the nodes in `tree`, the top at that depth and hanging nowhere. On a failure no node is left.
 Node* ReadXml(std::string_view utf8, Tree& tree, std::uint32_t depth, const CodePage* page);
-Node* ReadXml(InputFile& file, Tree& tree, std::uint32_t depth, const CodePage* page);
+// A tree with a root, which is the caller's to release.
+Tree* ReadXml(InputFile& file, const CodePage* page);
 
 }  // namespace rytesavc

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "rytree_host/utf8.h"
+#include "xml_characters.h"
 
 namespace rytesavc {
 
@@ -47,14 +48,6 @@ constexpr std::string_view Reference(char c) {
     default:
       return "&#13;";
   }
-}
-
-// The length of the first character; 0 for bytes that are not one, and for the two that XML leaves out.
-std::size_t CharacterLength(std::string_view text) {
-  const char* end = text.data();
-  const char32_t code = utf8::next(end, text.size());
-  const bool in_xml = code < utf8::kStray && code != 0xFFFE && code != 0xFFFF;
-  return in_xml ? static_cast<std::size_t>(end - text.data()) : 0;
 }
 
 char* Hexadecimal(char c, char* to) {
@@ -98,8 +91,6 @@ inline char* Copy(std::string_view text, char* to) {
   for (std::size_t i = 0; i < length; ++i) to[i] = from[i];
   return to + length;
 }
-
-constexpr std::uint64_t EachByte(unsigned char byte) { return ~std::uint64_t{0} / 255 * byte; }
 
 // Whether a byte of the word may have to be written as something else: a control character, one of "&<>\ or a byte
 // beyond ASCII. Each term of `marks` has the high bit of such a byte.

@@ -17,8 +17,6 @@
 
 namespace rytesavc {
 
-inline bool IsXmlBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-
 // A growing block of bytes. The place where the next one goes is kept by whoever writes, not here.
 class Output {
  public:

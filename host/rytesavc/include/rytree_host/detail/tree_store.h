@@ -9,6 +9,8 @@
 #include <string_view>
 
 #include "rytree_host/detail/child_places.h"
+#include "rytree_host/detail/plain_int.h"
+#include "rytree_host/detail/text_words.h"
 #include "rytree_host/detail/tree_memory.h"
 #include "rytree_host/export.h"
 
@@ -24,11 +26,20 @@ inline constexpr char kNodeEscape[] = "_NodeEscape";
 struct Name {
   std::uint32_t length;
   std::uint32_t hash;
-  mutable std::uint64_t copied_in = 0;      // the number of the copy in which the name was last looked up
-  mutable const Name* copied_as = nullptr;  // and the name found there
+  mutable std::uint64_t mark = 0;           // of the copy or the start tag in which the name was last met
+  mutable const Name* copied_as = nullptr;  // the name in the copy
   const char* text() const { return reinterpret_cast<const char*>(this + 1); }
   std::string_view view() const { return {text(), length}; }
+  // What follows a short text is zeros.
+  TextWords words() const { return {LoadWord(text()), LoadWord(text() + sizeof(Word))}; }
+  bool Is(std::string_view name, const TextWords& its_words) const {
+    return words() == its_words && length == name.size() &&
+           (length <= TextWords::kBytes || std::memcmp(text(), name.data(), length) == 0);
+  }
 };
+
+// Whether a tree can hold it: an XML name that is not reserved.
+bool IsName(std::string_view name);
 
 // A text, or an int that is written out only when somebody asks for its text. Short texts are stored in the
 // value itself.
@@ -38,23 +49,40 @@ class Value {
   static constexpr std::uint32_t kInPlace = 12;
   static constexpr std::size_t kMaxLength = (std::size_t{1} << 30) - 1;
 
-  Kind kind() const { return static_cast<Kind>(meta_ & 3u); }
-  bool empty() const { return meta_ == kShort; }
-  std::uint32_t length() const { return meta_ >> 2; }  // of a text, not of an int
-  int number() const { return body_.number; }
-  const char* chars() const { return kind() == kLong ? body_.heap.chars : body_.in_place; }
+  Value() = default;
+  explicit Value(int number) : Value(kInt, static_cast<std::uint32_t>(number), 0) {}
+  // A text of up to kInPlace bytes.
+  [[gnu::always_inline]] Value(std::size_t length, const TextWords& words) {
+    int number = 0;
+    const bool is_int = IsPlainInt(length, words, number);
+    first_ = LittleEndian(is_int ? kInt | Word{static_cast<std::uint32_t>(number)} << 32
+                                 : length << 2 | kShort | words.low << 32);
+    second_ = is_int ? 0 : LittleEndian(words.low >> 32 | words.high << 32);
+  }
+  // One that stands elsewhere.
+  Value(std::uint32_t length, char* chars) : Value(Word{length} << 2 | kLong, 0, 0) {
+    std::memcpy(&second_, &chars, sizeof chars);
+  }
+
+  Kind kind() const { return static_cast<Kind>(LittleEndian(first_) & 3U); }
+  bool empty() const { return (first_ & LittleEndian(0xFFFFFFFF)) == 0; }
+  std::uint32_t length() const { return static_cast<std::uint32_t>(LittleEndian(first_)) >> 2; }  // of a text, not of an int
+  int number() const { return static_cast<int>(LittleEndian(first_) >> 32); }
+  const char* chars() const {
+    return kind() == kLong ? long_chars() : reinterpret_cast<const char*>(this) + sizeof(std::uint32_t);
+  }
+  char* long_chars() const {
+    char* chars;
+    std::memcpy(&chars, &second_, sizeof chars);
+    return chars;
+  }
 
  private:
-  friend class Tree;
-  std::uint32_t meta_ = 0;
-  union Body {
-    char in_place[kInPlace];
-    int number;
-    struct {
-      std::uint32_t unused;  // puts the pointer on an eight-byte boundary
-      char* chars;
-    } __attribute__((packed)) heap;
-  } body_{};
+  Value(Word head, Word low, Word high)
+      : first_(LittleEndian(head | low << 32)), second_(LittleEndian(low >> 32 | high << 32)) {}
+
+  Word first_ = 0;   // the kind and the length, then a short text or an int
+  Word second_ = 0;  // the rest of a short text, or the address of a long one
 };
 
 struct Attribute {
@@ -126,9 +154,36 @@ class RYTREE_API Tree {
 
   // Names. A look-up gives null for a name that the tree does not hold, interning gives null for what is not
   // an XML name.
-  const Name* FindName(std::string_view name) const;
-  const Name* Intern(std::string_view name);
+  const Name* FindName(std::string_view name) const {
+    const TextWords words = TextWords::Of(name);
+    return FindName(name, words, Hash(name, words));
+  }
+  const Name* Intern(std::string_view name) {
+    const TextWords words = TextWords::Of(name);
+    const std::uint32_t hash = Hash(name, words);
+    const Name* const found = FindName(name, words, hash);
+    return found != nullptr ? found : InternNew(name, hash);
+  }
   const Name* Intern(const Name* name, const Tree& of_tree);
+  // The steps of the two, for those who have the hash at hand. InternNew is for a name that FindName has not found.
+  static std::uint32_t Hash(std::string_view name, const TextWords& words) {
+    return name.size() <= TextWords::kBytes ? Hash(words) : HashLong(name);
+  }
+  static std::uint32_t Hash(const TextWords& words) {
+    Word mixed = words.low ^ std::rotl(words.high * 0x9E3779B97F4A7C15, 32);
+    mixed ^= mixed >> 32;
+    return static_cast<std::uint32_t>(mixed * 0xD6E8FEB86659FD93 >> 32);
+  }
+  const Name* FindName(std::string_view name, const TextWords& words, std::uint32_t hash) const {
+    const std::uint32_t mask = name_slots_ - 1;
+    for (std::uint32_t slot = hash & mask;; slot = (slot + 1) & mask) {
+      const Name* const at = names_[slot];
+      if (at == nullptr || at->Is(name, words)) return at;
+    }
+  }
+  const Name* InternNew(std::string_view name, std::uint32_t hash);
+  // A mark that no name of the tree has yet.
+  std::uint64_t NewMark() const { return ++marks_; }
   std::uint32_t name_count() const { return name_count_; }
   std::size_t node_count() const { return node_count_; }
   // About how much memory a copy of the tree takes.
@@ -154,14 +209,15 @@ class RYTREE_API Tree {
   bool SetText(Value& value, std::string_view text);
   void SetInt(Value& value, int number) {
     if (value.kind() == Value::kLong) FreeText(value);
-    value.meta_ = Value::kInt;
-    value.body_.number = number;
+    value = Value(number);
   }
   Value& AddAttribute(Node* node, const Name* name);
   // The same for a name that the node does not have.
   Value& AppendAttribute(Node* node, const Name* name);
   void AppendInt(Node* node, const Name* name, int number);
   void ReserveAttributes(Node* node, std::uint32_t capacity);
+  // Makes room for that many attributes, which the caller must fill in, in a node that has none.
+  Attribute* NewAttributes(Node* node, std::uint32_t count);
   bool RemoveAttribute(Node* node, const Name* name);
 
   Node* root = nullptr;
@@ -174,14 +230,17 @@ class RYTREE_API Tree {
   static void Destroy(Tree* tree);
   void* Allocate(std::size_t bytes);
   void Reclaim();
+  Node* ReusedNode();
   void Unlink(Node* node);
   Attribute& NewAttribute(Node* node, const Name* name);
   void GrowAttributes(Node* node, std::uint32_t capacity);
   Node* CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth);
   void FreeText(Value& value);
+  bool PutLong(Value& value, std::string_view text);
   void FreeNode(Node* node);
   void FreeContent(Node* node);
   void CopyValue(Value& target, const Value& source);
+  static std::uint32_t HashLong(std::string_view name);
   const Name* AddName(std::string_view name, std::uint32_t hash);
   void GrowNames();
 
@@ -190,7 +249,7 @@ class RYTREE_API Tree {
   Node* free_nodes_ = nullptr;
   Node* removed_nodes_ = nullptr;  // free too, but with their attributes and text
   std::size_t node_count_ = 0;     // in the tree now
-  mutable std::uint64_t copies_ = 0;
+  mutable std::uint64_t marks_ = 0;
   mutable ChildPlaces places_;
   std::uint32_t name_count_ = 0;
   std::uint32_t name_slots_ = kFirstNames;
@@ -198,5 +257,42 @@ class RYTREE_API Tree {
   const Name* first_names_[kFirstNames] = {};
   std::unique_ptr<const Name*[]> more_names_;
 };
+
+// What removed nodes hold is used before new memory is.
+inline void* Tree::Allocate(std::size_t bytes) {
+  if (removed_nodes_ != nullptr && !memory_.Holds(bytes)) Reclaim();
+  return memory_.Allocate(bytes);
+}
+
+inline Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
+  Node* node = nullptr;
+  std::uint32_t generation = 1;
+  if (free_nodes_ == nullptr && removed_nodes_ == nullptr) {
+    node = static_cast<Node*>(memory_.NewSlot(sizeof(Node)));
+  } else {
+    node = ReusedNode();
+    generation = node->generation;
+  }
+  ++node_count_;
+  return new (node) Node{generation, 0, tag, nullptr, nullptr, nullptr, nullptr, 0, 0, {}, nullptr, id, depth};
+}
+
+inline void Tree::Append(Node* parent, Node* child) {
+  child->parent = parent;
+  if (Node* const first = parent->first) {
+    child->back = first->back;
+    first->back->next = child;
+    first->back = child;
+  } else {
+    parent->first = child->back = child;
+  }
+  ++parent->child_count;
+}
+
+inline Attribute* Tree::NewAttributes(Node* node, std::uint32_t count) {
+  node->attributes = static_cast<Attribute*>(Allocate(count * sizeof(Attribute)));
+  node->attribute_count = node->attribute_capacity = count;
+  return node->attributes;
+}
 
 }  // namespace rytesavc

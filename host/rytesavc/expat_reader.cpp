@@ -1,0 +1,186 @@
+#include "expat_reader.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <string_view>
+
+#include "charset.h"
+#include "failure.h"
+
+namespace rytesavc {
+
+namespace {
+
+// A piece fits in the processor's cache. A token that is longer is looked at anew with each piece: there the
+// pieces grow, so that the work stays linear. Expat's buffer ends at 1 GiB.
+constexpr std::size_t kFirstPiece = std::size_t{1} << 18;
+constexpr std::size_t kLastPiece = std::size_t{1} << 28;
+
+// How much a text may hold: entities and default attributes can make much of little. Text without them never
+// comes near.
+constexpr unsigned long long kFreeContent = 16ULL << 20;
+constexpr unsigned long long kContentPerByte = 8;
+constexpr std::size_t kCostOfMarkup = 16;  // of an element or an attribute, beside its text
+
+// Expat goes down the stack for each entity that another one names.
+constexpr int kMostNestedEntities = 100;
+
+class Reader {
+ public:
+  Reader(XmlBuilder& builder, const char* encoding);
+
+  bool Read(XmlInput& input);
+
+ private:
+  template <class Work>
+  static void Guard(void* reader, const Work& work);
+  static int OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding);
+
+  void Start(const char* tag, const char** attributes);
+  void Text(std::string_view text);
+  void Count(std::size_t bytes);
+  void Check(bool built) {
+    if (!built) Stop(builder_.problem());
+  }
+  void Stop(const char* problem);
+  TextPosition Place() const;
+  bool Accepted(XML_Status status);
+
+  XmlBuilder& builder_;
+  std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser_;
+  unsigned long long fed_ = 0;
+  unsigned long long content_ = 0;
+  int nested_entities_ = 0;
+  const char* problem_ = nullptr;  // why the text is refused
+  TextPosition place_;             // and where
+};
+
+Reader::Reader(XmlBuilder& builder, const char* encoding)
+    : builder_(builder), parser_(XML_ParserCreate(encoding), XML_ParserFree) {
+  if (parser_ == nullptr) throw std::bad_alloc();
+  auto* const parser = parser_.get();
+  XML_SetUserData(parser, this);
+  XML_SetElementHandler(
+      parser,
+      [](void* self, const XML_Char* tag, const XML_Char** attributes) {
+        Guard(self, [&](Reader& reader) { reader.Start(tag, attributes); });
+      },
+      [](void* self, const XML_Char*) {
+        Guard(self, [](Reader& reader) { reader.Check(reader.builder_.End()); });
+      });
+  XML_SetCharacterDataHandler(parser, [](void* self, const XML_Char* text, int length) {
+    Guard(self, [&](Reader& reader) { reader.Text({text, static_cast<std::size_t>(length)}); });
+  });
+  XML_SetEntityDeclHandler(parser, [](void* self, const XML_Char*, int, const XML_Char* value, int length,
+                                      const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
+    auto& reader = *static_cast<Reader*>(self);
+    if (value == nullptr || std::find(value, value + length, '&') == value + length) return;
+    if (++reader.nested_entities_ > kMostNestedEntities) reader.Stop("too many entities that name entities");
+  });
+  XML_SetExternalEntityRefHandler(parser, [](XML_Parser, const XML_Char*, const XML_Char*, const XML_Char*,
+                                             const XML_Char*) { return static_cast<int>(XML_STATUS_ERROR); });
+  XML_SetSkippedEntityHandler(
+      parser, [](void* self, const XML_Char*, int) { static_cast<Reader*>(self)->Stop("undefined entity"); });
+  XML_SetUnknownEncodingHandler(parser, OnUnknownEncoding, nullptr);
+}
+
+// Expat is C: nothing may be thrown through it. Some handlers still run after the reader has given up.
+template <class Work>
+void Reader::Guard(void* self, const Work& work) {
+  auto& reader = *static_cast<Reader*>(self);
+  if (reader.problem_ != nullptr) return;
+  try {
+    work(reader);
+  } catch (const std::bad_alloc&) {
+    reader.Stop("out of memory");
+  }
+}
+
+TextPosition Reader::Place() const {
+  auto* const parser = parser_.get();
+  return {static_cast<int>(XML_GetCurrentLineNumber(parser)),
+          static_cast<int>(XML_GetCurrentColumnNumber(parser)) + 1,
+          std::max<long long>(XML_GetCurrentByteIndex(parser), 0)};
+}
+
+// The first problem counts.
+void Reader::Stop(const char* problem) {
+  if (problem_ != nullptr) return;
+  problem_ = problem;
+  place_ = Place();
+  XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+void Reader::Count(std::size_t bytes) {
+  content_ += bytes;
+  if (content_ > kFreeContent + kContentPerByte * fed_) Stop("the entities expand to too much");
+}
+
+int Reader::OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
+  const std::string_view all(name);
+  const auto is = [all](std::string_view start) {
+    return all.size() > start.size() && std::equal(start.begin(), start.end(), all.begin(),
+                                                   [](char a, char b) { return a == (b | 0x20); });
+  };
+  if (!is("windows-125") && !is("cp125") && !is("iso-8859-")) return XML_STATUS_ERROR;
+  encoding->data = nullptr;
+  encoding->convert = nullptr;
+  encoding->release = nullptr;
+  return SingleByteCodes(name, encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
+}
+
+void Reader::Start(const char* tag, const char** attributes) {
+  std::size_t bytes = kCostOfMarkup;
+  builder_.Begin();
+  for (const char** at = attributes; *at != nullptr; at += 2) {
+    const std::string_view value(at[1]);
+    Check(builder_.Attribute(builder_.AttributeName(NameText(at[0])), value));
+    bytes += kCostOfMarkup + value.size();
+  }
+  Check(builder_.Start(builder_.tree().Intern(tag)));
+  Count(bytes);
+}
+
+void Reader::Text(std::string_view text) {
+  Count(text.size());
+  builder_.Text(text);
+}
+
+// Notes why a piece of text was refused.
+bool Reader::Accepted(XML_Status status) {
+  // Expat does not say that it was stopped at the very end.
+  if (status == XML_STATUS_OK && problem_ == nullptr) return true;
+  if (problem_ == nullptr) {
+    problem_ = XML_ErrorString(XML_GetErrorCode(parser_.get()));
+    place_ = Place();
+  }
+  NoteFailure(problem_ != nullptr ? problem_ : "unknown error", place_);
+  return false;
+}
+
+bool Reader::Read(XmlInput& input) {
+  auto* const parser = parser_.get();
+  std::size_t room = std::min(input.size() + 1, kFirstPiece);
+  for (std::size_t length = 1; length != 0;) {
+    void* const buffer = XML_GetBuffer(parser, static_cast<int>(room));
+    if (buffer == nullptr) throw std::bad_alloc();
+    if (!input.Read(static_cast<char*>(buffer), room, length)) return false;
+    fed_ += length;
+    if (!Accepted(XML_ParseBuffer(parser, static_cast<int>(length), length == 0))) return false;
+    if (fed_ < input.size()) builder_.tree().ExpectWhole(fed_, input.size());
+    const auto done = static_cast<unsigned long long>(XML_GetCurrentByteIndex(parser));
+    if (fed_ - done >= room) room = std::min(2 * room, kLastPiece);
+  }
+  return true;
+}
+
+}  // namespace
+
+bool ReadWithExpat(XmlInput& input, XmlBuilder& builder, const char* encoding) {
+  return Reader(builder, encoding).Read(input);
+}
+
+}  // namespace rytesavc

@@ -1,0 +1,13 @@
+// The reader that has the say on all XML text: every encoding, DOCTYPE and entity, and why and where a text is refused.
+#pragma once
+
+#include "rytree_host/export.h"
+#include "xml_builder.h"
+#include "xml_input.h"
+
+namespace rytesavc {
+
+// False on a failure, which is noted. `encoding`: null if the text itself says it.
+RYTREE_API bool ReadWithExpat(XmlInput& input, XmlBuilder& builder, const char* encoding);
+
+}  // namespace rytesavc

@@ -1,0 +1,91 @@
+// Looking through UTF-8 text for the bytes at which a reader must stop, eight at a time.
+//
+// The text ends with a NUL, which no XML text holds, and kPadding bytes behind that NUL can be read too: no loop here
+// asks how much is left.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+#include "rytree_host/detail/text_words.h"
+#include "xml_characters.h"
+
+namespace rytesavc {
+
+inline constexpr std::size_t kPadding = 2 * TextWords::kBytes;
+
+// The first of the 16 bytes that is one of the stops, below `kLeast` or beyond ASCII; 16 for none.
+#if defined(__SSE2__)
+template <char kLeast, char... kStops>
+inline std::size_t FirstStop(const char* at) {
+  const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+  // As signed numbers, bytes beyond ASCII are below all others.
+  const __m128i stops =
+      _mm_cmplt_epi8(bytes, _mm_set1_epi8(kLeast)) | (_mm_cmpeq_epi8(bytes, _mm_set1_epi8(kStops)) | ...);
+  return static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(stops)) | 0x10000U));
+}
+#else
+// A mark is the high bit of a byte that was looked for. The lowest mark of a word is always right, one above it may be
+// wrong: what is subtracted from a byte that is too small for it is borrowed from the next.
+template <char kLeast, char... kStops>
+constexpr Word MarkStops(Word word) {
+  return (word | (word - EachByte(kLeast)) | (((word ^ EachByte(kStops)) - EachByte(1)) | ...)) & EachByte(0x80);
+}
+
+template <char kLeast, char... kStops>
+inline std::size_t FirstStop(const char* at) {
+  const Word low = MarkStops<kLeast, kStops...>(LoadWord(at));
+  const Word high = MarkStops<kLeast, kStops...>(LoadWord(at + sizeof(Word)));
+  return static_cast<std::size_t>(low != 0 ? std::countr_zero(low) : 64 + std::countr_zero(high)) / 8;
+}
+#endif
+
+// From a byte beyond ASCII: gives the first one that is not, or that makes no character.
+char* SkipBeyondAscii(char* at);
+
+// Gives the first of the stops, control character (white space is such too) or byte that makes no character.
+template <char... kStops>
+inline char* Skip(char* at) {
+  for (;;) {
+    const std::size_t length = FirstStop<0x20, kStops...>(at);
+    at += length;
+    if (length == TextWords::kBytes) continue;
+    if (static_cast<signed char>(*at) >= 0) return at;
+    at = SkipBeyondAscii(at);
+    if (static_cast<signed char>(*at) < 0) return at;
+  }
+}
+
+inline char* SkipBlanks(char* at) {
+  while (IsXmlBlank(*at)) ++at;
+  return at;
+}
+
+// The same where a line end and an indentation are likely.
+inline char* SkipLayout(char* at) {
+  if (*at == '\n' && IsXmlBlank(*++at)) {
+    const Word indentation = EachByte(static_cast<unsigned char>(*at));
+    Word other = 0;
+    while ((other = LoadWord(at) ^ indentation) == 0) at += sizeof(Word);
+    at += std::countr_zero(other) / 8;
+  }
+  return SkipBlanks(at);
+}
+
+// How many bytes there are before white space or one of the ends: a name, if anything.
+template <char... kEnds>
+inline std::size_t NameLength(const char* at) {
+  for (std::size_t length = 0;; ++length) {
+    std::size_t more = 0;
+    while ((more = FirstStop<0x21, kEnds...>(at + length)) == TextWords::kBytes) length += more;
+    length += more;
+    if (static_cast<signed char>(at[length]) >= 0) return length;
+  }
+}
+
+}  // namespace rytesavc
