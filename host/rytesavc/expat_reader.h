@@ -1,4 +1,4 @@
-// The reader that has the say on all XML text: every encoding, DOCTYPE and entity, and why and where a text is refused.
+// The reader for all XML text, which also decides why and where a text is refused.
 #pragma once
 
 #include "rytree_host/export.h"
@@ -7,7 +7,7 @@
 
 namespace rytesavc {
 
-// False on a failure, which is noted. `encoding`: null if the text itself says it.
+// False on a failure, which is noted. `encoding`: the text's, null if the text itself says it.
 RYTREE_API bool ReadWithExpat(XmlInput& input, XmlBuilder& builder, const char* encoding);
 
 }  // namespace rytesavc

@@ -50,7 +50,8 @@ bool IsName(std::string_view name) {
   constexpr std::size_t kLongest = std::size_t{1} << 24;
   if (name.empty() || name.size() > kLongest || name == kNodeId || name == kNodeEscape) return false;
   const auto kind = [](char c) { return kNameCharacters[static_cast<unsigned char>(c)]; };
-  if (std::all_of(name.begin(), name.end(), [kind](char c) { return kind(c) != 0; })) return kind(name[0]) == 2;
+  if (std::all_of(name.begin(), name.end(), [kind](char c) { return kind(c) != 0; }))
+    return kind(name[0]) == 2;
   return std::any_of(name.begin(), name.end(), [](char c) { return static_cast<signed char>(c) < 0; }) &&
          ParsesAsName(name);
 }
@@ -74,10 +75,10 @@ const Name* Tree::InternNew(std::string_view name, std::uint32_t hash) {
 // Most nodes of a branch that is copied share a few names: each is looked up once in a copy.
 const Name* Tree::Intern(const Name* name, const Tree& of_tree) {
   if (&of_tree == this) return name;
-  if (name->mark != of_tree.marks_) {
+  if (name->stamp != of_tree.stamps_) {
     const Name* const found = FindName(name->view(), name->words(), name->hash);
     name->copied_as = found != nullptr ? found : AddName(name->view(), name->hash);
-    name->mark = of_tree.marks_;
+    name->stamp = of_tree.stamps_;
   }
   return name->copied_as;
 }

@@ -2,91 +2,25 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <cstring>
 #include <memory>
-#include <string>
+#include <string_view>
 
 #include "plain_scan.h"
-#include "rytree_host/utf8.h"
+#include "plain_text.h"
 
 namespace rytesavc {
 
 namespace {
 
-// A token that is longer is left to Expat.
+// The longest token that is read here.
 constexpr std::size_t kLongestToken = std::size_t{1} << 28;
-// A token that does not fit is looked at anew with each piece: from here on the pieces grow, so that the work stays
-// linear.
-constexpr std::size_t kSmallPiece = std::size_t{1} << 18;
-// Nothing here looks further ahead to tell whether a byte is in its place.
+// A token that is not complete is read again from its start when the next piece has come. From this length on the pieces
+// grow with the token, so that the work stays linear.
+constexpr std::size_t kLongToken = std::size_t{1} << 18;
+// No decision needs more than so many bytes from the place that it is about.
 constexpr std::ptrdiff_t kLookahead = 32;
-
-// ---- What is written otherwise than it is meant.
-
-enum class Kind { kText, kValue, kCData };
-
-struct Reference {
-  Word text;  // behind the '&'
-  Word mask;
-  std::size_t length;
-  char stands_for;
-};
-constexpr Reference Named(std::string_view text, char stands_for) {
-  return {WordOf(text), FirstBytes(text.size()), text.size(), stands_for};
-}
-constexpr Reference kReferences[] = {Named("amp;", '&'), Named("lt;", '<'), Named("gt;", '>'),
-                                     Named("quot;", '"'), Named("apos;", '\'')};
-
-// Writes the character that a number stands for. Null if that is none of XML.
-char* PutNumbered(std::string_view digits, char* to) {
-  const bool hexadecimal = digits.starts_with('x');
-  if (hexadecimal) digits.remove_prefix(1);
-  std::uint32_t code = 0;
-  const char* const end = digits.data() + digits.size();
-  const auto [stop, error] = std::from_chars(digits.data(), end, code, hexadecimal ? 16 : 10);
-  if (error != std::errc() || stop != end || !IsXmlCharacter(code)) return nullptr;
-  std::string character;
-  utf8::append(character, code);
-  return std::copy(character.begin(), character.end(), to);
-}
-
-// Writes what a reference stands for, and moves behind it from behind its '&'. Null if it is none that is known.
-char* PutReference(const char*& from, const char* end, char* to) {
-  const Word text = LoadWord(from);
-  for (const auto& [name, mask, length, stands_for] : kReferences) {
-    if ((text & mask) != name) continue;
-    from += length;
-    *to = stands_for;
-    return to + 1;
-  }
-  const std::string_view rest(from, end);
-  const std::size_t length = rest.find(';');
-  if (length == rest.npos || rest[0] != '#') return nullptr;
-  from += length + 1;
-  return PutNumbered(rest.substr(1, length - 1), to);
-}
-
-// Writes a text with what its references and line ends stand for, which is never longer: it may go to where the text
-// is. Gives the end of what was written, null for a reference that is not known.
-char* Decode(const char* from, const char* end, Kind kind, char* to) {
-  while (from != end) {
-    const char c = *from++;
-    if (static_cast<unsigned char>(c) > '&') {
-      *to++ = c;
-    } else if (c == '&' && kind != Kind::kCData) {
-      to = PutReference(from, end, to);
-      if (to == nullptr) return nullptr;
-    } else if (c == '\r' || c == '\n' || c == '\t') {
-      if (c == '\r' && from != end && *from == '\n') ++from;
-      *to++ = kind == Kind::kValue ? ' ' : c == '\r' ? '\n' : c;
-    } else {
-      *to++ = c;
-    }
-  }
-  return to;
-}
 
 template <char... kEnds>
 NameText NameAt(const char* at) {
@@ -94,66 +28,32 @@ NameText NameAt(const char* at) {
   return {{at, length}, TextWords::OfPadded(at, length)};
 }
 
-// ---- The XML declaration.
-
-// Takes ` name="value"` off the text. False, and nothing taken, if it does not start with that.
-bool TakePart(std::string_view& text, std::string_view name, std::string_view& value) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t start = text.find_first_not_of(kBlanks);
-  if (start == 0 || start == text.npos || text.substr(start, name.size()) != name) return false;
-  std::string_view rest = text.substr(start + name.size());
-  const auto skip = [&] { rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size())); };
-  skip();
-  if (!rest.starts_with('=')) return false;
-  rest.remove_prefix(1);
-  skip();
-  if (!rest.starts_with('"') && !rest.starts_with('\'')) return false;
-  const std::size_t end = rest.find(rest[0], 1);
-  if (end == rest.npos) return false;
-  value = rest.substr(1, end - 1);
-  text = rest.substr(end + 1);
-  return true;
-}
-
-// Between "<?xml" and "?>": only what nearly all files say.
-bool IsPlainDeclaration(std::string_view text) {
-  std::string_view value;
-  if (!TakePart(text, "version", value) || value != "1.0") return false;
-  if (TakePart(text, "encoding", value)) {
-    constexpr std::string_view kUtf8 = "utf-8";
-    const auto same = [](char a, char b) { return (a | 0x20) == b || a == b; };
-    if (!std::equal(value.begin(), value.end(), kUtf8.begin(), kUtf8.end(), same)) return false;
-  }
-  if (TakePart(text, "standalone", value) && value != "yes" && value != "no") return false;
-  return std::all_of(text.begin(), text.end(), IsXmlBlank);
-}
-
 bool IsReservedTarget(std::string_view target) {
-  return target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' && (target[2] | 0x20) == 'l';
+  return target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' &&
+         (target[2] | 0x20) == 'l';
 }
 
-// ---- The reader.
-
-// An attribute's name, the '=' behind it and the quotation mark. Most elements have the same attributes in the same order.
+// An attribute's name with the '=' and the quotation mark after it, to recognise it at once when it comes again. Only
+// what fits in 16 bytes is kept.
 struct KnownName {
-  void Set(const char* at, const char* end, const Name* known) {
-    name = known;
-    length = static_cast<std::size_t>(end - at);
-    if (length > TextWords::kBytes) {
-      mask = kNothing;
-      words = {};
-    } else {
-      mask = {FirstBytes(std::min(length, sizeof(Word))), FirstBytes(std::max(length, sizeof(Word)) - sizeof(Word))};
-      words = TextWords::OfPadded(at, length);
-    }
+  void Set(const char* at, const char* end, const Name* its_name) {
+    const auto bytes = static_cast<std::size_t>(end - at);
+    const bool kept = bytes <= TextWords::kBytes;
+    length = kept ? bytes : 0;
+    words = TextWords::OfPadded(at, length);
+    mask = kept ? TextWords{FirstBytes(std::min(bytes, sizeof(Word))),
+                            FirstBytes(std::max(bytes, sizeof(Word)) - sizeof(Word))}
+                : kAll;
+    name = its_name;
   }
   bool IsAt(const char* at) const {
-    return (((LoadWord(at) ^ words.low) & mask.low) | ((LoadWord(at + sizeof(Word)) ^ words.high) & mask.high)) == 0;
+    return (((LoadWord(at) ^ words.low) & mask.low) |
+            ((LoadWord(at + sizeof(Word)) ^ words.high) & mask.high)) == 0;
   }
 
-  static constexpr TextWords kNothing{~Word{0}, ~Word{0}};  // NULs are no name
-  TextWords words;
-  TextWords mask = kNothing;
+  static constexpr TextWords kAll{~Word{0}, ~Word{0}};
+  TextWords words;  // zeros if nothing is kept: the end of the text looks like that, a name never
+  TextWords mask = kAll;
   std::size_t length = 0;
   const Name* name = nullptr;
   KnownName* next = nullptr;
@@ -173,8 +73,8 @@ class Reader {
 
   bool Fill();
   void TakeTokens();
-  // The functions below take one token, which starts at `at`, and give where the next one starts; null, and an answer,
-  // if it is not all there or not to be taken.
+  // These read one token, or a part of one, that starts at `at`, and give the place after it. Null, with an answer, if
+  // it is not complete or not accepted.
   char* Start(char* at);
   char* Outside(char* at);
   char* Inside(char* at);
@@ -198,7 +98,7 @@ class Reader {
     return nullptr;
   }
   char* Refuse() { return Give(Answer::kRefused); }
-  // The byte is not in its place, unless the text goes on behind it in the next piece.
+  // This is wrong at `at`, unless it only seems so because the piece ends there.
   char* Stop(const char* at) {
     return Give(end_ - at < kLookahead && !last_ ? Answer::kMore : Answer::kRefused);
   }
@@ -208,7 +108,7 @@ class Reader {
   Tree& tree_;
   Answer answer_ = Answer::kMore;
   bool started_ = false;
-  bool last_ = false;  // whether all of the text has been read
+  bool last_ = false;  // whether this is the last piece
   std::size_t piece_;
   std::size_t fed_ = 0;
 
@@ -216,13 +116,14 @@ class Reader {
   std::unique_ptr<char[]> large_buffer_;
   char* buffer_ = small_buffer_.data();
   std::size_t room_ = small_buffer_.size();
-  char* at_ = buffer_;   // what is not yet taken
-  char* end_ = buffer_;  // has a NUL
+  char* at_ = buffer_;   // the token at hand
+  char* end_ = buffer_;  // of the text in the buffer; there is a NUL
 
-  std::unique_ptr<char[]> decoded_;  // values of the start tag at hand; as much room as the buffer has
+  // Of the start tag at hand.
+  std::unique_ptr<char[]> decoded_;  // values, with as much room as the buffer has
   std::size_t decoded_room_ = 0;
   char* decoded_end_ = nullptr;
-  std::array<KnownName, 8> known_;               // by their places among the attributes
+  std::array<KnownName, 8> known_;  // the last name at each place among the attributes
 };
 
 bool Reader::Read() {
@@ -234,11 +135,11 @@ bool Reader::Read() {
   return answer_ == Answer::kTaken;
 }
 
-// Puts the next piece behind what was not taken of the last one.
+// Reads the next piece, after the token at hand, which moves to the start of the buffer.
 bool Reader::Fill() {
   const auto rest = static_cast<std::size_t>(end_ - at_);
   if (rest > kLongestToken) return false;
-  if (rest >= kSmallPiece) piece_ = rest;
+  if (rest >= kLongToken) piece_ = rest;
   const std::size_t wanted = rest + piece_;
   if (wanted + kPadding > room_) {
     constexpr std::size_t kSpare = 4096;
@@ -284,7 +185,7 @@ char* Reader::Start(char* at) {
   return end_ - text.size();
 }
 
-// Before the top element and behind it.
+// Before and after the top element.
 char* Reader::Outside(char* at) {
   at = SkipBlanks(at);
   if (at == end_) {
@@ -327,13 +228,13 @@ char* Reader::Text(char* at) {
   return LongText(at);
 }
 
-// Whether white space that such a byte behind a '<' follows is layout.
+// Whether white space is layout before a '<' and this byte.
 bool Reader::IsLayout(char next) const {
   return next != '!' && next != '?' && next != '\0' && builder_.IsLayout(next == '/');
 }
 
 char* Reader::LongText(char* at) {
-  char* coded = nullptr;  // where the first is that does not stand for itself
+  char* coded = nullptr;  // the first byte that does not mean itself
   char* end = at;
   for (; *(end = Skip<'<', '&', ']'>(end)) != '<'; ++end) {
     if (*end == '&' || *end == '\r') {
@@ -342,10 +243,12 @@ char* Reader::LongText(char* at) {
       return Stop(end);
     }
   }
-  const char* const text_end = coded != nullptr ? Decode(coded, end, Kind::kText, coded) : end;
+  const char* const text_end = coded != nullptr ? Decode(coded, end, TextKind::kContent, coded) : end;
   if (text_end == nullptr) return Refuse();
   const std::string_view text(at, text_end);
-  return (end[1] == '/' ? builder_.LastText(text) : builder_.Text(text)) ? end : Refuse();
+  if (end[1] == '/') return builder_.LastText(text) ? end : Refuse();
+  builder_.Text(text);
+  return end;
 }
 
 char* Reader::CData(char* at) {
@@ -358,7 +261,7 @@ char* Reader::CData(char* at) {
     if (*end == '\r') coded = true;
     if (*end != ']' && !IsXmlBlank(*end)) return Stop(end);
   }
-  builder_.Text({text, coded ? Decode(text, end, Kind::kCData, text) : end});
+  builder_.Text({text, coded ? Decode(text, end, TextKind::kCData, text) : end});
   return end + 3;
 }
 
@@ -424,7 +327,7 @@ template <char kQuote>
   return value.data() != nullptr && builder_.Attribute(name, value) ? end + 1 : Refuse();
 }
 
-// The tag may yet turn out to be cut: what is in the buffer must stay.
+// Not in place: if the tag turns out to be incomplete, it will be read again.
 std::string_view Reader::DecodedValue(const char* text, const char* end) {
   if (decoded_room_ != room_) {
     decoded_ = std::make_unique_for_overwrite<char[]>(room_);
@@ -432,7 +335,7 @@ std::string_view Reader::DecodedValue(const char* text, const char* end) {
     decoded_end_ = decoded_.get();
   }
   char* const start = decoded_end_;
-  decoded_end_ = Decode(text, end, Kind::kValue, start);
+  decoded_end_ = Decode(text, end, TextKind::kAttribute, start);
   return decoded_end_ != nullptr ? std::string_view(start, decoded_end_) : std::string_view();
 }
 
@@ -449,7 +352,7 @@ char* Reader::EndTag(char* at) {
   return builder_.End() ? at + 1 : Refuse();
 }
 
-// ---- What is passed over.
+// ---- Comments and processing instructions.
 
 char* Reader::Comment(char* at) {
   if (at[2] != '-' || at[3] != '-') return Stop(at);

@@ -1,7 +1,7 @@
-// Looking through UTF-8 text for the bytes at which a reader must stop, eight at a time.
+// Finds the bytes of UTF-8 text at which a reader must stop, 16 at a time.
 //
-// The text ends with a NUL, which no XML text holds, and kPadding bytes behind that NUL can be read too: no loop here
-// asks how much is left.
+// The text must end with a NUL, which XML never has, and kPadding bytes from there on must be readable. So none of these
+// loops has to ask how much is left.
 #pragma once
 
 #include <bit>
@@ -19,22 +19,24 @@ namespace rytesavc {
 
 inline constexpr std::size_t kPadding = 2 * TextWords::kBytes;
 
-// The first of the 16 bytes that is one of the stops, below `kLeast` or beyond ASCII; 16 for none.
+// Which of the next 16 bytes is the first that is below `kLeast`, beyond ASCII or one of the stops; 16 for none.
 #if defined(__SSE2__)
 template <char kLeast, char... kStops>
 inline std::size_t FirstStop(const char* at) {
   const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-  // As signed numbers, bytes beyond ASCII are below all others.
+  // As signed numbers, bytes beyond ASCII are the lowest.
   const __m128i stops =
       _mm_cmplt_epi8(bytes, _mm_set1_epi8(kLeast)) | (_mm_cmpeq_epi8(bytes, _mm_set1_epi8(kStops)) | ...);
-  return static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(stops)) | 0x10000U));
+  return static_cast<std::size_t>(
+      std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(stops)) | 0x10000U));
 }
 #else
-// A mark is the high bit of a byte that was looked for. The lowest mark of a word is always right, one above it may be
-// wrong: what is subtracted from a byte that is too small for it is borrowed from the next.
+// Marks such bytes by their high bits. Only the lowest mark can be relied on: a byte too small for what is subtracted
+// from it borrows from the next one.
 template <char kLeast, char... kStops>
 constexpr Word MarkStops(Word word) {
-  return (word | (word - EachByte(kLeast)) | (((word ^ EachByte(kStops)) - EachByte(1)) | ...)) & EachByte(0x80);
+  return (word | (word - EachByte(kLeast)) | (((word ^ EachByte(kStops)) - EachByte(1)) | ...)) &
+         EachByte(0x80);
 }
 
 template <char kLeast, char... kStops>
@@ -45,10 +47,10 @@ inline std::size_t FirstStop(const char* at) {
 }
 #endif
 
-// From a byte beyond ASCII: gives the first one that is not, or that makes no character.
+// Past the characters beyond ASCII that start at `at`: gives the first byte that belongs to none.
 char* SkipBeyondAscii(char* at);
 
-// Gives the first of the stops, control character (white space is such too) or byte that makes no character.
+// Gives the first byte that is a stop, a control character (which most white space is) or part of no character.
 template <char... kStops>
 inline char* Skip(char* at) {
   for (;;) {
@@ -66,7 +68,7 @@ inline char* SkipBlanks(char* at) {
   return at;
 }
 
-// The same where a line end and an indentation are likely.
+// The same, faster where it is a line end and an indentation.
 inline char* SkipLayout(char* at) {
   if (*at == '\n' && IsXmlBlank(*++at)) {
     const Word indentation = EachByte(static_cast<unsigned char>(*at));
@@ -77,7 +79,7 @@ inline char* SkipLayout(char* at) {
   return SkipBlanks(at);
 }
 
-// How many bytes there are before white space or one of the ends: a name, if anything.
+// How many bytes there are before white space or one of the ends. If they are a name is for others to say.
 template <char... kEnds>
 inline std::size_t NameLength(const char* at) {
   for (std::size_t length = 0;; ++length) {

@@ -8,10 +8,7 @@
 
 namespace rytesavc {
 
-namespace {
-
-
-}  // namespace
+namespace {}  // namespace
 
 // ---- The tree as a whole. Its first chunk is allocated with it, so that a small tree is one block.
 
@@ -191,7 +188,7 @@ Node* Tree::CopyNode(const Node* source, const Tree& source_tree, std::uint32_t 
 }
 
 Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t depth) {
-  source_tree.NewMark();
+  source_tree.NewStamp();
   Node* const copy = CopyNode(source, source_tree, depth);
   const Node* from = source;
   Node* to = copy;
@@ -215,7 +212,7 @@ Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t dept
 
 bool Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_tree) {
   if (target == source) return true;
-  source_tree.NewMark();
+  source_tree.NewStamp();
   for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
     const Attribute& from = source->attributes[i];
     Value& to = AddAttribute(target, Intern(from.name, source_tree));

@@ -25,17 +25,17 @@ int Digit(char c) {
 
 const Name* XmlBuilder::NewAttributeName(std::string_view name, std::uint32_t hash) {
   if (name == kNodeId) return &id_name_;
-  if (name == kNodeEscape) return &mark_name_;
+  if (name == kNodeEscape) return &escape_name_;
   const Name* const interned = tree_.InternNew(name, hash);
-  return interned != nullptr ? interned : &no_name_;
+  return interned != nullptr ? interned : &not_a_name_;
 }
 
-// The two attributes of the text form, and what is in the way.
+// An attribute that the node itself does not get.
 bool XmlBuilder::OddAttribute(const Name* name, std::string_view value) {
-  if (name == &no_name_) return Refuse(kNoName);
-  if (name == &mark_name_ && !has_mark_) {
-    has_mark_ = true;
-    marked_ = value == "1";
+  if (name == &not_a_name_) return Refuse(kNoName);
+  if (name == &escape_name_ && !has_escape_) {
+    has_escape_ = true;
+    escaped_ = value == "1";
     return true;
   }
   if (name != &id_name_ || has_id_) return Refuse("duplicate attribute");
@@ -48,8 +48,8 @@ bool XmlBuilder::OddAttribute(const Name* name, std::string_view value) {
 }
 
 bool XmlBuilder::Attribute(const Name* name, std::string_view value) {
-  if (name->mark >= mark_) return OddAttribute(name, value);
-  name->mark = mark_;
+  if (name->stamp >= stamp_) return OddAttribute(name, value);
+  name->stamp = stamp_;
   if (attributes_end_ == room_end_) GrowAttributes();
   rytesavc::Attribute* const attribute = attributes_end_++;
   attribute->name = name;
@@ -75,9 +75,10 @@ bool XmlBuilder::LongValue(Value& value, std::string_view text) {
 }
 
 inline bool XmlBuilder::PutAttributes(Node* node) {
-  rytesavc::Attribute* made = tree_.NewAttributes(node, static_cast<std::uint32_t>(attributes_end_ - attributes_));
+  rytesavc::Attribute* made =
+      tree_.NewAttributes(node, static_cast<std::uint32_t>(attributes_end_ - attributes_));
   for (const rytesavc::Attribute* from = attributes_; from != attributes_end_; ++from) *made++ = *from;
-  return (!has_long_ && !marked_ && page_ == nullptr) || PutLongValues(node);
+  return (!has_long_ && !escaped_ && page_ == nullptr) || PutLongValues(node);
 }
 
 bool XmlBuilder::Start(const Name* tag) {
@@ -90,22 +91,23 @@ bool XmlBuilder::Start(const Name* tag) {
   } else {
     tree_.Append(open_[level_ - 1].node, node);
   }
-  open_[level_] = {node, run_, marked_};
+  open_[level_] = {node, run_, escaped_};
   ++level_;
   ++depth_;
   return attributes_end_ == attributes_ || PutAttributes(node);
 }
 
-// The values that are not what the reader gave: the long ones, and what is escaped or in a code page.
+// The long values, and those that must be converted.
 bool XmlBuilder::PutLongValues(Node* node) {
+  const bool convert = escaped_ || page_ != nullptr;
   const auto count = static_cast<std::size_t>(attributes_end_ - attributes_);
   for (std::size_t i = 0; i < count; ++i) {
     if (attributes_[i].value.kind() == Value::kLong) node->attributes[i].value = Value();
   }
   for (std::size_t i = 0; i < count; ++i) {
     const Value& value = attributes_[i].value;
-    if (value.kind() != Value::kInt && !PutText(node->attributes[i].value, {value.chars(), value.length()}, marked_))
-      return false;
+    if (value.kind() != Value::kLong && (!convert || value.kind() == Value::kInt)) continue;
+    if (!PutText(node->attributes[i].value, {value.chars(), value.length()}, escaped_)) return false;
   }
   return true;
 }
@@ -114,7 +116,8 @@ bool XmlBuilder::EndWithText(const Open& element) {
   if (element.node->first != nullptr && !IsRunEmpty()) DropLayout();
   run_ = element.start;
   if (text_.size() == element.start) return true;
-  const bool done = PutText(element.node->text, std::string_view(text_).substr(element.start), element.marked);
+  const bool done =
+      PutText(element.node->text, std::string_view(text_).substr(element.start), element.escaped);
   text_.resize(element.start);
   return done;
 }
@@ -123,25 +126,25 @@ bool XmlBuilder::EndWithText(const Open& element) {
 
 bool XmlBuilder::LastText(std::string_view text) {
   const Open& element = open_[level_ - 1];
-  if (element.node->first != nullptr || text_.size() != element.start) return Text(text);
-  return PutText(element.node->text, text, element.marked);
+  if (element.node->first != nullptr || text_.size() != element.start) return Text(text), true;
+  return PutText(element.node->text, text, element.escaped);
 }
 
-// A branch's text between two tags that is nothing but white space.
+// Drops the text between two tags of a branch if it is nothing but white space.
 void XmlBuilder::DropLayout() {
   const auto start = text_.begin() + static_cast<std::ptrdiff_t>(run_);
   if (std::all_of(start, text_.end(), IsXmlBlank)) text_.erase(start, text_.end());
   run_ = text_.size();
 }
 
-bool XmlBuilder::PutText(Value& value, std::string_view text, bool marked) {
-  if (marked || page_ != nullptr) return PutConverted(value, text, marked);
+bool XmlBuilder::PutText(Value& value, std::string_view text, bool escaped) {
+  if (escaped || page_ != nullptr) return PutConverted(value, text, escaped);
   return tree_.SetText(value, text) || Refuse(kTooLong);
 }
 
-bool XmlBuilder::PutConverted(Value& value, std::string_view text, bool marked) {
+bool XmlBuilder::PutConverted(Value& value, std::string_view text, bool escaped) {
   converted_.clear();
-  for (std::size_t at = text.find('\\'); marked && at != text.npos; at = text.find('\\')) {
+  for (std::size_t at = text.find('\\'); escaped && at != text.npos; at = text.find('\\')) {
     AppendInPage(text.substr(0, at));
     const int high = at + 2 < text.size() ? Digit(text[at + 1]) : -1;
     const int low = high >= 0 ? Digit(text[at + 2]) : -1;

@@ -1,4 +1,4 @@
-// Where XML text comes from.
+// XML text that is read in pieces.
 #pragma once
 
 #include <algorithm>
@@ -15,9 +15,9 @@ class XmlInput {
   XmlInput& operator=(const XmlInput&) = delete;
   virtual ~XmlInput() = default;
 
-  // Fills the buffer as far as the text goes. False on a failure, which is noted.
+  // Fills the buffer unless the text ends before. False on a failure, which is noted.
   virtual bool Read(char* to, std::size_t room, std::size_t& length) = 0;
-  // Of the whole text, as far as that is known.
+  // Of the whole text, though a file may have changed since.
   virtual std::size_t size() const = 0;
 };
 

@@ -43,7 +43,7 @@ Tree* ReadXml(InputFile& file, const CodePage* page) {
   std::unique_ptr<Tree, decltype(release)> tree(Tree::Create());
   tree->root = ReadPlain(file, *tree, 1, page);
   if (tree->root != nullptr) return tree.release();
-  // What was read so far goes, so that the nodes of the second reading are in a row.
+  // A new tree, so that its nodes follow each other in memory.
   tree.reset();
   if (!file.Rewind()) return nullptr;
   tree.reset(Tree::Create());

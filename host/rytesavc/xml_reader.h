@@ -14,11 +14,11 @@
 
 namespace rytesavc {
 
-// Both give null on a failure, which they note. The strings are in `page`.
+// Both give null on a failure, which they note. The strings are in `page`, null for UTF-8.
 //
-// Makes the nodes in `tree`, the top at that depth and hanging nowhere. On a failure no node is left.
+// The nodes are made in `tree`, the top one at that depth and without a parent. None are left after a failure.
 Node* ReadXml(std::string_view utf8, Tree& tree, std::uint32_t depth, const CodePage* page);
-// A tree with a root, which is the caller's to release.
+// A tree with a root. The caller releases it.
 Tree* ReadXml(InputFile& file, const CodePage* page);
 
 }  // namespace rytesavc

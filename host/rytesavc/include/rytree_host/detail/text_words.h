@@ -54,7 +54,8 @@ struct TextWords {
   // Of a text behind whose start 16 bytes can be read, whatever they are.
   static TextWords OfPadded(const char* text, std::size_t length) {
     if (length <= sizeof(Word)) return {LoadWord(text) & FirstBytes(length), 0};
-    return {LoadWord(text), LoadWord(text + sizeof(Word)) & FirstBytes(std::min(length, kBytes) - sizeof(Word))};
+    return {LoadWord(text),
+            LoadWord(text + sizeof(Word)) & FirstBytes(std::min(length, kBytes) - sizeof(Word))};
   }
   static TextWords Of(std::string_view text) {
     if (text.size() >= kBytes) return {LoadWord(text.data()), LoadWord(text.data() + 8)};

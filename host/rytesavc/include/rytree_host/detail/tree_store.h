@@ -26,11 +26,11 @@ inline constexpr char kNodeEscape[] = "_NodeEscape";
 struct Name {
   std::uint32_t length;
   std::uint32_t hash;
-  mutable std::uint64_t mark = 0;           // of the copy or the start tag in which the name was last met
+  mutable std::uint64_t stamp = 0;          // of the copy or the start tag that met the name last
   mutable const Name* copied_as = nullptr;  // the name in the copy
   const char* text() const { return reinterpret_cast<const char*>(this + 1); }
   std::string_view view() const { return {text(), length}; }
-  // What follows a short text is zeros.
+  // After a short name there are zeros.
   TextWords words() const { return {LoadWord(text()), LoadWord(text() + sizeof(Word))}; }
   bool Is(std::string_view name, const TextWords& its_words) const {
     return words() == its_words && length == name.size() &&
@@ -59,14 +59,15 @@ class Value {
                                  : length << 2 | kShort | words.low << 32);
     second_ = is_int ? 0 : LittleEndian(words.low >> 32 | words.high << 32);
   }
-  // One that stands elsewhere.
+  // A text that is stored elsewhere.
   Value(std::uint32_t length, char* chars) : Value(Word{length} << 2 | kLong, 0, 0) {
     std::memcpy(&second_, &chars, sizeof chars);
   }
 
   Kind kind() const { return static_cast<Kind>(LittleEndian(first_) & 3U); }
   bool empty() const { return (first_ & LittleEndian(0xFFFFFFFF)) == 0; }
-  std::uint32_t length() const { return static_cast<std::uint32_t>(LittleEndian(first_)) >> 2; }  // of a text, not of an int
+  // Of a text, not of an int.
+  std::uint32_t length() const { return static_cast<std::uint32_t>(LittleEndian(first_)) >> 2; }
   int number() const { return static_cast<int>(LittleEndian(first_) >> 32); }
   const char* chars() const {
     return kind() == kLong ? long_chars() : reinterpret_cast<const char*>(this) + sizeof(std::uint32_t);
@@ -165,7 +166,7 @@ class RYTREE_API Tree {
     return found != nullptr ? found : InternNew(name, hash);
   }
   const Name* Intern(const Name* name, const Tree& of_tree);
-  // The steps of the two, for those who have the hash at hand. InternNew is for a name that FindName has not found.
+  // The steps of these, for callers that have a name's words and hash. InternNew is for a name that was not found.
   static std::uint32_t Hash(std::string_view name, const TextWords& words) {
     return name.size() <= TextWords::kBytes ? Hash(words) : HashLong(name);
   }
@@ -182,8 +183,8 @@ class RYTREE_API Tree {
     }
   }
   const Name* InternNew(std::string_view name, std::uint32_t hash);
-  // A mark that no name of the tree has yet.
-  std::uint64_t NewMark() const { return ++marks_; }
+  // Higher than the stamp of any name of the tree.
+  std::uint64_t NewStamp() const { return ++stamps_; }
   std::uint32_t name_count() const { return name_count_; }
   std::size_t node_count() const { return node_count_; }
   // About how much memory a copy of the tree takes.
@@ -216,7 +217,7 @@ class RYTREE_API Tree {
   Value& AppendAttribute(Node* node, const Name* name);
   void AppendInt(Node* node, const Name* name, int number);
   void ReserveAttributes(Node* node, std::uint32_t capacity);
-  // Makes room for that many attributes, which the caller must fill in, in a node that has none.
+  // Room for that many attributes in a node that has none. The caller must fill it in at once.
   Attribute* NewAttributes(Node* node, std::uint32_t count);
   bool RemoveAttribute(Node* node, const Name* name);
 
@@ -249,7 +250,7 @@ class RYTREE_API Tree {
   Node* free_nodes_ = nullptr;
   Node* removed_nodes_ = nullptr;  // free too, but with their attributes and text
   std::size_t node_count_ = 0;     // in the tree now
-  mutable std::uint64_t marks_ = 0;
+  mutable std::uint64_t stamps_ = 0;
   mutable ChildPlaces places_;
   std::uint32_t name_count_ = 0;
   std::uint32_t name_slots_ = kFirstNames;
@@ -274,7 +275,8 @@ inline Node* Tree::NewNode(const Name* tag, int id, std::uint32_t depth) {
     generation = node->generation;
   }
   ++node_count_;
-  return new (node) Node{generation, 0, tag, nullptr, nullptr, nullptr, nullptr, 0, 0, {}, nullptr, id, depth};
+  return new (node)
+      Node{generation, 0, tag, nullptr, nullptr, nullptr, nullptr, 0, 0, {}, nullptr, id, depth};
 }
 
 inline void Tree::Append(Node* parent, Node* child) {
