@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <string>
 #include <string_view>
 
 #include "charset.h"
 #include "failure.h"
+#include "rytree_host/utf8.h"
 
 namespace rytesavc {
 
@@ -42,11 +44,14 @@ class Reader {
   void Start(const char* tag, const char** attributes);
   void Text(std::string_view text);
   void Count(std::size_t bytes);
+  bool IsInPage(std::string_view text);
   void Check(bool built) {
     if (!built) Stop(builder_.problem());
   }
-  void Stop(const char* problem);
+  void Stop(const char* problem) { Stop(problem, Place()); }
+  void Stop(const char* problem, TextPosition place);
   TextPosition Place() const;
+  TextPosition PlaceOf(char32_t wanted) const;
   bool Accepted(XML_Status status);
 
   XmlBuilder& builder_;
@@ -56,6 +61,7 @@ class Reader {
   int nested_entities_ = 0;
   const char* problem_ = nullptr;  // why the text is refused
   TextPosition place_;             // and where
+  std::string lack_;
 };
 
 Reader::Reader(XmlBuilder& builder, const char* encoding)
@@ -107,11 +113,42 @@ TextPosition Reader::Place() const {
 }
 
 // The first problem counts.
-void Reader::Stop(const char* problem) {
+void Reader::Stop(const char* problem, TextPosition place) {
   if (problem_ != nullptr) return;
   problem_ = problem;
-  place_ = Place();
+  place_ = place;
   XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+// Where the character is in the markup or the text at hand; where that starts if it is written in another way.
+TextPosition Reader::PlaceOf(char32_t wanted) const {
+  TextPosition place = Place();
+  int offset = 0;
+  int size = 0;
+  const char* at = XML_GetInputContext(parser_.get(), &offset, &size);
+  if (at == nullptr) return place;
+  at += offset;
+  for (int left = XML_GetCurrentByteCount(parser_.get()); left > 0;) {
+    const char* const start = at;
+    const char32_t code = utf8::next(at, static_cast<std::size_t>(left));
+    if (code == wanted) return place;
+    place.line += code == '\n';
+    place.column = code == '\n' ? 1 : place.column + 1;
+    place.offset += at - start;
+    left -= static_cast<int>(at - start);
+  }
+  return Place();
+}
+
+// False, and an end to the reading, if the page of the strings lacks one of the characters.
+bool Reader::IsInPage(std::string_view text) {
+  const char* const lacking = builder_.FindLacking(text);
+  if (lacking == nullptr) return true;
+  const char* at = lacking;
+  const char32_t code = utf8::next(at);
+  lack_ = LackOf(code, *builder_.page());
+  Stop(lack_.c_str(), PlaceOf(code));
+  return false;
 }
 
 void Reader::Count(std::size_t bytes) {
@@ -134,9 +171,11 @@ int Reader::OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encodin
 
 void Reader::Start(const char* tag, const char** attributes) {
   std::size_t bytes = kCostOfMarkup;
+  if (!IsInPage(tag)) return;
   builder_.Begin();
   for (const char** at = attributes; *at != nullptr; at += 2) {
     const std::string_view value(at[1]);
+    if (!IsInPage(at[0]) || !IsInPage(value)) return;
     Check(builder_.Attribute(builder_.AttributeName(NameText(at[0])), value));
     bytes += kCostOfMarkup + value.size();
   }
@@ -146,7 +185,7 @@ void Reader::Start(const char* tag, const char** attributes) {
 
 void Reader::Text(std::string_view text) {
   Count(text.size());
-  builder_.Text(text);
+  if (IsInPage(text)) builder_.Text(text);
 }
 
 // Notes why a piece of text was refused.

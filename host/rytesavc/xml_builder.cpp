@@ -4,6 +4,7 @@
 #include <charconv>
 #include <new>
 
+#include "rytree_host/utf8.h"
 #include "xml_characters.h"
 
 namespace rytesavc {
@@ -12,6 +13,7 @@ namespace {
 
 constexpr char kNoName[] = "a reserved or overlong name";
 constexpr char kTooLong[] = "a text is too long";
+constexpr char kNotInPage[] = "a character is not in the code page";
 
 int Digit(char c) {
   if (c >= '0' && c <= '9') return c - '0';
@@ -20,6 +22,16 @@ int Digit(char c) {
 }
 
 }  // namespace
+
+const char* XmlBuilder::FindLacking(std::string_view utf8) const {
+  if (page_ == nullptr) return nullptr;
+  const char* at = utf8.data();
+  while (at != utf8.data() + utf8.size()) {
+    const char* const start = at;
+    if (!page_->Has(utf8::next(at))) return start;
+  }
+  return nullptr;
+}
 
 // ---- Elements.
 
@@ -84,6 +96,7 @@ inline bool XmlBuilder::PutAttributes(Node* node) {
 bool XmlBuilder::Start(const Name* tag) {
   if (depth_ > Tree::kMaxDepth) return Refuse("nested deeper than 1,024 levels");
   if (tag == nullptr) return Refuse(kNoName);
+  if (FindLacking(tag->view()) != nullptr) return Refuse(kNotInPage);
   if (!IsRunEmpty()) DropLayout();
   Node* const node = tree_.NewNode(tag, id_, depth_);
   if (level_ == 0) {
@@ -145,22 +158,21 @@ bool XmlBuilder::PutText(Value& value, std::string_view text, bool escaped) {
 bool XmlBuilder::PutConverted(Value& value, std::string_view text, bool escaped) {
   converted_.clear();
   for (std::size_t at = text.find('\\'); escaped && at != text.npos; at = text.find('\\')) {
-    AppendInPage(text.substr(0, at));
+    if (!AppendInPage(text.substr(0, at))) return false;
     const int high = at + 2 < text.size() ? Digit(text[at + 1]) : -1;
     const int low = high >= 0 ? Digit(text[at + 2]) : -1;
     converted_ += low >= 0 ? static_cast<char>(high * 16 + low) : '\\';
     text.remove_prefix(at + (low >= 0 ? 3 : 1));
   }
-  AppendInPage(text);
-  return tree_.SetText(value, converted_) || Refuse(kTooLong);
+  return AppendInPage(text) && (tree_.SetText(value, converted_) || Refuse(kTooLong));
 }
 
-void XmlBuilder::AppendInPage(std::string_view utf8) {
+bool XmlBuilder::AppendInPage(std::string_view utf8) {
   if (page_ == nullptr) {
     converted_ += utf8;
-  } else {
-    page_->FromUtf8(utf8, converted_);
+    return true;
   }
+  return page_->FromUtf8(utf8, converted_) == utf8.size() || Refuse(kNotInPage);
 }
 
 }  // namespace rytesavc

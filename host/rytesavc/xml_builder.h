@@ -37,6 +37,7 @@ class XmlBuilder {
   }
 
   Tree& tree() const { return tree_; }
+  const CodePage* page() const { return page_; }
   const char* problem() const { return problem_; }
   bool has_top() const { return top_ != nullptr; }
   bool is_open() const { return level_ != 0; }
@@ -46,6 +47,9 @@ class XmlBuilder {
   bool IsLayout(bool before_end_tag) const {
     return IsRunEmpty() && (!before_end_tag || open_[level_ - 1].node->first != nullptr);
   }
+
+  // The first character of the text that the page of the strings lacks, null for none.
+  const char* FindLacking(std::string_view utf8) const;
 
   // A start tag: Begin, an Attribute for each, Start. The values must stay where they are until then. Without the
   // Start nothing is made.
@@ -57,6 +61,7 @@ class XmlBuilder {
     stamp_ = tree_.NewStamp();
   }
   const Name* AttributeName(const NameText& name) {
+    if (FindLacking(name.view) != nullptr) return &not_a_name_;
     const std::uint32_t hash = Tree::Hash(name.view, name.words);
     const Name* const known = tree_.FindName(name.view, name.words, hash);
     return known != nullptr ? known : NewAttributeName(name.view, hash);
@@ -124,7 +129,7 @@ class XmlBuilder {
   void DropLayout();
   bool PutText(Value& value, std::string_view text, bool escaped);
   bool PutConverted(Value& value, std::string_view text, bool escaped);
-  void AppendInPage(std::string_view utf8);
+  bool AppendInPage(std::string_view utf8);
 
   Tree& tree_;
   const CodePage* page_;
