@@ -27,23 +27,28 @@ inline std::string contents(const rytesavc::Node* node) {
   return all + ">" + std::to_string(node->child_count);
 }
 
-/// What the reader makes of the text, as contents and as XML text; "" if it refuses it. `read` is called with
+/// What the reader makes of the text and passes over, as contents and as XML text; "" if it refuses it. `read` is called with
 /// an input and a builder.
 template <class Read>
 std::string reading(std::string_view bytes, const Read& read) {
   rytesavc::TextInput input(bytes);
   rytesavc::Tree* const tree = rytesavc::Tree::Create();
   RYXmlWrapperBase root;
+  std::string all;
   {
     rytesavc::XmlBuilder builder(*tree, 1, nullptr);
     if (read(input, builder)) tree->root = builder.Take();
+    const RYXmlPassedOver& passed = builder.passed_over();
+    for (const int count : {passed.comments, passed.instructions, passed.mixed_nodes})
+      all += std::to_string(count) + ' ';
   }
-  std::string all;
   if (tree->root != nullptr) {
     NodeAccess::Put(root, tree, tree->root);
     CString xml;
     root.GetXmlText(&xml);
-    all = contents(tree->root) + std::string(xml.View());
+    all += contents(tree->root) + std::string(xml.View());
+  } else {
+    all.clear();
   }
   tree->Release();
   return all;

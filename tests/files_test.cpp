@@ -105,6 +105,12 @@ TEST_F(Files, AreWrittenInThisForm) {
        "<a _NodeEscape=\"1\" b=\"1234567\\5C\">\\01\xC3\xA9</a>\n"},
       {"<a _NodeEscape='1'>\\20\\0a<b/></a>", "<a _NodeEscape=\"1\">\\20\\0A<b/>\n</a>\n"},
       {"<a b='\\41'>\\</a>", "<a b=\"\\41\">\\</a>\n"},
+      {"<a xml:space='preserve'> <b> x<c/></b><d xml:space='default'><e/><e "
+       "xml:space='preserve'><f/></e></d></a>",
+       "<a xml:space=\"preserve\"> <b> x<c/></b><d xml:space=\"default\">\n    <e/>\n    "
+       "<e xml:space=\"preserve\"><f/></e>\n  </d></a>\n"},
+      {"<a _NodeEscape='1' xml:space='no'>\\20<b/></a>",
+       "<a _NodeEscape=\"1\" xml:space=\"no\">\\20<b/>\n</a>\n"},
   };
   for (const auto& [xml, file] : cases) {
     const Node tree = parse(xml);
@@ -123,7 +129,12 @@ TEST_F(Files, OfOtherProgramsAreRead) {
       {"<a>x<!-- c -->y<?p i?>&#122; <b/> 1 <![CDATA[<2>]]> </a>", "<a>xyz  1 &lt;2&gt; <b/></a>"},
       {"<a><b>x<c/></b> <d/>z</a>", "<a>z<b>x<c/></b><d/></a>"},
       {"<a>1\r\n2<b> \n</b></a>", "<a>1\n2<b> \n</b></a>"},
-      {"<a _NodeID='1x' _NodeEscape='2' b='\\41'>\\41</a>", "<a b=\"\\41\">\\41</a>"},
+      {"<a _NodeID='-1' b='\\41'>\\41</a>", "<a b=\"\\41\">\\41</a>"},
+      {"<a xml:space='preserve'>\n<b> <c/>\t</b><b xml:space='default'> <c/> </b></a>",
+       "<a xml:space=\"preserve\">\n<b> \t<c/></b><b xml:space=\"default\"><c/></b></a>"},
+      {"<!DOCTYPE a SYSTEM 'x' [<!ENTITY y '&#38;amp;'><!ENTITY z '&y;'><!ATTLIST a c CDATA '&z;'>]><a "
+       "b='&z;'/>",
+       "<a b=\"&amp;\" c=\"&amp;\"/>"},
       {"<a b='\\4G\\4\\' _NodeEscape='1'>\\41\\6c\\</a>", "<a b=\"\\4G\\4\\\">Al\\</a>"},
       {chain + "<a>&y;<b/></a>", "<a>XX<b d=\"XX\"/></a>"},
       {utf16, "<a>\xC3\xA9</a>"},
@@ -166,6 +177,13 @@ TEST_F(Files, AreRefusedWithReasonAndPlace) {
       {"<!DOCTYPE a SYSTEM 'x'><a>&x;</a>", "undefined entity", 1, 27, 26},
       {"<!DOCTYPE a [<!ENTITY x SYSTEM 'file'>]><a>&x;</a>", "error in processing external entity reference",
        1, 44, 43},
+      {"<!DOCTYPE a SYSTEM 'x'>\n<a b='x&y;z'/>", "undefined entity", 2, 1, 24},
+      {"<!DOCTYPE a [<!ENTITY y '&#38;z;'><!ENTITY % x SYSTEM 'x'>%x;]><a b='&y;'/>", "undefined entity", 1,
+       64, 63},
+      {"<!DOCTYPE a SYSTEM 'x' [<!ATTLIST a b CDATA '>&y;'>]><a/>", "undefined entity", 1, 51, 50},
+      {"<a>\n<b _NodeID='1x'/></a>", "a _NodeID that is not an int", 2, 1, 4},
+      {"<a _NodeID='2147483648'/>", "a _NodeID that is not an int", 1, 1, 0},
+      {"<a _NodeEscape='2'/>", "a _NodeEscape that is not 1", 1, 1, 0},
       {"<a><_NodeID/></a>", "a reserved or overlong name", 1, 4, 3},
       {"<a>\xC3\xA9<</a>", "not well-formed (invalid token)", 1, 6, 6},
   };
@@ -194,6 +212,31 @@ TEST_F(Files, AreRefusedWithReasonAndPlace) {
   EXPECT_TRUE(old == at(tree, {0}));
   EXPECT_STREQ(Node::LastFailure().text, "");
   EXPECT_EQ(Node::LastFailure().offset, -1);
+}
+
+TEST_F(Files, TellWhatIsPassedOver) {
+  const Rows<std::string, std::vector<int>> cases = {
+      {"<a> <b>x</b> </a>", {0, 0, 0, 0, 0}},
+      {"<!-- c --><a>x<!-- c --><b/><?p i?> </a><!-- c --><?p?>", {3, 2, 0, 0, 0}},
+      {"<a><b>x<c/> <![CDATA[y]]><c/>z</b>x<!-- c -->y<d/></a>", {1, 0, 0, 0, 2}},
+      {"<a><b/>x<b><c/>&#32;</b>y</a>", {0, 0, 0, 0, 1}},
+      {"<a xml:space='preserve'><b><c/> </b> <b/></a>", {0, 0, 0, 0, 2}},
+      {"<!DOCTYPE a [<!-- c --><?p?><!ENTITY x '1'><!ENTITY % y '2'><!ENTITY z SYSTEM 'f'>]><a/>",
+       {1, 1, 1, 3, 0}},
+  };
+  const auto passed_over = [] {
+    const auto [comments, instructions, doctypes, entities, mixed_nodes] = Node::LastPassedOver();
+    return std::vector<int>{comments, instructions, doctypes, entities, mixed_nodes};
+  };
+  for (const auto& [xml, counts] : cases) {
+    parse(xml);
+    EXPECT_EQ(passed_over(), counts) << xml;
+    loaded("<?xml version='1.0' encoding='ISO-8859-1'?>" + xml);  // which is not read by the plain reader
+    EXPECT_EQ(passed_over(), counts) << xml;
+    std::thread([&] { EXPECT_EQ(passed_over(), std::vector<int>(5)); }).join();
+    loaded("<!-- c --><a>");
+    EXPECT_EQ(passed_over(), std::vector<int>(5));
+  }
 }
 
 TEST_F(Files, AreBoundedHoweverHostile) {

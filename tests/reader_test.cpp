@@ -25,6 +25,7 @@ const std::string kTexts[] = {
     "<a b='1' c=\"'>&lt;&#10;\" d = '&quot;\t\r\n\r\xE2\x82\xAC' e=\"\"><b c='x' b=\"y\"/><b f='2' /></a >",
     "<a>\n\t<b>1\r\n2\r3</b>\r\n  \n<c> \r </c>\t<d>\n</d> \n</a>",
     "<a> x <b/>&amp;&gt;&apos; ]] ] &#x41;&#0066;<c/> \n<!-- --> \r<d/>\n<?p?>]</a>",
+    "<a xml:space='preserve'> <b>\n<c/>\t<d xml:space='default'> <e/> </d></b> <!-- --> <f/>\r\n</a>",
     "<a><b> <![CDATA[ <&a;]] > \r\n]]]]></b>\r<![CDATA[]]> </a>",
     "<a x='\\41' _NodeEscape='1' y='1'>\\42<b _NodeID='-5' z='\\43'>\\</b>\\20</a>",
     "<a _NodeID='7' b='0' c='-0' d='07' e='-12' f='12345678' g='2147483647'>-9</a>",

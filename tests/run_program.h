@@ -25,6 +25,7 @@ class ProgramTest : public testing::Test {
   ProgramTest() { std::filesystem::create_directories(folder_ / "folder"); }
   ~ProgramTest() override { std::filesystem::remove_all(base_); }
 
+  const std::filesystem::path& folder() const { return folder_; }
   void write(const char* name, const std::string& xml) const { std::ofstream(folder_ / name) << xml; }
   std::string tree(const char* name) const {
     RYXmlWrapperBase root;

@@ -84,6 +84,34 @@ TEST_F(SettingsTransfer, FailuresChangeNoFile) {
   }
 }
 
+TEST_F(SettingsTransfer, TellsWhatIsNotKept) {
+  const std::string source = "<S><A DataID='1'>new</A><!-- c --></S>";
+  write("s.xml", source);
+  write("t.xml", "<!DOCTYPE T [<!ENTITY e 'old'>]><T><?p?><A DataID='1'>&e;<B/>x</A></T>");
+  const std::string t =
+      "t.xml: 1 processing instruction, the DOCTYPE, 1 entity declaration and the place of text among the "
+      "children of "
+      "1 node are not kept";
+  const std::string s = "s.xml: 1 comment is not kept";
+  const std::string all_the_same = "; --allow-loss writes over it all the same";
+  const Rows<std::string, int, std::vector<std::string>> cases = {
+      {"s.xml t.xml r.xml", 0, {t}},
+      {"s.xml t.xml ./t.xml", 2, {t + all_the_same}},
+      {"s.xml t.xml s.xml", 2, {s + all_the_same}},
+      {"--allow-loss s.xml t.xml s.xml", 0, {s, t}},
+  };
+  for (const auto& [arguments, status, told] : cases) {
+    EXPECT_EQ(run(arguments), status) << err;
+    std::string lines;
+    for (const std::string& line : told) lines += "settings_transfer: " + line + '\n';
+    EXPECT_EQ(err, lines);
+    if (status != 0) {
+      EXPECT_EQ(tree("s.xml"), text(parse(source)));
+    }
+  }
+  EXPECT_EQ(tree("s.xml"), "<T><A DataID=\"1\" Use=\"new\">oldx<B/></A></T>");
+}
+
 TEST_F(SettingsTransfer, InterruptionsLeaveBothFilesOrNeither) {
   std::string items;
   for (int i = 0; i < 5000; ++i) items += "<A DataID='" + std::to_string(i) + "'>a value of the node</A>";

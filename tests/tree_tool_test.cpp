@@ -111,6 +111,23 @@ TEST_F(TreeTool, Changes) {
   EXPECT_EQ(tree("t.xml"), filled(R"($Plot$Set<Empty A="1"><E/></Empty>)"));
 }
 
+TEST_F(TreeTool, TellsWhatIsNotKept) {
+  write("c.xml", "<Root><!-- a --><!-- b --></Root>");
+  std::filesystem::create_hard_link(folder() / "c.xml", folder() / "same.xml");
+  const std::string told = "tree_tool: c.xml: 2 comments are not kept";
+  const auto before = files();
+  for (const char* const where : {"-o same.xml", "--in-place"}) {
+    EXPECT_EQ(run("set c.xml 1 A=1 " + std::string(where)), 2);
+    EXPECT_EQ(err, told + "; --allow-loss writes over it all the same\n");
+    EXPECT_EQ(files(), before);
+  }
+  for (const char* const where : {"", "-o r.xml", "--in-place --allow-loss"}) {
+    EXPECT_EQ(run("set c.xml 1 A=1 " + std::string(where)), 0);
+    EXPECT_EQ(err, told + '\n');
+  }
+  EXPECT_EQ(tree("c.xml"), "<Root A=\"1\"/>");
+}
+
 TEST_F(TreeTool, FailuresChangeNoFile) {
   write("bare.xml", "<Root DataID='1'/>");
   const auto before = files();

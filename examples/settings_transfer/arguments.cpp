@@ -5,11 +5,12 @@
 #include <vector>
 
 #include "failure.h"
+#include "losses.h"
 
 namespace fs = std::filesystem;
 
 const char* const kHelp =
-    "settings_transfer [--id-attribute NAME] SOURCE TARGET RESULT [THEME]\n"
+    "settings_transfer [--id-attribute NAME] [--allow-loss] SOURCE TARGET RESULT [THEME]\n"
     "\n"
     "Carries the settings of one tree over to another version of it: nodes with equal IDs correspond.\n"
     "\n"
@@ -19,17 +20,21 @@ const char* const kHelp =
     "  THEME    where the IDs and values are written as a list; RESULT with .theme.xml if not given\n"
     "\n"
     "  --id-attribute NAME   the attribute that holds the ID of a node; DataID if not given\n"
+    "  --allow-loss          writes RESULT over SOURCE or TARGET even if something in that is not kept\n"
     "  --help                shows this text\n"
     "\n"
     "RESULT may be SOURCE or TARGET. Files that exist are replaced as a whole or not at all.\n"
+    "Comments, processing instructions, a DOCTYPE and its entities, and the places of text among the "
+    "children\n"
+    "of a node are not kept in RESULT. What TARGET has of these is told on standard error.\n"
     "The exit status is 0; 2 with one line on standard error, RESULT and THEME untouched; or 1 if only the\n"
     "report could not be written.\n";
 
 namespace {
 
-bool same_file(const std::string& left, const std::string& right) {
+bool same_place(const std::string& left, const std::string& right) {
   std::error_code error;
-  if (fs::equivalent(left, right, error)) return true;
+  if (same_file(left, right)) return true;
   const fs::path place = fs::weakly_canonical(fs::absolute(left, error), error);
   return !error && place == fs::weakly_canonical(fs::absolute(right, error), error);
 }
@@ -47,6 +52,8 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
       options = false;
     } else if (word == "--help" || word == "-h") {
       arguments.help = true;
+    } else if (word == "--allow-loss") {
+      arguments.allow_loss = true;
     } else if (word == kIdOption && i + 1 < count) {
       arguments.id_attribute = words[++i];
       if (arguments.id_attribute.empty()) throw Failure("--id-attribute needs a NAME");
@@ -75,7 +82,7 @@ Arguments read_arguments(int count, char** words) {
   arguments.result = files[2];
   arguments.theme = files.size() > 3 ? files[3] : fs::path(files[2]).replace_extension(".theme.xml").string();
   for (const std::string& other : {arguments.source, arguments.target, arguments.result}) {
-    if (same_file(arguments.theme, other))
+    if (same_place(arguments.theme, other))
       throw Failure(arguments.theme + ": THEME would overwrite " + other);
   }
   return arguments;

@@ -9,6 +9,7 @@ struct Arguments {
   std::string result;
   std::string theme;
   std::string id_attribute;  // empty if not given
+  bool allow_loss = false;
   bool help = false;
 
   /// The attribute as the library takes it: null for its default.

@@ -39,6 +39,7 @@ Outcome watched_transfer(const Arguments& arguments, int change_limit) {
 void run(const Arguments& arguments) {
   const Screen screen = Screen::of_standard_output();
   const Outcome outcome = watched_transfer(arguments, screen.change_limit);
+  for (const std::string& loss : outcome.losses) std::cerr << "settings_transfer: " << one_line(loss) << '\n';
   print_report(std::cout, arguments, outcome, screen);
 }
 

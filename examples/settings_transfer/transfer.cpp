@@ -7,6 +7,7 @@
 #include "changes.h"
 #include "failure.h"
 #include "held_signals.h"
+#include "losses.h"
 #include "staged_file.h"
 
 namespace {
@@ -22,9 +23,13 @@ struct TreeIds {
   std::unordered_set<int> ids;
 };
 
-RYXmlWrapperBase load_tree(const std::string& file) {
+RYXmlWrapperBase load_tree(const std::string& file, const Arguments& arguments, Outcome& outcome) {
   RYXmlWrapperBase tree;
   if (tree.load(file.c_str(), 0) == 0) throw file_failure(file);
+  const std::string lost = not_kept();
+  refuse_loss(file, lost, arguments.result, arguments.allow_loss);
+  const bool written = file == arguments.target || same_file(file, arguments.result);
+  if (written && !lost.empty()) outcome.losses.push_back(file + ": " + lost);
   return tree;
 }
 
@@ -117,8 +122,8 @@ Outcome transfer(const Arguments& arguments, int change_limit,
   Outcome outcome;
   Pairs pairs;
   stage("reading");
-  RYXmlWrapperBase source = load_tree(arguments.source);
-  RYXmlWrapperBase target = load_tree(arguments.target);
+  RYXmlWrapperBase source = load_tree(arguments.source, arguments, outcome);
+  RYXmlWrapperBase target = load_tree(arguments.target, arguments, outcome);
 
   stage("harvest");
   harvest(arguments, source, pairs, outcome);

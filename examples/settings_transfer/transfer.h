@@ -15,6 +15,7 @@ struct Change {
 };
 
 struct Outcome {
+  std::vector<std::string> losses;  // what is not kept, a line for each file that RESULT replaces or renews
   int source_nodes = 0;
   int harvested = 0;
   int target_nodes = 0;

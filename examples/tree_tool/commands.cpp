@@ -83,10 +83,14 @@ constexpr const char* kCommonHelp =
 
 constexpr const char* kWriteHelp =
     "\n"
-    "  -o FILE     writes the changed tree there\n"
-    "  --in-place  replaces the file that was read\n"
+    "  -o FILE       writes the changed tree there\n"
+    "  --in-place    replaces the file that was read\n"
+    "  --allow-loss  replaces that file even if something in it is not kept\n"
     "\n"
-    "Without either, nothing is written. A file is replaced as a whole or not at all.\n";
+    "Without -o and --in-place, nothing is written. A file is replaced as a whole or not at all. Comments,\n"
+    "processing instructions, a DOCTYPE and its entities, and the places of text among the children of a "
+    "node\n"
+    "are not kept: what the file has of these is told on standard error.\n";
 
 }  // namespace
 
@@ -97,7 +101,7 @@ const Command* find_command(const std::string& name) {
 }
 
 std::string usage(const Command& command) {
-  return std::string(command.usage) + (command.writes ? " [-o FILE | --in-place]" : "");
+  return std::string(command.usage) + (command.writes ? " [-o FILE | --in-place] [--allow-loss]" : "");
 }
 
 std::string help(const Command& command) {

@@ -16,7 +16,7 @@ struct Command {
   const char* name;
   const char* usage;  // printed, and read by the parser of the command line
   const char* help;   // what it does in one line, then the rest
-  bool writes;        // takes -o and --in-place
+  bool writes;        // takes -o, --in-place and --allow-loss
   Outcome (*run)(Document& document, const Arguments& arguments);
 };
 

@@ -4,10 +4,12 @@
 
 #include "arguments.h"
 #include "held_signals.h"
+#include "losses.h"
 
 Document::Document(std::string file_name) : file(std::move(file_name)) {
   if (file.empty()) throw Failure("a file name is empty");
   if (root.load(file.c_str(), 0) == 0) throw file_failure(file);
+  lost = not_kept();
 }
 
 Place Document::at(const std::string& place) {

@@ -36,6 +36,7 @@ struct Document {
   void save(const std::string& target) const;
 
   std::string file;
+  std::string lost;  // what of the file is not in the tree; "" if nothing
   RYXmlWrapperBase root;
 };
 

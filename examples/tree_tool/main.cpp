@@ -5,6 +5,7 @@
 
 #include "columns.h"
 #include "commands.h"
+#include "losses.h"
 
 namespace {
 
@@ -16,11 +17,16 @@ std::string finish(const Document& document, const Arguments& arguments, const O
     if (writes) throw Failure("nothing changes, so there is nothing to write");
     return outcome.text;
   }
-  const std::string done = one_line(outcome.text) + '\n';
-  if (!writes) return done + "nothing written: -o FILE or --in-place does that\n";
   const std::string target = in_place ? document.file : arguments.text("-o");
-  document.save(target);
-  return done + "written to " + one_line(target) + '\n';
+  if (writes) {
+    refuse_loss(document.file, document.lost, target, arguments.has("--allow-loss"));
+    document.save(target);
+  }
+  if (!document.lost.empty())
+    std::cerr << "tree_tool: " << one_line(document.file + ": " + document.lost) << '\n';
+  return one_line(outcome.text) + '\n' +
+         (writes ? "written to " + one_line(target) : "nothing written: -o FILE or --in-place does that") +
+         '\n';
 }
 
 std::string run(const std::vector<std::string>& words) {

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "charset.h"
+#include "declared_entities.h"
 #include "failure.h"
 #include "rytree_host/utf8.h"
 
@@ -40,9 +41,16 @@ class Reader {
   template <class Work>
   static void Guard(void* reader, const Work& work);
   static int OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding);
+  static void OnDeclaration(void* self, const XML_Char* token, int length);
+  static void OnMarkup(void* self, const XML_Char* part, int length);
 
   void Start(const char* tag, const char** attributes);
   void Text(std::string_view text);
+  void Entity(std::string_view name, std::string_view text);
+  void CheckEntities() {
+    if (!entities_.Cover(markup_)) Stop("undefined entity");
+    markup_.clear();
+  }
   void Count(std::size_t bytes);
   bool IsInPage(std::string_view text);
   void Check(bool built) {
@@ -59,6 +67,10 @@ class Reader {
   unsigned long long fed_ = 0;
   unsigned long long content_ = 0;
   int nested_entities_ = 0;
+  DeclaredEntities entities_;
+  bool may_skip_ = false;
+  bool in_attributes_ = false;
+  std::string markup_;
   const char* problem_ = nullptr;  // why the text is refused
   TextPosition place_;             // and where
   std::string lack_;
@@ -80,11 +92,33 @@ Reader::Reader(XmlBuilder& builder, const char* encoding)
   XML_SetCharacterDataHandler(parser, [](void* self, const XML_Char* text, int length) {
     Guard(self, [&](Reader& reader) { reader.Text({text, static_cast<std::size_t>(length)}); });
   });
-  XML_SetEntityDeclHandler(parser, [](void* self, const XML_Char*, int, const XML_Char* value, int length,
-                                      const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
+  XML_SetCommentHandler(parser, [](void* self, const XML_Char*) {
+    ++static_cast<Reader*>(self)->builder_.passed_over().comments;
+  });
+  XML_SetProcessingInstructionHandler(parser, [](void* self, const XML_Char*, const XML_Char*) {
+    ++static_cast<Reader*>(self)->builder_.passed_over().instructions;
+  });
+  XML_SetStartDoctypeDeclHandler(parser,
+                                 [](void* self, const XML_Char*, const XML_Char*, const XML_Char*, int) {
+                                   ++static_cast<Reader*>(self)->builder_.passed_over().doctypes;
+                                 });
+  XML_SetEntityDeclHandler(
+      parser, [](void* self, const XML_Char* name, int is_parameter, const XML_Char* value, int length,
+                 const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
+        Guard(self, [&](Reader& reader) {
+          ++reader.builder_.passed_over().entities;
+          if (value != nullptr && is_parameter == 0)
+            reader.Entity(name, {value, static_cast<std::size_t>(length)});
+        });
+      });
+  XML_SetNotStandaloneHandler(parser, [](void* self) {
     auto& reader = *static_cast<Reader*>(self);
-    if (value == nullptr || std::find(value, value + length, '&') == value + length) return;
-    if (++reader.nested_entities_ > kMostNestedEntities) reader.Stop("too many entities that name entities");
+    reader.may_skip_ = true;
+    XML_SetDefaultHandlerExpand(reader.parser_.get(), OnDeclaration);
+    return static_cast<int>(XML_STATUS_OK);
+  });
+  XML_SetEndDoctypeDeclHandler(parser, [](void* self) {
+    XML_SetDefaultHandlerExpand(static_cast<Reader*>(self)->parser_.get(), nullptr);
   });
   XML_SetExternalEntityRefHandler(parser, [](XML_Parser, const XML_Char*, const XML_Char*, const XML_Char*,
                                              const XML_Char*) { return static_cast<int>(XML_STATUS_ERROR); });
@@ -179,6 +213,12 @@ void Reader::Start(const char* tag, const char** attributes) {
     Check(builder_.Attribute(builder_.AttributeName(NameText(at[0])), value));
     bytes += kCostOfMarkup + value.size();
   }
+  if (may_skip_ && *attributes != nullptr) {
+    XML_SetDefaultHandlerExpand(parser_.get(), OnMarkup);
+    XML_DefaultCurrent(parser_.get());
+    XML_SetDefaultHandlerExpand(parser_.get(), nullptr);
+    CheckEntities();
+  }
   Check(builder_.Start(builder_.tree().Intern(tag)));
   Count(bytes);
 }
@@ -186,6 +226,28 @@ void Reader::Start(const char* tag, const char** attributes) {
 void Reader::Text(std::string_view text) {
   Count(text.size());
   if (IsInPage(text)) builder_.Text(text);
+}
+
+void Reader::Entity(std::string_view name, std::string_view text) {
+  if (text.find('&') != text.npos && ++nested_entities_ > kMostNestedEntities)
+    Stop("too many entities that name entities");
+  entities_.Add(name, text);
+}
+
+// With a DOCTYPE that is not all there Expat leaves out undefined entities in the values of attributes, and tells
+// nobody. Start tags, and the default values that the DOCTYPE gives, are looked through for such.
+void Reader::OnDeclaration(void* self, const XML_Char* token, int length) {
+  Guard(self, [text = std::string_view(token, static_cast<std::size_t>(length))](Reader& reader) {
+    if (text == "<!ATTLIST") reader.in_attributes_ = true;
+    if (reader.in_attributes_) reader.markup_ += text;
+    if (text != ">") return;
+    reader.in_attributes_ = false;
+    reader.CheckEntities();
+  });
+}
+
+void Reader::OnMarkup(void* self, const XML_Char* part, int length) {
+  Guard(self, [&](Reader& reader) { reader.markup_.append(part, static_cast<std::size_t>(length)); });
 }
 
 // Notes why a piece of text was refused.

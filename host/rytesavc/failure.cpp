@@ -18,6 +18,7 @@ struct Failure {
 
 // It needs no destructor, so threads may outlive the library.
 thread_local Failure last{};
+thread_local RYXmlPassedOver passed_over{};
 
 }  // namespace
 
@@ -58,9 +59,13 @@ void MoveFailure(std::string_view text, const CodePage& page) {
   if (last.position.offset > 0) last.position.offset = at - text.data();
 }
 
+void NotePassedOver(const RYXmlPassedOver& what) { passed_over = what; }
+
 }  // namespace rytesavc
 
 RYXmlFailure RYXmlWrapperBase::LastFailure() {
   const auto& [text, position] = rytesavc::last;
   return {text, position.line, position.column, position.offset};
 }
+
+RYXmlPassedOver RYXmlWrapperBase::LastPassedOver() { return rytesavc::passed_over; }

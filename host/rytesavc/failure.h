@@ -1,10 +1,12 @@
-// Why the last Save, load, GetXmlText or SetXmlText of this thread failed.
+// What this thread's last call left to be asked for: why a Save, load, GetXmlText or SetXmlText failed, and what the
+// text of a load or SetXmlText held that is in no tree.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 #include "rytree_host/code_page.h"
+#include "rytree_host/node.h"
 
 namespace rytesavc {
 
@@ -23,5 +25,7 @@ void NoteSystemFailure(std::string_view step, std::string_view path, int error);
 std::string LackOf(char32_t code, const CodePage& page);
 // A place in the UTF-8 form of a text in that page becomes the place in the text.
 void MoveFailure(std::string_view text, const CodePage& page);
+
+void NotePassedOver(const RYXmlPassedOver& what);
 
 }  // namespace rytesavc

@@ -61,7 +61,8 @@ InputFile::~InputFile() {
   if (descriptor_ >= 0) close(descriptor_);
 }
 
-bool InputFile::Fail(int error) const {
+bool InputFile::Fail(int error) {
+  failed_ = true;
   NoteSystemFailure("cannot read", path_, error);
   return false;
 }
@@ -88,7 +89,7 @@ bool InputFile::Read(char* to, std::size_t room, std::size_t& length) {
   return true;
 }
 
-bool InputFile::Rewind() { return lseek(descriptor_, 0, SEEK_SET) == 0 || Fail(errno); }
+bool InputFile::Rewind() { return !failed_ && (lseek(descriptor_, 0, SEEK_SET) == 0 || Fail(errno)); }
 
 OutputFile::~OutputFile() {
   if (!beside_.empty()) unlink(beside_.c_str());

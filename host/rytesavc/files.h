@@ -20,14 +20,15 @@ class InputFile : public XmlInput {
   bool Read(char* to, std::size_t room, std::size_t& length) override;
   // As it was when the file was opened.
   std::size_t size() const override { return size_; }
-  // Goes back to the start.
+  // Goes back to the start. False after a failure.
   bool Rewind();
 
  private:
-  bool Fail(int error) const;
+  bool Fail(int error);
 
   std::string path_;
   std::size_t size_ = 0;
+  bool failed_ = false;
   int descriptor_ = -1;
 };
 

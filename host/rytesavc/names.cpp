@@ -94,6 +94,7 @@ const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
   while (names_[slot] != nullptr) slot = (slot + 1) & (name_slots_ - 1);
   names_[slot] = added;
   ++name_count_;
+  if (name == "xml:space") space_name_ = added;
   return added;
 }
 

@@ -55,7 +55,7 @@ int RYXmlWrapperBase::GetXmlText(CString* text) const {
     if (node == nullptr) return Refuse("the handle stands on no node");
     if (text == nullptr) return Refuse("there is no place for the text");
     const CodePage* const page = CodePage::Default();
-    const rytesavc::XmlText utf8 = rytesavc::WriteXml(node, page);
+    const rytesavc::XmlText utf8 = rytesavc::WriteXml(*NodeAccess::tree(*this), node, page);
     if (page == nullptr) {
       text->Assign(utf8.text.data(), utf8.text.size());
       return true;
@@ -72,6 +72,7 @@ int RYXmlWrapperBase::GetXmlText(CString* text) const {
 }
 
 int RYXmlWrapperBase::SetXmlText(const char* text) {
+  rytesavc::NotePassedOver({});
   return Noted([&] {
     Node* const node = NodeAccess::node(*this);
     if (node == nullptr) return Refuse("the handle stands on no node");
@@ -94,11 +95,13 @@ int RYXmlWrapperBase::Save(const char* path) const {
     if (node == nullptr) return Refuse("the handle stands on no node");
     if (path == nullptr) return Refuse("there is no path");
     rytesavc::OutputFile file(path);
-    return file.Open() && rytesavc::WriteXml(node, CodePage::Default(), file) && file.Finish();
+    return file.Open() && rytesavc::WriteXml(*NodeAccess::tree(*this), node, CodePage::Default(), file) &&
+           file.Finish();
   });
 }
 
 int RYXmlWrapperBase::load(const char* path, int) {
+  rytesavc::NotePassedOver({});
   return Noted([&] {
     if (path == nullptr) return Refuse("there is no path");
     rytesavc::InputFile file(path);

@@ -358,7 +358,11 @@ char* Reader::Comment(char* at) {
   if (at[2] != '-' || at[3] != '-') return Stop(at);
   for (char* end = at + 4;; ++end) {
     end = Skip<'-'>(end);
-    if (*end == '-' && end[1] == '-') return end[2] == '>' ? end + 3 : Stop(end);
+    if (*end == '-' && end[1] == '-') {
+      if (end[2] != '>') return Stop(end);
+      ++builder_.passed_over().comments;
+      return end + 3;
+    }
     if (*end != '-' && !IsXmlBlank(*end)) return Stop(end);
   }
 }
@@ -372,7 +376,9 @@ char* Reader::Instruction(char* at) {
     end = Skip<'?'>(end + 1);
     if (*end != '?' && !IsXmlBlank(*end)) return Stop(end);
   }
-  return IsReservedTarget(target) || !IsName(target) ? Refuse() : end + 2;
+  if (IsReservedTarget(target) || !IsName(target)) return Refuse();
+  ++builder_.passed_over().instructions;
+  return end + 2;
 }
 
 }  // namespace

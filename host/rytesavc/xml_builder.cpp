@@ -5,6 +5,7 @@
 #include <new>
 
 #include "rytree_host/utf8.h"
+#include "white_space.h"
 #include "xml_characters.h"
 
 namespace rytesavc {
@@ -48,15 +49,13 @@ bool XmlBuilder::OddAttribute(const Name* name, std::string_view value) {
   if (name == &escape_name_ && !has_escape_) {
     has_escape_ = true;
     escaped_ = value == "1";
-    return true;
+    return escaped_ || Refuse("a _NodeEscape that is not 1");
   }
   if (name != &id_name_ || has_id_) return Refuse("duplicate attribute");
   has_id_ = true;
-  int id = 0;
   const char* const end = value.data() + value.size();
-  const auto [stop, error] = std::from_chars(value.data(), end, id);
-  if (error == std::errc() && stop == end) id_ = id;
-  return true;
+  const auto [stop, error] = std::from_chars(value.data(), end, id_);
+  return (error == std::errc() && stop == end) || Refuse("a _NodeID that is not an int");
 }
 
 bool XmlBuilder::Attribute(const Name* name, std::string_view value) {
@@ -90,21 +89,29 @@ inline bool XmlBuilder::PutAttributes(Node* node) {
   rytesavc::Attribute* made =
       tree_.NewAttributes(node, static_cast<std::uint32_t>(attributes_end_ - attributes_));
   for (const rytesavc::Attribute* from = attributes_; from != attributes_end_; ++from) *made++ = *from;
-  return (!has_long_ && !escaped_ && page_ == nullptr) || PutLongValues(node);
+  if ((has_long_ || escaped_ || page_ != nullptr) && !PutLongValues(node)) return false;
+  if (const Name* const space = tree_.space_name()) {
+    bool& keeps_space = open_[level_ - 1].keeps_space;
+    keeps_space = KeepsWhiteSpace(*node, space, keeps_space);
+  }
+  return true;
 }
 
 bool XmlBuilder::Start(const Name* tag) {
   if (depth_ > Tree::kMaxDepth) return Refuse("nested deeper than 1,024 levels");
   if (tag == nullptr) return Refuse(kNoName);
   if (FindLacking(tag->view()) != nullptr) return Refuse(kNotInPage);
-  if (!IsRunEmpty()) DropLayout();
   Node* const node = tree_.NewNode(tag, id_, depth_);
+  bool keeps_space = false;
   if (level_ == 0) {
     top_ = node;
   } else {
-    tree_.Append(open_[level_ - 1].node, node);
+    Open& parent = open_[level_ - 1];
+    if (!IsRunEmpty()) EndRun(parent);
+    keeps_space = parent.keeps_space;
+    tree_.Append(parent.node, node);
   }
-  open_[level_] = {node, run_, escaped_};
+  open_[level_] = {node, run_, escaped_, keeps_space, false};
   ++level_;
   ++depth_;
   return attributes_end_ == attributes_ || PutAttributes(node);
@@ -125,8 +132,8 @@ bool XmlBuilder::PutLongValues(Node* node) {
   return true;
 }
 
-bool XmlBuilder::EndWithText(const Open& element) {
-  if (element.node->first != nullptr && !IsRunEmpty()) DropLayout();
+bool XmlBuilder::EndWithText(Open& element) {
+  if (element.node->first != nullptr && !IsRunEmpty()) EndRun(element);
   run_ = element.start;
   if (text_.size() == element.start) return true;
   const bool done =
@@ -143,10 +150,13 @@ bool XmlBuilder::LastText(std::string_view text) {
   return PutText(element.node->text, text, element.escaped);
 }
 
-// Drops the text between two tags of a branch if it is nothing but white space.
-void XmlBuilder::DropLayout() {
+// Ends the text between two tags of a branch. Nothing but white space is layout; the place of what comes after a child
+// is lost.
+void XmlBuilder::EndRun(Open& element) {
   const auto start = text_.begin() + static_cast<std::ptrdiff_t>(run_);
-  if (std::all_of(start, text_.end(), IsXmlBlank)) text_.erase(start, text_.end());
+  if (!element.keeps_space && std::all_of(start, text_.end(), IsXmlBlank)) text_.erase(start, text_.end());
+  if (!IsRunEmpty() && element.node->first != nullptr && !std::exchange(element.mixed, true))
+    ++passed_over_.mixed_nodes;
   run_ = text_.size();
 }
 

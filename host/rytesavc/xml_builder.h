@@ -11,6 +11,7 @@
 
 #include "rytree_host/code_page.h"
 #include "rytree_host/detail/tree_store.h"
+#include "rytree_host/node.h"
 
 namespace rytesavc {
 
@@ -39,13 +40,16 @@ class XmlBuilder {
   Tree& tree() const { return tree_; }
   const CodePage* page() const { return page_; }
   const char* problem() const { return problem_; }
+  // What is not in the nodes. The readers count what they pass over themselves.
+  RYXmlPassedOver& passed_over() { return passed_over_; }
   bool has_top() const { return top_ != nullptr; }
   bool is_open() const { return level_ != 0; }
   // The tag of the innermost open element.
   const Name* tag() const { return open_[level_ - 1].node->tag; }
   // Whether white space here would be layout, if a tag of that kind comes next.
   bool IsLayout(bool before_end_tag) const {
-    return IsRunEmpty() && (!before_end_tag || open_[level_ - 1].node->first != nullptr);
+    const Open& element = open_[level_ - 1];
+    return IsRunEmpty() && !element.keeps_space && (!before_end_tag || element.node->first != nullptr);
   }
 
   // The first character of the text that the page of the strings lacks, null for none.
@@ -81,7 +85,7 @@ class XmlBuilder {
   // A tag of null is not a name.
   bool Start(const Name* tag);
   bool End() {
-    const Open& element = open_[--level_];
+    Open& element = open_[--level_];
     --depth_;
     if (text_.size() != element.start) return EndWithText(element);
     run_ = element.start;
@@ -112,6 +116,8 @@ class XmlBuilder {
     Node* node;
     std::size_t start;  // where its text starts in text_
     bool escaped;
+    bool keeps_space;  // whether white space between its tags is text
+    bool mixed;        // whether it has text after a child
   };
 
   bool Refuse(const char* problem) {
@@ -124,9 +130,9 @@ class XmlBuilder {
   bool LongValue(Value& value, std::string_view text);
   bool PutAttributes(Node* node);
   bool PutLongValues(Node* node);
-  bool EndWithText(const Open& element);
+  bool EndWithText(Open& element);
   bool IsRunEmpty() const { return run_ == text_.size(); }
-  void DropLayout();
+  void EndRun(Open& element);
   bool PutText(Value& value, std::string_view text, bool escaped);
   bool PutConverted(Value& value, std::string_view text, bool escaped);
   bool AppendInPage(std::string_view utf8);
@@ -140,6 +146,7 @@ class XmlBuilder {
   std::size_t run_ = 0;      // where the text since the last tag starts in it
   std::string converted_;
   const char* problem_ = nullptr;
+  RYXmlPassedOver passed_over_{};
 
   // Of the start tag that was begun. Long values are still in the reader's memory.
   std::array<rytesavc::Attribute, 16> few_attributes_;

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "expat_reader.h"
+#include "failure.h"
 #include "plain_reader.h"
 
 namespace rytesavc {
@@ -14,10 +15,16 @@ namespace {
 // A piece fits in the processor's cache.
 constexpr std::size_t kPiece = std::size_t{1} << 18;
 
+// The node that was made. Notes what is not in it.
+Node* Take(XmlBuilder& builder) {
+  NotePassedOver(builder.passed_over());
+  return builder.Take();
+}
+
 Node* ReadPlain(XmlInput& input, Tree& tree, std::uint32_t depth, const CodePage* page) {
   XmlBuilder builder(tree, depth, page);
   try {
-    return ReadPlain(input, builder, std::min(input.size() + 1, kPiece)) ? builder.Take() : nullptr;
+    return ReadPlain(input, builder, std::min(input.size() + 1, kPiece)) ? Take(builder) : nullptr;
   } catch (const std::bad_alloc&) {
     return nullptr;
   }
@@ -26,7 +33,7 @@ Node* ReadPlain(XmlInput& input, Tree& tree, std::uint32_t depth, const CodePage
 Node* ReadWithExpat(XmlInput& input, Tree& tree, std::uint32_t depth, const CodePage* page,
                     const char* encoding) {
   XmlBuilder builder(tree, depth, page);
-  return ReadWithExpat(input, builder, encoding) ? builder.Take() : nullptr;
+  return ReadWithExpat(input, builder, encoding) ? Take(builder) : nullptr;
 }
 
 }  // namespace

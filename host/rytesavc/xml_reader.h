@@ -1,8 +1,9 @@
 // XML text as nodes: the way back of the writer, and the reading of other programs' XML.
 //
-// Comments, processing instructions and a DOCTYPE are passed over and CDATA is text. The text of a leaf is
-// kept as it is. In an element with children, what stands between two tags is text too, unless it is nothing
-// but white space. External and undeclared entities are errors; the expansion of others is bounded.
+// Comments, processing instructions and a DOCTYPE are passed over and counted, and CDATA is text. The text of a leaf is
+// kept as it is. In an element with children, what stands between two tags is text too, unless it is nothing but white
+// space and xml:space does not keep that. External and undeclared entities are errors; the expansion of others is
+// bounded.
 #pragma once
 
 #include <cstdint>

@@ -7,8 +7,10 @@
 #include <cstring>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "rytree_host/utf8.h"
+#include "white_space.h"
 #include "xml_characters.h"
 
 namespace rytesavc {
@@ -108,7 +110,10 @@ constexpr bool MayBeSpecial(std::uint64_t word) {
 class Writer {
  public:
   // Without a file everything stays in the block.
-  Writer(const CodePage* page, OutputFile* file) : page_(page), file_(file) {}
+  Writer(const Tree& tree, const CodePage* page, OutputFile* file)
+      : page_(page), file_(file), space_name_(tree.space_name()) {
+    if (space_name_ != nullptr) keeps_space_.resize(Tree::kMaxDepth + 1);
+  }
 
   // Null if the file takes it no further.
   char* Write(const Node* top, char* to);
@@ -126,6 +131,10 @@ class Writer {
   char* Start(const Node* node, char* to);
   char* Content(const Node* node, char* to);
   char* End(const Node* node, char* to);
+  // The tags that follow are at that level.
+  void GoTo(std::size_t level) {
+    if (space_name_ != nullptr) layout_ = file_ != nullptr && !keeps_space_[level];
+  }
   char* NewLine(std::size_t level, char* to);
   char* AttributeStart(std::string_view name, char* to);
   char* PutNumber(int number, char* to);
@@ -137,15 +146,23 @@ class Writer {
   bool marked_ = false;  // whether the current element has the mark
   const CodePage* page_;
   OutputFile* file_;
+  bool layout_ = file_ != nullptr;  // whether the tags at hand are on lines of their own
+  // Where the tree has the attribute xml:space: for each level, whether white space between its elements is text.
+  const Name* space_name_;
+  std::vector<bool> keeps_space_;
+  bool element_keeps_space_ = false;
 };
 
 char* Writer::Write(const Node* top, char* to) {
   constexpr std::ptrdiff_t kPiece = 1 << 16;
   const Node* node = top;
   for (std::size_t level = 0;;) {
+    if (space_name_ != nullptr)
+      keeps_space_[level + 1] = element_keeps_space_ =
+          KeepsWhiteSpace(*node, space_name_, keeps_space_[level]);
     to = Element(node, to);
     if (node->first != nullptr) {
-      ++level;
+      GoTo(++level);
       if (node->text.empty()) to = NewLine(level, to);
       node = node->first;
       continue;
@@ -153,6 +170,7 @@ char* Writer::Write(const Node* top, char* to) {
     while (node != top && node->next == nullptr) {
       node = node->parent;
       to = End(node, NewLine(--level, to));
+      GoTo(level);
     }
     if (node == top) return to;
     if (file_ != nullptr && to - block_.start() >= kPiece) {
@@ -197,13 +215,13 @@ char* Writer::Start(const Node* node, char* to) {
   return to != nullptr && node->first == nullptr ? End(node, to) : to;
 }
 
-// A branch's text of nothing but white space would be taken for layout.
+// A branch's text of nothing but white space would be taken for layout where xml:space does not keep it.
 char* Writer::Content(const Node* node, char* to) {
   const Value& text = node->text;
   const std::string_view view(text.chars(), text.kind() == Value::kInt ? 0 : text.length());
-  if (view.empty() || node->first == nullptr || !std::all_of(view.begin(), view.end(), IsXmlBlank)) {
-    return PutValue(text, kTextKinds, to);
-  }
+  const bool like_layout = !view.empty() && node->first != nullptr && !element_keeps_space_ &&
+                           std::all_of(view.begin(), view.end(), IsXmlBlank);
+  if (!like_layout) return PutValue(text, kTextKinds, to);
   if (!marked_) return nullptr;
   to = block_.Room(to, 3 * view.size());
   for (const char c : view) to = Hexadecimal(c, to);
@@ -221,7 +239,7 @@ char* Writer::End(const Node* node, char* to) {
 char* Writer::NewLine(std::size_t level, char* to) {
   // Deeper levels are indented no further, or deep trees would be mostly blanks.
   constexpr std::size_t kDeepest = 32;
-  if (file_ == nullptr) return to;
+  if (!layout_) return to;
   to = block_.Room(to, 1 + 2 * kDeepest);
   *to = '\n';
   return std::fill_n(to + 1, 2 * std::min(level, kDeepest), ' ');
@@ -318,16 +336,16 @@ char* Output::Grow(char* at, std::size_t bytes) {
   return block + used;
 }
 
-XmlText WriteXml(const Node* top, const CodePage* page) {
-  Writer writer(page, nullptr);
+XmlText WriteXml(const Tree& tree, const Node* top, const CodePage* page) {
+  Writer writer(tree, page, nullptr);
   const char* const end = writer.Write(top, nullptr);
   XmlText made{writer.TakeBlock(), {}};
   made.text = {made.block.start(), static_cast<std::size_t>(end - made.block.start())};
   return made;
 }
 
-bool WriteXml(const Node* top, const CodePage* page, OutputFile& file) {
-  Writer writer(page, &file);
+bool WriteXml(const Tree& tree, const Node* top, const CodePage* page, OutputFile& file) {
+  Writer writer(tree, page, &file);
   char* const end = writer.Write(top, writer.Put("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n", nullptr));
   return end != nullptr && writer.Flush(writer.Put("\n", end)) != nullptr;
 }

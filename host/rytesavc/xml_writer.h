@@ -41,10 +41,10 @@ struct XmlText {
   Output block;
   std::string_view text;
 };
-XmlText WriteXml(const Node* top, const CodePage* page);
+XmlText WriteXml(const Tree& tree, const Node* top, const CodePage* page);
 
-// The same as a file: with the declaration, and with indentation where that changes no text. False if the file
+// The same as a file: with the declaration, and with indentation where that changes no text and xml:space allows it. False if the file
 // takes it no further.
-bool WriteXml(const Node* top, const CodePage* page, OutputFile& file);
+bool WriteXml(const Tree& tree, const Node* top, const CodePage* page, OutputFile& file);
 
 }  // namespace rytesavc

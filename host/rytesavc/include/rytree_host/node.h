@@ -25,6 +25,15 @@ struct RYXmlFailure {
   long long offset;  ///< from the start of the text, in bytes of the text that was given; -1 as above
 };
 
+/// What a text held that is in no tree, and that a Save does not write: how many of each.
+struct RYXmlPassedOver {
+  int comments;
+  int instructions;  ///< processing instructions, without the XML declaration
+  int doctypes;      ///< 1 if there is a DOCTYPE
+  int entities;      ///< declared in the DOCTYPE
+  int mixed_nodes;  ///< nodes with text behind a child: the text is kept, its place among the children is not
+};
+
 /// A handle on one node of a tree. A copy is a second handle on the same node. A tree lives as long as a
 /// handle on any of its nodes; a removed node is dead at once, with everything below it, and its handles
 /// report IsNodeValid() 0. A handle that is moved from into a new one is empty; one that is moved from by an
@@ -273,7 +282,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// One element without declaration or indentation, self-closed if the node has neither text nor children.
   virtual int GetXmlText(CString* text) const;
   /// Parses exactly one element and puts it in this node's place, under the same handle; handles below it die.
-  /// What may come before and after the root of a file may do so here too, and is passed over.
+  /// What may come before and after the root of a file may do so here too. What is passed over is the same as in load.
   [[nodiscard]] virtual int SetXmlText(const char* text);
 
   // ---- Files.
@@ -287,6 +296,12 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// to it). A process that is killed there leaves that file, and the next Save to the same path removes it.
   [[nodiscard]] int Save(const char* path) const;
   /// Puts the handle on the root of the tree in the file. The int has no effect.
+  ///
+  /// Not in the tree, and so not in a file that it is saved to, are comments, processing instructions, a DOCTYPE
+  /// with the entities it declares, and the places of text among children: all text of a node is put together.
+  /// LastPassedOver tells how many there were. White space between the tags of a branch is layout and not text,
+  /// unless xml:space="preserve" on the node or above it says otherwise; under that, Save adds no layout. Refused
+  /// are entities that are not declared, a _NodeID that is not an int and a _NodeEscape that is not 1.
   [[nodiscard]] int load(const char* path, int);
   /// The encoding of all strings given and taken, of texts, attribute values, tags and names, and of what is
   /// compared and searched: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949, 950, 28591. It holds for
@@ -296,6 +311,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// its characters. An unknown page gives 0 and changes nothing.
   static int SetDefaultCodePage(int page);
   static RYXmlFailure LastFailure();
+  /// Of the last load or SetXmlText of this thread; all 0 if that failed.
+  static RYXmlPassedOver LastPassedOver();
 
  private:
   friend struct NodeAccess;

@@ -183,6 +183,8 @@ class RYTREE_API Tree {
     }
   }
   const Name* InternNew(std::string_view name, std::uint32_t hash);
+  // "xml:space", which says whether white space is text; null if the tree does not hold it.
+  const Name* space_name() const { return space_name_; }
   // Higher than the stamp of any name of the tree.
   std::uint64_t NewStamp() const { return ++stamps_; }
   std::uint32_t name_count() const { return name_count_; }
@@ -253,6 +255,7 @@ class RYTREE_API Tree {
   mutable std::uint64_t stamps_ = 0;
   mutable ChildPlaces places_;
   std::uint32_t name_count_ = 0;
+  const Name* space_name_ = nullptr;
   std::uint32_t name_slots_ = kFirstNames;
   const Name** names_ = first_names_;
   const Name* first_names_[kFirstNames] = {};
