@@ -30,6 +30,8 @@ target_compile_options(rytree_build_flags INTERFACE
   -fno-semantic-interposition  # nobody replaces a function of these libraries, so calls within one are direct
   # A unique symbol would keep the library in memory when it is unloaded.
   $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+  # Two plain exports return C++ objects.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-return-type-c-linkage>
   # GCC 12 wrongly sees an overlap in "text" + std::string when it optimizes.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 # The same for calls between the files of one library.

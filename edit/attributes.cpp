@@ -3,6 +3,7 @@
 
 #include "frame/attributes.h"
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/node_text.h"
 
 namespace {
@@ -16,43 +17,50 @@ bool has_leaf_with_text(const RYXmlWrapperBase& node, bool recursive) {
 
 }  // namespace
 
-void rytree_set_attribute_to_all_nodes(RYXmlWrapperBase* node, const char* attribute, const char* value,
-                                       bool childrenOnly, bool branchesOnly) {
+extern "C" void flagged_rytree_set_attribute_to_all_nodes(RYXmlWrapperBase* node, const char* attribute,
+                                                          const char* value, Flag childrenOnly,
+                                                          Flag branchesOnly) {
   if (node == nullptr) return;
   const RYPropertyName name(attribute);
   const CString text(value);
   const auto set = [&](RYXmlWrapperBase& at) {
-    if (!branchesOnly || at.GetNodeCount() > 0) at.SetPropertyValue(name, text);
+    if (!is_set(branchesOnly) || at.GetNodeCount() > 0) at.SetPropertyValue(name, text);
   };
-  if (!childrenOnly) set(*node);
-  for (NodesBelow at(*node, !childrenOnly); at; ++at) set(*at);
+  if (!is_set(childrenOnly)) set(*node);
+  for (NodesBelow at(*node, !is_set(childrenOnly)); at; ++at) set(*at);
 }
+[[gnu::alias("flagged_rytree_set_attribute_to_all_nodes")]] decltype(rytree_set_attribute_to_all_nodes)
+    rytree_set_attribute_to_all_nodes;
 
-int rytree_hide_empty_nodes(RYXmlWrapperBase* node, bool recursive, bool removeShow) {
+extern "C" int flagged_rytree_hide_empty_nodes(RYXmlWrapperBase* node, Flag recursive, Flag removeShow) {
   if (node == nullptr) return 0;
   const RYPropertyName show(kShowName);
   int hidden = 0;
-  for (NodesBelow at(*node, recursive); at; ++at) {
+  for (NodesBelow at(*node, is_set(recursive)); at; ++at) {
     if (at->GetNodeCount() > 0) continue;
     if (at->IsEmpty() != 0) {
       at->SetPropertyValue(show, 0);
       ++hidden;
-    } else if (removeShow) {
+    } else if (is_set(removeShow)) {
       at->RemoveProperty(show);
     }
   }
   return hidden;
 }
+[[gnu::alias("flagged_rytree_hide_empty_nodes")]] decltype(rytree_hide_empty_nodes) rytree_hide_empty_nodes;
 
-int rytree_set_attribute_bit_if_not_empty(RYXmlWrapperBase* node, const char* attribute, int bits,
-                                          bool recursive) {
+extern "C" int flagged_rytree_set_attribute_bit_if_not_empty(RYXmlWrapperBase* node, const char* attribute,
+                                                             int bits, Flag recursive) {
   int word = 0;
   if (node == nullptr || node->GetPropertyValue(attribute, word) == 0 ||
-      !has_leaf_with_text(*node, recursive))
+      !has_leaf_with_text(*node, is_set(recursive)))
     return 0;
   node->SetPropertyValue(attribute, word | bits);
   return 1;
 }
+[[gnu::alias(
+    "flagged_rytree_set_attribute_bit_if_not_empty")]] decltype(rytree_set_attribute_bit_if_not_empty)
+    rytree_set_attribute_bit_if_not_empty;
 
 int rytree_remove_attribute(RYXmlWrapperBase* node, const char* attribute, int includeSelf) {
   if (node == nullptr) return 0;

@@ -2,6 +2,7 @@
 #include <rytree_Utils/edit.h>
 
 #include "frame/children.h"
+#include "frame/flag.h"
 
 namespace {
 
@@ -91,9 +92,11 @@ int rytree_delete_nodes_by_attribute(RYXmlWrapperBase* parent, const char* attri
   return AttributeRemoval{RYPropertyName(attribute), value, recursive != 0}.walk(*parent, &exempt);
 }
 
-int rytree_remove_empty_child_nodes(RYXmlWrapperBase* parent, bool recursive) {
-  return parent != nullptr ? remove_empty(*parent, recursive) : 0;
+extern "C" int flagged_rytree_remove_empty_child_nodes(RYXmlWrapperBase* parent, Flag recursive) {
+  return parent != nullptr ? remove_empty(*parent, is_set(recursive)) : 0;
 }
+[[gnu::alias("flagged_rytree_remove_empty_child_nodes")]] decltype(rytree_remove_empty_child_nodes)
+    rytree_remove_empty_child_nodes;
 
 int rytree_remove_nodes_by_attribute(RYXmlWrapperBase* node, const char* attribute, int value) {
   if (node == nullptr || node->IsNodeValid() == 0) return -1;

@@ -3,6 +3,7 @@
 
 #include "frame/attributes.h"
 #include "frame/children.h"
+#include "frame/flag.h"
 
 namespace {
 
@@ -59,10 +60,11 @@ struct ValueSearch {
 
 }  // namespace
 
-int rytree_get_node_by_id(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int id, bool recursive) {
+extern "C" int flagged_rytree_get_node_by_id(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int id,
+                                             Flag recursive) {
   if (node == nullptr || out == nullptr) return 0;
   const RYPropertyName data_id(kDataIdName);
-  for (NodesBelow at(*node, recursive); at; ++at) {
+  for (NodesBelow at(*node, is_set(recursive)); at; ++at) {
     int read = 0;
     if ((at->GetID(read) != 0 && read == id) || (at->GetPropertyValue(data_id, read) != 0 && read == id)) {
       *out = *at;
@@ -71,6 +73,7 @@ int rytree_get_node_by_id(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int id,
   }
   return 0;
 }
+[[gnu::alias("flagged_rytree_get_node_by_id")]] decltype(rytree_get_node_by_id) rytree_get_node_by_id;
 
 int rytree_get_root_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out) {
   if (node == nullptr || out == nullptr) return 0;
@@ -78,18 +81,24 @@ int rytree_get_root_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out) {
   return out->IsNodeValid();
 }
 
-bool rytree_get_node_by_tagname(RYXmlWrapperBase* node, RYXmlWrapperBase* out, const char* tag,
-                                bool recursive, bool caseSensitive, bool leavesOnly) {
+extern "C" bool flagged_rytree_get_node_by_tagname(RYXmlWrapperBase* node, RYXmlWrapperBase* out,
+                                                   const char* tag, Flag recursive, Flag caseSensitive,
+                                                   Flag leavesOnly) {
   if (node == nullptr || tag == nullptr) return false;
-  return TagSearch{out, RYPropertyName(tag), recursive, caseSensitive, leavesOnly}.find(*node);
+  return TagSearch{out, RYPropertyName(tag), is_set(recursive), is_set(caseSensitive), is_set(leavesOnly)}
+      .find(*node);
 }
+[[gnu::alias(
+    "flagged_rytree_get_node_by_tagname")]] decltype(rytree_get_node_by_tagname) rytree_get_node_by_tagname;
 
-int rytree_find_node(RYXmlWrapperBase* parent, RYXmlWrapperBase* found, const char* attribute, int value,
-                     bool recursive, int depth, int repeatId) {
+extern "C" int flagged_rytree_find_node(RYXmlWrapperBase* parent, RYXmlWrapperBase* found,
+                                        const char* attribute, int value, Flag recursive, int depth,
+                                        int repeatId) {
   if (parent == nullptr || found == nullptr || attribute == nullptr) return 0;
-  ValueSearch search{*found, RYPropertyName(attribute), value, recursive};
+  ValueSearch search{*found, RYPropertyName(attribute), value, is_set(recursive)};
   return search.find(*parent, depth, repeatId) ? 1 : 0;
 }
+[[gnu::alias("flagged_rytree_find_node")]] decltype(rytree_find_node) rytree_find_node;
 
 int rytree_find_node_ex(RYXmlWrapperBase* parent, RYXmlWrapperBase* found, const char* attribute, int id,
                         int parentId, int parentRepeatId, int grandparentId, int grandparentRepeatId) {

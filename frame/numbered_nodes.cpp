@@ -2,6 +2,7 @@
 #include <rytree_Utils/lookup.h>
 
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/words.h"
 
 namespace {
@@ -48,13 +49,15 @@ struct NumberSearch {
 
 }  // namespace
 
-int rytree_get_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int index, int* counter, int maxLevel,
-                    const char* attribute, bool attributeEndsDescent, bool branchesOnly, int level) {
+extern "C" int flagged_rytree_get_node(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int index, int* counter,
+                                       int maxLevel, const char* attribute, Flag attributeEndsDescent,
+                                       Flag branchesOnly, int level) {
   if (node == nullptr || out == nullptr || counter == nullptr || index < 0) return 0;
-  const NumberFilters filters{maxLevel, attributeEndsDescent, branchesOnly};
+  const NumberFilters filters{maxLevel, is_set(attributeEndsDescent), is_set(branchesOnly)};
   NumberSearch search{*out, index, *counter, filters, RYPropertyName(attribute)};
   return search.find(*node, level) ? 1 : 0;
 }
+[[gnu::alias("flagged_rytree_get_node")]] decltype(rytree_get_node) rytree_get_node;
 
 int rytree_get_node_ex(RYXmlWrapperBase* node, RYXmlWrapperBase* out, int index, DWORD flags,
                        const char* attribute) {

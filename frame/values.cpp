@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
 
@@ -27,10 +28,10 @@ int rytree_get_values(RYXmlWrapperBase* tree, HostArrayObject* values, int child
   return strings != nullptr ? VCTreeGetValues(tree, strings, childrenOnly != 0) : -1;
 }
 
-int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenOnly) {
+extern "C" int flagged_VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, Flag childrenOnly) {
   if (tree == nullptr || values == nullptr) return -1;
-  make_room(*values, *tree, !childrenOnly);
-  if (!childrenOnly || tree->HasChildren(0) == 0) {
+  make_room(*values, *tree, !is_set(childrenOnly));
+  if (!is_set(childrenOnly) || tree->HasChildren(0) == 0) {
     append_entry(*tree, *values);
     for (NodesBelow at(*tree); at; ++at) append_entry(*at, *values);
     return 0;
@@ -39,6 +40,7 @@ int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, bool childrenO
   for (Children child(*tree); child; ++child) append_text(*child, *values);
   return 0;
 }
+[[gnu::alias("flagged_VCTreeGetValues")]] decltype(VCTreeGetValues) VCTreeGetValues;
 
 void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values) {
   make_room(values, node, false);

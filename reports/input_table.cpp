@@ -15,6 +15,7 @@
 #include "frame/check_get.h"
 #include "frame/children.h"
 #include "frame/children_by_tag.h"
+#include "frame/flag.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
 #include "frame/words.h"
@@ -44,7 +45,7 @@ constexpr Column kParameters[kParameterCount] = {{6, 0x20000, "a"}, {7, 0x20001,
 struct Variable {
   int index;
   bool dependent;
-  const char* name;
+  CString name;
   bool xyz;
   int weight_method = 0;
   std::int64_t parameter_block = 0;
@@ -131,7 +132,7 @@ void write_row(RYXmlWrapperBase& row, int data, const Variable& variable, const 
   CString label;
   report_get_set_data_string(&label, data);
   row.SetPropertyValue(kLabelName, label);
-  row.SetPropertyValue(kNameAttribute, CString(variable.name));
+  row.SetPropertyValue(kNameAttribute, variable.name);
   write_kind(row, variable.dependent);
   write_data(row, data, variable);
   if (variable.dependent) write_weight(row, data, variable, find);
@@ -181,11 +182,10 @@ int pass_count(int sets, int dependents, int methods) {
 
 }  // namespace
 
-RYXmlWrapperBase report_make_input_data_table_var_row(RYXmlWrapperBase* table, int data, int position,
-                                                      int index, bool dependent, const char* name,
-                                                      int /*sets*/, int pass, int variables, int /*reserved*/,
-                                                      int weightMethod, RYXmlWrapperBase* parameters, int xyz,
-                                                      int parameterIndex) {
+extern "C" RYXmlWrapperBase flagged_report_make_input_data_table_var_row(
+    RYXmlWrapperBase* table, int data, int position, int index, Flag dependent, const char* name,
+    int /*sets*/, int pass, int variables, int /*reserved*/, int weightMethod, RYXmlWrapperBase* parameters,
+    int xyz, int parameterIndex) {
   RYXmlWrapperBase row;
   const CString tag = row_tag(data, variables, position);
   if (table == nullptr || !check_get_child(row, *table, tag, {.id = row_id(data, position)})) return row;
@@ -198,7 +198,7 @@ RYXmlWrapperBase report_make_input_data_table_var_row(RYXmlWrapperBase* table, i
   };
   write_row(row, data,
             {.index = index,
-             .dependent = dependent,
+             .dependent = is_set(dependent),
              .name = name,
              .xyz = xyz != 0,
              .weight_method = weightMethod,
@@ -206,6 +206,8 @@ RYXmlWrapperBase report_make_input_data_table_var_row(RYXmlWrapperBase* table, i
             find);
   return row;
 }
+[[gnu::alias("flagged_report_make_input_data_table_var_row")]] decltype(report_make_input_data_table_var_row)
+    report_make_input_data_table_var_row;
 
 void report_update_input_data_table(RYXmlWrapperBase* table, int data, int sets, int dependents,
                                     int independents, HostArrayObject* dependentNames,

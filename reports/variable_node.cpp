@@ -2,6 +2,7 @@
 #include <rytree_Utils/variable_node.h>
 
 #include "frame/attributes.h"
+#include "frame/flag.h"
 
 namespace {
 
@@ -18,9 +19,15 @@ bool is_kind(RYXmlWrapperBase& node, int kind, bool strict) {
 
 }  // namespace
 
-bool XVarNode_IsInput(RYXmlWrapperBase& node, bool strict) { return is_kind(node, kInput, strict); }
+extern "C" bool flagged_XVarNode_IsInput(RYXmlWrapperBase& node, Flag strict) {
+  return is_kind(node, kInput, is_set(strict));
+}
+[[gnu::alias("flagged_XVarNode_IsInput")]] decltype(XVarNode_IsInput) XVarNode_IsInput;
 
-bool XVarNode_IsOutput(RYXmlWrapperBase& node, bool strict) { return is_kind(node, kOutput, strict); }
+extern "C" bool flagged_XVarNode_IsOutput(RYXmlWrapperBase& node, Flag strict) {
+  return is_kind(node, kOutput, is_set(strict));
+}
+[[gnu::alias("flagged_XVarNode_IsOutput")]] decltype(XVarNode_IsOutput) XVarNode_IsOutput;
 
 int vctree_test_ICOPT_recursively(RYXmlWrapperBase& node, unsigned long mask) {
   for (RYXmlWrapperBase at(node); at.IsNodeValid() != 0; at.GetParent(at)) {

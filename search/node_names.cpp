@@ -3,14 +3,16 @@
 
 #include "frame/attributes.h"
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/host_arrays.h"
 
-CString rytree_get_node_label(RYXmlWrapperBase* node, bool useLabel) {
+extern "C" CString flagged_rytree_get_node_label(RYXmlWrapperBase* node, Flag useLabel) {
   CString label;
-  if (node == nullptr || (useLabel && node->GetPropertyValue(kLabelName, label) != 0)) return label;
+  if (node == nullptr || (is_set(useLabel) && node->GetPropertyValue(kLabelName, label) != 0)) return label;
   node->GetTagName(label);
   return label;
 }
+[[gnu::alias("flagged_rytree_get_node_label")]] decltype(rytree_get_node_label) rytree_get_node_label;
 
 int rytree_get_node_names(RYXmlWrapperBase* node, HostArrayObject* names, int topLevelOnly) {
   CStringArray* const array = open_strings(names);
@@ -19,12 +21,14 @@ int rytree_get_node_names(RYXmlWrapperBase* node, HostArrayObject* names, int to
   return 1;
 }
 
-void vctree_get_node_names(RYXmlWrapperBase* node, CStringArray* names, bool topLevelOnly) {
+extern "C" void flagged_vctree_get_node_names(RYXmlWrapperBase* node, CStringArray* names,
+                                              Flag topLevelOnly) {
   if (node == nullptr || names == nullptr) return;
-  make_room(*names, *node, !topLevelOnly);
-  for (NodesBelow at(*node, !topLevelOnly); at; ++at) {
+  make_room(*names, *node, !is_set(topLevelOnly));
+  for (NodesBelow at(*node, !is_set(topLevelOnly)); at; ++at) {
     const int place = names->GetSize();
     names->SetSize(place + 1);
     at->GetTagName((*names)[place]);
   }
 }
+[[gnu::alias("flagged_vctree_get_node_names")]] decltype(vctree_get_node_names) vctree_get_node_names;

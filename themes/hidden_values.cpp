@@ -6,6 +6,7 @@
 
 #include "frame/attributes.h"
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/host_arrays.h"
 
 namespace {
@@ -45,12 +46,13 @@ void reset_value(RYXmlWrapperBase& node) {
 
 }  // namespace
 
-int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids, bool recursive) {
+extern "C" int flagged_vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* ids,
+                                                       Flag recursive) {
   if (tree == nullptr || ids == nullptr) return 0;
   const SearchedIds searched(*ids);
   const RYPropertyName data_id(kDataIdName);
   int count = 0;
-  for (NodesBelow at(*tree, recursive); at; ++at) {
+  for (NodesBelow at(*tree, is_set(recursive)); at; ++at) {
     int id = -1;
     at->GetPropertyValue(data_id, id);
     if (id <= 0 || !searched.contain(id)) continue;
@@ -59,7 +61,12 @@ int vctree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, CArray<int, int>* id
   }
   return count;
 }
+[[gnu::alias("flagged_vctree_GETN_reset_hidden_values")]] decltype(vctree_GETN_reset_hidden_values)
+    vctree_GETN_reset_hidden_values;
 
-int rytree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, HostArrayObject* ids, bool recursive) {
-  return vctree_GETN_reset_hidden_values(tree, open_ints(ids), recursive);
+extern "C" int flagged_rytree_GETN_reset_hidden_values(RYXmlWrapperBase* tree, HostArrayObject* ids,
+                                                       Flag recursive) {
+  return vctree_GETN_reset_hidden_values(tree, open_ints(ids), is_set(recursive));
 }
+[[gnu::alias("flagged_rytree_GETN_reset_hidden_values")]] decltype(rytree_GETN_reset_hidden_values)
+    rytree_GETN_reset_hidden_values;

@@ -7,6 +7,7 @@
 
 #include "frame/attributes.h"
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/node_text.h"
 
 namespace {
@@ -39,17 +40,21 @@ struct LowIdSearch {
 
 }  // namespace
 
-int rytree_theme_tree_get_node_by_id(RYXmlWrapperBase* out, RYXmlWrapperBase* tree, int id, int depth,
-                                     bool recursive) {
+extern "C" int flagged_rytree_theme_tree_get_node_by_id(RYXmlWrapperBase* out, RYXmlWrapperBase* tree, int id,
+                                                        int depth, Flag recursive) {
   if (out == nullptr || tree == nullptr) return 0;
-  return LowIdSearch{*out, id, recursive}.find(*tree, depth) ? 1 : 0;
+  return LowIdSearch{*out, id, is_set(recursive)}.find(*tree, depth) ? 1 : 0;
 }
+[[gnu::alias("flagged_rytree_theme_tree_get_node_by_id")]] decltype(rytree_theme_tree_get_node_by_id)
+    rytree_theme_tree_get_node_by_id;
 
-int rytree_theme_tree_get_node_by_index(RYXmlWrapperBase* out, RYXmlWrapperBase* tree, int id, int index,
-                                        int depth, bool recursive) {
-  if (index < 1 || rytree_theme_tree_get_node_by_id(out, tree, id, depth, recursive) == 0) return 0;
+extern "C" int flagged_rytree_theme_tree_get_node_by_index(RYXmlWrapperBase* out, RYXmlWrapperBase* tree,
+                                                           int id, int index, int depth, Flag recursive) {
+  if (index < 1 || rytree_theme_tree_get_node_by_id(out, tree, id, depth, is_set(recursive)) == 0) return 0;
   return out->GetNodeCount() < index ? 0 : out->GetChild(*out, index - 1);
 }
+[[gnu::alias("flagged_rytree_theme_tree_get_node_by_index")]] decltype(rytree_theme_tree_get_node_by_index)
+    rytree_theme_tree_get_node_by_index;
 
 int rytree_theme_tree_get_range_from_range_style(RYXmlWrapperBase* style, int* left, int* top, int* right,
                                                  int* bottom) {

@@ -4,7 +4,9 @@
 
 #include <utility>
 
+#include "frame/aliasing.h"
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/host_arrays.h"
 #include "frame/id_index.h"
 #include "frame/node_text.h"
@@ -38,8 +40,9 @@ struct AttributeList {
 int list_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute, bool children_only,
                     Missing missing) {
   if (tree == nullptr || values == nullptr) return -1;
+  const OwnText name(attribute);
   make_room(*values, *tree, !children_only);
-  AttributeList{RYPropertyName(attribute), *values, children_only, missing}.append_below(*tree);
+  AttributeList{RYPropertyName(name), *values, children_only, missing}.append_below(*tree);
   return 0;
 }
 
@@ -65,20 +68,22 @@ struct AttributeStep {
 
 }  // namespace
 
-int VCTreeGetAttributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute,
-                        bool childrenOnly) {
-  return list_attributes(tree, values, attribute, childrenOnly, Missing::kEmpty);
+extern "C" int flagged_VCTreeGetAttributes(RYXmlWrapperBase* tree, CStringArray* values,
+                                           const char* attribute, Flag childrenOnly) {
+  return list_attributes(tree, values, attribute, is_set(childrenOnly), Missing::kEmpty);
 }
+[[gnu::alias("flagged_VCTreeGetAttributes")]] decltype(VCTreeGetAttributes) VCTreeGetAttributes;
 
 int rytree_get_attributes(RYXmlWrapperBase* tree, HostArrayObject* values, const char* attribute,
                           int childrenOnly) {
   return VCTreeGetAttributes(tree, open_strings(values), attribute, childrenOnly != 0);
 }
 
-int vctree_get_attributes(RYXmlWrapperBase* tree, CStringArray* values, const char* attribute,
-                          bool childrenOnly) {
-  return list_attributes(tree, values, attribute, childrenOnly, Missing::kCarried);
+extern "C" int flagged_vctree_get_attributes(RYXmlWrapperBase* tree, CStringArray* values,
+                                             const char* attribute, Flag childrenOnly) {
+  return list_attributes(tree, values, attribute, is_set(childrenOnly), Missing::kCarried);
 }
+[[gnu::alias("flagged_vctree_get_attributes")]] decltype(vctree_get_attributes) vctree_get_attributes;
 
 int VCTreeAttributeValues(RYXmlWrapperBase* tree, const char* attribute, int value,
                           CArray<int, int>* collected, int removeIfNegative, int includeTop) {
@@ -95,11 +100,13 @@ int rytree_attribute_values(RYXmlWrapperBase* tree, const char* attribute, int v
   return VCTreeAttributeValues(tree, attribute, value, open_ints(collected), removeIfNegative, 0);
 }
 
-bool VCTreeSetAttributes(RYXmlWrapperBase* tree, const CArray<int, int>* ids, const char* value,
-                         const char* attribute, const char* matchAttribute, bool recursive) {
+extern "C" bool flagged_VCTreeSetAttributes(RYXmlWrapperBase* tree, const CArray<int, int>* ids,
+                                            const char* value, const char* attribute,
+                                            const char* matchAttribute, Flag recursive) {
   if (tree == nullptr || ids == nullptr) return false;
-  const MatchRule rule = {
-      .attribute = written_name(attribute), .match = match_name(matchAttribute), .recursive = recursive};
+  const MatchRule rule = {.attribute = written_name(attribute),
+                          .match = match_name(matchAttribute),
+                          .recursive = is_set(recursive)};
   MatchTarget target(*tree, rule);
   MatchTexts texts = {.written = {.value = CString(value)}};
   int result = 0;
@@ -110,11 +117,14 @@ bool VCTreeSetAttributes(RYXmlWrapperBase* tree, const CArray<int, int>* ids, co
   target.finish();
   return result != 0;
 }
+[[gnu::alias("flagged_VCTreeSetAttributes")]] decltype(VCTreeSetAttributes) VCTreeSetAttributes;
 
-bool rytree_set_attributes(RYXmlWrapperBase* tree, HostArrayObject* ids, const char* value,
-                           const char* attribute, const char* matchAttribute, bool recursive) {
-  return VCTreeSetAttributes(tree, open_ints(ids), value, attribute, matchAttribute, recursive);
+extern "C" bool flagged_rytree_set_attributes(RYXmlWrapperBase* tree, HostArrayObject* ids, const char* value,
+                                              const char* attribute, const char* matchAttribute,
+                                              Flag recursive) {
+  return VCTreeSetAttributes(tree, open_ints(ids), value, attribute, matchAttribute, is_set(recursive));
 }
+[[gnu::alias("flagged_rytree_set_attributes")]] decltype(rytree_set_attributes) rytree_set_attributes;
 
 int vctree_set_values_by_nodeids(RYXmlWrapperBase* tree, CArray<int, int>* ids, CStringArray* values) {
   if (tree == nullptr || tree->IsNodeValid() == 0) return -1;

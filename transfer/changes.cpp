@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "frame/children.h"
+#include "frame/flag.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
 
@@ -87,13 +88,14 @@ int VCTreeIsSame(CArray<int, int>* first, CArray<int, int>* second) {
   return std::equal(first->begin(), first->end(), second->begin(), second->end()) ? 1 : 0;
 }
 
-int VCTreeGetChanged(CStringArray* first, CStringArray* second, bool caseSensitive) {
+extern "C" int flagged_VCTreeGetChanged(CStringArray* first, CStringArray* second, Flag caseSensitive) {
   if (first == nullptr || second == nullptr) return -1;
   const int size = first->GetSize();
   if (second->GetSize() != size) return -2;
-  const auto compare = caseSensitive ? _mbscmp : _mbsicmp;
+  const auto compare = is_set(caseSensitive) ? _mbscmp : _mbsicmp;
   for (int i = 0; i < size; ++i) {
     if (compare((*first)[i], (*second)[i]) != 0) return i;
   }
   return -1;
 }
+[[gnu::alias("flagged_VCTreeGetChanged")]] decltype(VCTreeGetChanged) VCTreeGetChanged;

@@ -9,6 +9,7 @@
 #include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/children_by_tag.h"
+#include "frame/flag.h"
 
 namespace {
 
@@ -24,23 +25,25 @@ void visit_tags(Walk at, bool leaves_only, const Visit& visit) {
 
 }  // namespace
 
-int rytree_copy_ids_by_tagname(RYXmlWrapperBase* source, RYXmlWrapperBase* dest, bool leavesOnly) {
+extern "C" int flagged_rytree_copy_ids_by_tagname(RYXmlWrapperBase* source, RYXmlWrapperBase* dest,
+                                                  Flag leavesOnly) {
   if (source == nullptr || dest == nullptr) return 0;
   FirstByTag first;
-  visit_tags(NodesOf(*dest), leavesOnly,
+  visit_tags(NodesOf(*dest), is_set(leavesOnly),
              [&](const std::string& key, const RYXmlWrapperBase& node) { first.add(key, node); });
   // All IDs are read before one is written: the nodes may lie in one tree.
   const RYPropertyName data_id(kDataIdName);
   std::vector<std::optional<int>> ids(static_cast<std::size_t>(first.count()));
   int given = 0;
-  visit_tags(NodesBelow(*source), leavesOnly, [&](const std::string& key, const RYXmlWrapperBase& node) {
-    const int number = first.find(key);
-    if (number < 0) return;
-    int id = -1;
-    node.GetPropertyValue(data_id, id);
-    ids[static_cast<std::size_t>(number)] = id;
-    ++given;
-  });
+  visit_tags(NodesBelow(*source), is_set(leavesOnly),
+             [&](const std::string& key, const RYXmlWrapperBase& node) {
+               const int number = first.find(key);
+               if (number < 0) return;
+               int id = -1;
+               node.GetPropertyValue(data_id, id);
+               ids[static_cast<std::size_t>(number)] = id;
+               ++given;
+             });
   for (int number = 0; number < first.count(); ++number) {
     if (const std::optional<int> id = ids[static_cast<std::size_t>(number)]) {
       first.node(number).SetPropertyValue(data_id, *id);
@@ -48,3 +51,5 @@ int rytree_copy_ids_by_tagname(RYXmlWrapperBase* source, RYXmlWrapperBase* dest,
   }
   return given;
 }
+[[gnu::alias(
+    "flagged_rytree_copy_ids_by_tagname")]] decltype(rytree_copy_ids_by_tagname) rytree_copy_ids_by_tagname;

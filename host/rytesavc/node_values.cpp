@@ -1,5 +1,6 @@
 // Attributes and values of a node.
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "node_access.h"
@@ -143,7 +144,13 @@ int RYXmlWrapperBase::NodeValue(double& value, int get) {
 }
 
 int RYXmlWrapperBase::NodeValue(bool& value, int get) {
-  int number = value ? 1 : 0;
+  int number = 0;
+  if (get == 0) {
+    // A caller in another language may have put any byte there, and each but 0 is true.
+    unsigned char byte = 0;
+    std::memcpy(&byte, &value, sizeof byte);
+    number = byte != 0 ? 1 : 0;
+  }
   if (NodeValue(number, get) == 0) return 0;
   if (get != 0) value = number != 0;
   return 1;

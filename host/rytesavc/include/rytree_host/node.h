@@ -178,7 +178,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   int NodeValue(int& value, int get);
   int NodeValue(double& value, int get);
-  /// Read as an int, nonzero is true; written as "1" or "0".
+  /// Read as an int, nonzero is true; written as "1" or "0", where every byte but 0 is true.
   int NodeValue(bool& value, int get);
   /// The text is the numbers with one space between each two, no text being no numbers. A read replaces what
   /// the array held.
