@@ -2,13 +2,19 @@
 #include "reports/localization.h"
 
 #include <rytree_Utils/localization.h>
-#include <rytree_host/framework.h>
 
 #include <array>
+#include <atomic>
+#include <mutex>
 
 namespace {
 
 constexpr int kBufferSize = 32768;
+
+using LocalizeString = void(char* buffer, int size, const char* text, int option);
+
+/// Takes the place of the entry point where that is missing.
+void copy_text(char* buffer, int size, const char* text, int /*option*/) { lstrcpynA(buffer, text, size); }
 
 class Localization {
  public:
@@ -17,43 +23,41 @@ class Localization {
   Localization& operator=(const Localization&) = delete;
   ~Localization() { release(); }
 
-  const char* localize(const char* text) {
-    if (is_there()) {
-      localize_string_(buffer_.data(), kBufferSize, text, 0);
-      buffer_.back() = '\0';
-    } else {
-      lstrcpynA(buffer_.data(), text, kBufferSize);
-    }
-    return buffer_.data();
+  CString localize(const char* text) {
+    LocalizeString* entry = entry_.load(std::memory_order_acquire);
+    if (entry == nullptr) entry = load();
+    std::array<char, kBufferSize> buffer;  // each call has its own
+    buffer.front() = '\0';                 // for an entry point that writes nothing
+    entry(buffer.data(), kBufferSize, text, 0);
+    buffer.back() = '\0';
+    return buffer.data();
   }
 
   void release() {
+    const std::lock_guard lock(loading_);
+    entry_ = nullptr;
     FreeLibrary(module_);
     module_ = nullptr;
-    localize_string_ = nullptr;
-    failed_ = false;
   }
 
  private:
-  using LocalizeString = void(char* buffer, int size, const char* text, int option);
-
-  bool is_there() {
-    if (localize_string_ == nullptr && !failed_) load();
-    return localize_string_ != nullptr;
-  }
-
-  void load() {
+  LocalizeString* load() {
+    const std::lock_guard lock(loading_);
+    if (LocalizeString* const entry = entry_) return entry;
     module_ = LoadLibraryA("ZANmsg.dll");
-    localize_string_ = reinterpret_cast<LocalizeString*>(GetProcAddress(module_, "LocalizeString"));
-    if (localize_string_ != nullptr) return;
-    release();
-    failed_ = true;
+    auto* entry = reinterpret_cast<LocalizeString*>(GetProcAddress(module_, "LocalizeString"));
+    if (entry == nullptr) {
+      FreeLibrary(module_);
+      module_ = nullptr;
+      entry = copy_text;
+    }
+    entry_.store(entry, std::memory_order_release);
+    return entry;
   }
 
+  std::mutex loading_;
   HMODULE module_ = nullptr;
-  LocalizeString* localize_string_ = nullptr;
-  bool failed_ = false;
-  std::array<char, kBufferSize> buffer_{};
+  std::atomic<LocalizeString*> entry_ = nullptr;  // null: not looked for yet
 };
 
 // Made by the first call; unloading the library destroys it.
@@ -64,9 +68,9 @@ Localization& localization() {
 
 }  // namespace
 
-const char* report_localized_text(const char* text) {
-  Localization& state = localization();
-  return VCTreeAccessBlockLocalization(nullptr, true) ? text : state.localize(text != nullptr ? text : "");
+CString report_localized_text(const char* text) {
+  return VCTreeAccessBlockLocalization(nullptr, true) ? CString(text)
+                                                      : localization().localize(text != nullptr ? text : "");
 }
 
 void report_release_localization() { localization().release(); }

@@ -20,8 +20,7 @@
 //
 // Labels, "Dep" and "Indep" are localized unless VCTreeAccessBlockLocalization blocks that. The texts come
 // from "LocalizeString" of the host's module "ZANmsg.dll", which is loaded at the first label and unloaded
-// with this library. If it cannot be loaded the texts stay as they are, and it is not tried again. One thread
-// at a time may make tables.
+// with this library. If it cannot be loaded the texts stay as they are, and it is not tried again.
 
 extern "C" {
 

@@ -1,0 +1,74 @@
+// Threads with trees of their own need no lock, whatever they call. scripts/check runs this under the thread
+// sanitizer.
+#include <barrier>
+#include <thread>
+
+#include "every_export.h"
+
+namespace {
+
+constexpr std::size_t kThreads = 8;
+
+using Outcomes = std::vector<std::string>;  // one for each row of the table
+
+/// Runs all rows from one of them on, with a step before each.
+template <class Step>
+Outcomes outcomes(std::size_t first, Step step) {
+  const std::vector<ExportCall>& table = every_export::table();
+  Outcomes all(table.size());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    step();
+    const std::size_t row = (first + i) % all.size();
+    all[row] = run(table[row]);
+  }
+  return all;
+}
+
+TEST(Threads, CallEveryExportOnTreesOfTheirOwn) {
+  const auto no_step = [] {};
+  // First all call the same export at a time, as nothing is loaded yet that is loaded once; then each another.
+  std::barrier in_step(kThreads);
+  std::vector<Outcomes> found(2 * kThreads);
+  std::vector<std::thread> threads;
+  for (std::size_t i = 0; i < kThreads; ++i) {
+    threads.emplace_back([&, i] {
+      found[2 * i] = outcomes(0, [&] { in_step.arrive_and_wait(); });
+      found[2 * i + 1] = outcomes(29 * i, no_step);
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  const Outcomes expected = outcomes(0, no_step);
+  for (const Outcomes& shown : found) {
+    for (std::size_t row = 0; row < expected.size(); ++row) {
+      EXPECT_EQ(shown[row], expected[row]) << every_export::table()[row].name;
+    }
+  }
+}
+
+/// The labels of a table that has the columns of data, ranges and weights.
+std::string labels_of_a_table() {
+  RYXmlWrapperBase table = parse("<T/>");
+  report_make_input_data_table_var_row(&table, 0, 0, 0, true, "y", 1, 0, 1, 0, 1, nullptr, 0, 0);
+  std::string labels;
+  for (const int cell : {0, 1, 2, 3, 4}) {
+    CString label;
+    at(table, {0, cell}).GetPropertyValue("Label", label);
+    labels.append(label.View()).append("|");
+  }
+  return labels;
+}
+
+TEST(Threads, FillTablesOfTheirOwn) {
+  int wrong[kThreads] = {};
+  std::vector<std::thread> threads;
+  for (int& count : wrong) {
+    threads.emplace_back([&count] {
+      for (int i = 0; i < 500; ++i)
+        count += labels_of_a_table() != "Dep/Indep|Data|Range|Weight Type|Weight Data|" ? 1 : 0;
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (const int count : wrong) EXPECT_EQ(count, 0);
+}
+
+}  // namespace
