@@ -38,7 +38,7 @@ CStringArray child_tags(RYXmlWrapperBase* node) {
 
 /// The prefix alone or with the first number from 1 on, so that with the suffix it is none of the names, case
 /// aside. The suffix is not in the result.
-CString first_free(const CStringArray& names, const char* prefix, const char* suffix) {
+CString first_free(const CStringArray& names, const CString& prefix, const CString& suffix) {
   const TextIndex taken = keys_of(names);
   CString name(prefix);
   for (int number = 1; taken.find(case_key(name + suffix)) >= 0; ++number) {

@@ -82,9 +82,49 @@ void mark_as_data(RYXmlWrapperBase& node, const CString& combo) {
   node.SetPropertyValue(kActionIdName, kDataAction);
 }
 
-void write_value(RYXmlWrapperBase& node, const char* data, double* parameter) {
-  if (data != nullptr) write_text(node, data);
+void write_value(RYXmlWrapperBase& node, const CString* data, double* parameter) {
+  if (data != nullptr) write_text(node, *data);
   if (parameter != nullptr) node.NodeValue(*parameter, 0);
+}
+
+/// What the settings become; null keeps what is stored.
+struct NewValues {
+  const CString* data;
+  double* parameters[kSettingCount - 1];
+};
+
+/// vctree_update_fitter_data_weight_node.
+int update_expanded(RYXmlWrapperBase& parent, int method, unsigned long& change, const NewValues& values,
+                    bool check_same, int disable) {
+  RYXmlWrapperBase method_node;
+  if (!check_get_child(method_node, parent, kMethodTag, {.id = kMethodNodeId})) return 0;
+  parent.SetPropertyValue(kDisable, disable);
+  int stored = 0;
+  if (check_same && method_node.NodeValue(stored, 1) != 0 && stored == method) return 0;
+  method_node.SetShow(0);
+  int needs[kSettingCount] = {};
+  if (rytree_fitter_get_weight_mth_info(method, nullptr, &needs[0], &needs[1], &needs[2], &needs[3]) == 0) {
+    return 0;
+  }
+  method_node.NodeValue(method, 0);
+
+  CString combo;
+  move_combo(parent, combo);
+  int before = 0;
+  int after = 0;
+  for (int i = 0; i < kSettingCount; ++i) {
+    const Setting& setting = kSettings[i];
+    RYXmlWrapperBase child;
+    const CString label = message(setting.message);
+    if (!check_get_child(child, parent, setting.tag, {setting.node_id, kLabelName, label})) continue;
+    if (i == 0) mark_as_data(child, combo);
+    before += is_shown(child) ? 1 : 0;
+    after += needs[i];
+    child.SetShow(needs[i]);
+    write_value(child, i == 0 ? values.data : nullptr, i > 0 ? values.parameters[i - 1] : nullptr);
+  }
+  change = after < before ? 1 : after > before ? 2 : 0;
+  return 1;
 }
 
 }  // namespace
@@ -121,36 +161,9 @@ int VCTreeGetFitterWeightStrings(int method, CString* name, CStringArray* names)
 int vctree_update_fitter_data_weight_node(RYXmlWrapperBase& parent, int method, unsigned long& change,
                                           const char* data, double* a, double* b, double* c, int checkSame,
                                           int disable) {
-  RYXmlWrapperBase method_node;
-  if (!check_get_child(method_node, parent, kMethodTag, {.id = kMethodNodeId})) return 0;
-  parent.SetPropertyValue(kDisable, disable);
-  int stored = 0;
-  if (checkSame != 0 && method_node.NodeValue(stored, 1) != 0 && stored == method) return 0;
-  method_node.SetShow(0);
-  int needs[kSettingCount] = {};
-  if (rytree_fitter_get_weight_mth_info(method, nullptr, &needs[0], &needs[1], &needs[2], &needs[3]) == 0) {
-    return 0;
-  }
-  method_node.NodeValue(method, 0);
-
-  CString combo;
-  move_combo(parent, combo);
-  double* const parameters[kSettingCount] = {nullptr, a, b, c};
-  int before = 0;
-  int after = 0;
-  for (int i = 0; i < kSettingCount; ++i) {
-    const Setting& setting = kSettings[i];
-    RYXmlWrapperBase child;
-    const CString label = message(setting.message);
-    if (!check_get_child(child, parent, setting.tag, {setting.node_id, kLabelName, label})) continue;
-    if (i == 0) mark_as_data(child, combo);
-    before += is_shown(child) ? 1 : 0;
-    after += needs[i];
-    child.SetShow(needs[i]);
-    write_value(child, i == 0 ? data : nullptr, parameters[i]);
-  }
-  change = after < before ? 1 : after > before ? 2 : 0;
-  return 1;
+  const CString text(data);
+  return update_expanded(parent, method, change, {data != nullptr ? &text : nullptr, {a, b, c}},
+                         checkSame != 0, disable);
 }
 
 int vctree_fitter_data_weight_node_compact_to_expanded(RYXmlWrapperBase& expanded,
@@ -168,8 +181,8 @@ int vctree_fitter_data_weight_node_compact_to_expanded(RYXmlWrapperBase& expande
   int disable = 0;
   compact.GetPropertyValue(kDisable, disable);
   unsigned long change = 0;
-  vctree_update_fitter_data_weight_node(expanded, method, change, data, &parameters[1], &parameters[2],
-                                        &parameters[3], /*checkSame=*/0, disable);
+  update_expanded(expanded, method, change, {&data, {&parameters[1], &parameters[2], &parameters[3]}},
+                  /*check_same=*/false, disable);
   return 1;
 }
 

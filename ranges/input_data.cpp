@@ -38,8 +38,8 @@ bool VCTreeCheckAddInputDataBranch(RYXmlWrapperBase* out, RYXmlWrapperBase* pare
     const CString& tag = (*tags)[index];
     RYXmlWrapperBase& child = children[tag.View()];
     if (child.IsNodeValid() == 0) out->AddNode(child, tag, kInputDataId);
-    const char* const label = (*labels)[index].GetString();
-    if (*label != '\0') child.SetPropertyValue(kLabelName, label);
+    const CString& label = (*labels)[index];
+    if (!label.IsEmpty()) child.SetPropertyValue(kLabelName, label);
     if (value == nullptr || (valueIndex >= 0 && valueIndex != index)) continue;
     write_text(child, value);
   }

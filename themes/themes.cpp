@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "frame/aliasing.h"
 #include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/decimal.h"
@@ -43,7 +44,11 @@ bool build_values_tree(RYXmlWrapperBase* target, const CArray<int, int>* ids, co
   CString tag;
   for (int i = 0; i < count; ++i) {
     tag.Format("node%d", ids->GetAt(i));
-    if (target->AddTextNode(child, values->GetAt(i), tag, -1, 0, nullptr) == 0) return false;
+    if (target->AddNode(child, tag, -1) == 0) return false;
+    if (write_text(child, values->GetAt(i)) == 0) {
+      child.RemoveNode();
+      return false;
+    }
     if (i < label_count) child.SetPropertyValue(label, labels->GetAt(i));
   }
   if (comment != nullptr) target->SetPropertyValue("Comment", comment);
@@ -68,6 +73,8 @@ bool save_from_objects(Target target, HostArrayObject* ids, HostArrayObject* val
 void vctree_get_theme(RYXmlWrapperBase* theme, CArray<int, int>* ids, CStringArray* values,
                       CString* comment) {
   if (theme == nullptr || ids == nullptr || values == nullptr) return;
+  // First: it may be one of the values, which move when there are more of them.
+  if (comment != nullptr) theme->GetPropertyValue("Comment", *comment);
   make_room(*ids, *theme, false);
   make_room(*values, *theme, false);
   CString tag;
@@ -78,7 +85,6 @@ void vctree_get_theme(RYXmlWrapperBase* theme, CArray<int, int>* ids, CStringArr
     ids->Add(id_of_tag(tag));
     values->Add(std::move(value));
   }
-  if (comment != nullptr) theme->GetPropertyValue("Comment", *comment);
 }
 
 bool vctree_set_theme(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
@@ -100,11 +106,13 @@ bool rytree_set_theme(RYXmlWrapperBase* node, HostArrayObject* ids, HostArrayObj
 
 bool vctree_read_values_with_ids(const char* file, CArray<int, int>* ids, CStringArray* values,
                                  CString* comment) {
+  RYXmlWrapperBase root;
+  const bool loaded = file != nullptr && root.load(file, 0) != 0;  // first: `file` may be one of the values
+  CString* const kept_comment = unless_element(comment, values);
   if (ids != nullptr) ids->RemoveAll();
   if (values != nullptr) values->RemoveAll();
-  RYXmlWrapperBase root;
-  if (ids == nullptr || values == nullptr || file == nullptr || root.load(file, 0) == 0) return false;
-  vctree_get_theme(&root, ids, values, comment);
+  if (!loaded || ids == nullptr || values == nullptr) return false;
+  vctree_get_theme(&root, ids, values, kept_comment);
   return true;
 }
 

@@ -72,7 +72,7 @@ class MissingNodes {
     source.GetPropertyValue(label_, label);
     RYXmlWrapperBase made;
     if (destination_.AddNode(made, tag, -1) == 0) return;
-    made.SetLabel(label);
+    made.SetPropertyValue(label_, label);
     made.SetDataID(id);
     made_.add(id, 0);
   }

@@ -1,6 +1,7 @@
 // The harvest: the values of a tree read into parallel arrays.
 #include <rytree_Utils/transfer.h>
 
+#include "frame/aliasing.h"
 #include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/host_arrays.h"
@@ -129,7 +130,11 @@ class Harvest {
 }  // namespace
 
 int _tree_get_values_with_ids(RYXmlWrapperBase& node, CArray<int, int>& ids, const _VALUESWITHIDS& record,
-                              const HarvestOptions& options) {
+                              const HarvestOptions& asked) {
+  const OwnText id_attribute(asked.id_attribute);
+  HarvestOptions options = asked;
+  options.id_attribute = id_attribute;
+  options.error = unless_element(unless_element(asked.error, record.values), record.labels);
   ids.RemoveAll();
   if (record.values != nullptr) record.values->RemoveAll();
   make_room(ids, node, options.recursive);

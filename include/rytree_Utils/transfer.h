@@ -73,7 +73,7 @@ extern "C" RYTREE_API int rytree_combine_treenode_id_with_repeat_id(RYXmlWrapper
 /// - `error` (may be null): gets a message about a node without DataID, if `idAttribute` is null and the
 ///   string is still empty, and one about a node whose ID cannot be combined, which replaces any other. Such
 ///   a node is read all the same, under its plain ID, and the repeat number from above stays in force below
-///   it.
+///   it. A string that is an element of an array which the call fills gets nothing.
 /// The number of nodes read; -1, and nothing changed, if `node` is null or invalid or `ids` is null.
 RYTREE_API int vctree_get_values_with_ids(RYXmlWrapperBase* node, CArray<int, int>* ids, CStringArray* values,
                                           int recursive, int changedOnly, int repeat, const char* idAttribute,
