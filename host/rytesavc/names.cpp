@@ -85,11 +85,11 @@ const Name* Tree::Intern(const Name* name, const Tree& of_tree) {
 
 const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
   if (2 * (name_count_ + 1) > name_slots_) GrowNames();
-  const std::size_t room = std::max(name.size() + 1, TextWords::kBytes);
-  void* const block = memory_.Allocate(sizeof(Name) + room);
+  const std::size_t bytes = NameBytes(name.size());
+  void* const block = memory_.Allocate(bytes);
   Name* const added = new (block) Name{static_cast<std::uint32_t>(name.size()), hash, 0, nullptr};
   char* const text = static_cast<char*>(block) + sizeof(Name);
-  std::fill(std::copy(name.begin(), name.end(), text), text + room, '\0');
+  std::fill(std::copy(name.begin(), name.end(), text), static_cast<char*>(block) + bytes, '\0');
   std::uint32_t slot = hash & (name_slots_ - 1);
   while (names_[slot] != nullptr) slot = (slot + 1) & (name_slots_ - 1);
   names_[slot] = added;

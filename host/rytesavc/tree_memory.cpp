@@ -46,16 +46,6 @@ void FreeAll(Block* first) {
 
 }  // namespace
 
-struct TreeMemory::Chunk {
-  Chunk* next;
-  std::size_t unused;  // keeps what follows on a 16-byte boundary
-};
-
-struct TreeMemory::Large {
-  Large* next;
-  Large** link;  // what points here
-};
-
 TreeMemory::~TreeMemory() {
   FreeAll(chunks_);
   FreeAll(large_);
@@ -82,7 +72,7 @@ void TreeMemory::AddChunkFor(std::size_t bytes) {
 
 void TreeMemory::AddChunk(std::size_t bytes) {
   char* const block = static_cast<char*>(AllocateChunk(bytes));
-  chunks_ = new (block) Chunk{chunks_, 0};
+  chunks_ = new (block) Chunk{chunks_, bytes};
   bytes_ += bytes;
   room_ = block + sizeof(Chunk);
   room_end_ = block + bytes;
@@ -92,6 +82,7 @@ void* TreeMemory::AllocateLarge(std::size_t bytes) {
   Large* const large = static_cast<Large*>(AllocateOrThrow(sizeof(Large) + bytes));
   large->next = large_;
   large->link = &large_;
+  large->bytes = bytes;
   if (large_ != nullptr) large_->link = &large->next;
   large_ = large;
   bytes_ += bytes;

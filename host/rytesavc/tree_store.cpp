@@ -13,7 +13,6 @@ namespace {}  // namespace
 // ---- The tree as a whole. Its first chunk is allocated with it, so that a small tree is one block.
 
 Tree* Tree::Create(std::size_t expected_bytes) {
-  constexpr std::size_t kFirstChunk = 1536;
   static_assert(sizeof(Tree) % alignof(Node) == 0);
   char* const block = static_cast<char*>(std::malloc(sizeof(Tree) + kFirstChunk));
   if (block == nullptr) throw std::bad_alloc();

@@ -119,6 +119,11 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int GetTreeSize() const { return IsNodeValid() != 0 ? static_cast<int>(tree_->node_count()) : 0; }
   /// Whether the node has children. The argument has no effect.
   int HasChildren(int) const { return IsNodeValid() != 0 && node_->first != nullptr ? 1 : 0; }
+  /// Whether everything that the tree holds fits together: the links of all nodes, their depths, names, attributes
+  /// and values, every count, and the use of the tree's memory to the last byte. `fault` (may be null) becomes the
+  /// first fault found, or empty. Only a fault of this library or of a program that writes where it must not makes a
+  /// tree unsound. O(n log n), for tests.
+  int IsTreeSound(CString* fault = nullptr) const;
   /// Whether the node is a leaf without text.
   int IsEmpty() const { return IsNodeValid() != 0 && node_->first == nullptr && node_->text.empty() ? 1 : 0; }
 

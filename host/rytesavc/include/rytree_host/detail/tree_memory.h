@@ -56,8 +56,17 @@ class TreeMemory {
   std::size_t bytes() const { return bytes_; }
 
  private:
-  struct Chunk;
-  struct Large;
+  friend class SoundnessCheck;
+  struct Chunk {
+    Chunk* next;
+    std::size_t bytes;  // with this head
+  };
+  struct Large {
+    Large* next;
+    Large** link;  // what points here
+    std::size_t bytes;
+    std::size_t unused;  // keeps what follows on a 16-byte boundary
+  };
   static constexpr std::size_t kStep = 8;
   static constexpr std::size_t kLargest = 512;  // longer blocks are outside the chunks
 

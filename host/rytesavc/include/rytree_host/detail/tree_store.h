@@ -2,6 +2,7 @@
 // RYXmlWrapperBase, so that another host can be put in its place.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -226,7 +227,12 @@ class RYTREE_API Tree {
   Node* root = nullptr;
 
  private:
+  friend class SoundnessCheck;
+  static constexpr std::size_t kFirstChunk = 1536;
   static constexpr std::uint32_t kFirstNames = 32;
+  static std::size_t NameBytes(std::size_t length) {
+    return sizeof(Name) + std::max(length + 1, TextWords::kBytes);
+  }
 
   Tree(char* room, char* room_end) : memory_(room, room_end) {}
   ~Tree() = default;
