@@ -53,6 +53,19 @@ RYXmlWrapperBase make_before(RYXmlWrapperBase& parent, const RYXmlWrapperBase& p
   return made;
 }
 
+/// Copies everything into a new node, which goes again if it cannot take it.
+bool take_content(RYXmlWrapperBase& made, const RYXmlWrapperBase& source) {
+  bool taken = false;
+  try {
+    taken = made.Replace(source, 1, 0, 0) != 0;
+  } catch (...) {
+    made.RemoveNode();
+    throw;
+  }
+  if (!taken) made.RemoveNode();
+  return taken;
+}
+
 }  // namespace
 
 int rytree_append_children(RYXmlWrapperBase* target, RYXmlWrapperBase* source, const char* prefix) {
@@ -93,10 +106,7 @@ int rytree_move_node(RYXmlWrapperBase* tree, int from, int to, int flags, const 
   CString tag;
   moved.GetTagName(tag);
   RYXmlWrapperBase made = make_before(parent, place, tag);
-  if (made.Replace(moved, 1, 0, 0) == 0) {
-    made.RemoveNode();
-    return 0;
-  }
+  if (!take_content(made, moved)) return 0;
   moved.RemoveNode();
   return 1;
 }

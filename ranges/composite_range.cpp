@@ -102,17 +102,33 @@ void renumber_only(RYXmlWrapperBase& tree) {
   }
 }
 
+// Appends copies of the children of `source`, or none if memory runs out.
+void append_copies(RYXmlWrapperBase& target, RYXmlWrapperBase& source) {
+  const int former = target.GetNodeCount();
+  try {
+    for (Children child(source); child; ++child) target.AddNodeCopy(*child, 1);
+  } catch (...) {
+    target.SetSizeTrimFromEnd(former);
+    throw;
+  }
+}
+
 void renumber_and_rename(RYXmlWrapperBase& tree) {
-  RYXmlWrapperBase former;
-  if (tree.Clone(former, 1) == 0) return;
-  tree.RemoveAllChildren();
+  if (tree.IsNodeValid() == 0) return;
+  RYXmlWrapperBase renamed;
+  renamed.CreateNew(1, nullptr);
   int number = 0;
-  for (Children child(former); child; ++child) {
-    child->SetLabel(range_label(++number));
+  for (Children child(tree); child; ++child) {
     RYXmlWrapperBase range;
-    tree.AddNode(range, range_tag(number), -1);
+    renamed.AddNode(range, range_tag(++number), -1);
     range.Replace(*child, 1, 1, 0);
+    range.SetLabel(range_label(number));
     VCTreeSetRepeatId(range, next_repeat_id(range));
+  }
+  append_copies(tree, renamed);
+  for (RYXmlWrapperBase child; number > 0; --number) {
+    tree.FirstChild(child);
+    child.RemoveNode();
   }
 }
 

@@ -40,8 +40,10 @@ bool ParsesAsName(std::string_view name) {
                                at->same = element == at->wanted && *attributes == nullptr;
                              });
   const std::string text = std::string("<").append(name).append("/>");
-  return XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), XML_TRUE) == XML_STATUS_OK &&
-         seen.same;
+  const bool parsed =
+      XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), XML_TRUE) == XML_STATUS_OK;
+  if (!parsed && XML_GetErrorCode(parser.get()) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
+  return parsed && seen.same;
 }
 
 }  // namespace

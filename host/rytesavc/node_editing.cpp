@@ -6,6 +6,7 @@
 
 using rytesavc::Name;
 using rytesavc::Node;
+using rytesavc::OwnedTree;
 using rytesavc::StoredName;
 using rytesavc::Tree;
 
@@ -96,8 +97,9 @@ int RYXmlWrapperBase::AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, 
   }
   const Name* const name = tree_->Intern(StoredName(tag).view());
   if (name == nullptr) return 0;
-  Node* const added = tree_->NewNode(name, id, node_->depth + 1);
-  if (!text.empty()) tree_->SetText(added->text, text);
+  rytesavc::LooseBranch made(*tree_, tree_->NewNode(name, id, node_->depth + 1));
+  if (!text.empty()) tree_->SetText(made.get()->text, text);
+  Node* const added = made.Take();
   tree_->Append(node_, added);
   return out.Point(tree_, added);
 }
@@ -160,23 +162,18 @@ int RYXmlWrapperBase::SetSizeTrimFromEnd(int n) {
 // ---- Whole nodes.
 
 int RYXmlWrapperBase::CreateNew(int, const char* tag) {
-  Tree* const tree = Tree::Create();
+  const OwnedTree tree(Tree::Create());
   const Name* const name = tree->Intern(StoredName(tag != nullptr ? tag : "Root").view());
-  if (name != nullptr) {
-    tree->root = tree->NewNode(name, -1, 1);
-    Point(tree, tree->root);
-  }
-  tree->Release();
-  return name != nullptr ? 1 : 0;
+  if (name == nullptr) return 0;
+  tree->root = tree->NewNode(name, -1, 1);
+  return Point(tree.get(), tree->root);
 }
 
 int RYXmlWrapperBase::Clone(RYXmlWrapperBase& out, int) const {
   if (IsNodeValid() == 0) return 0;
-  Tree* const tree = Tree::Create(node_ == tree_->root ? tree_->expected_bytes() : 0);
+  const OwnedTree tree(Tree::Create(node_ == tree_->root ? tree_->expected_bytes() : 0));
   tree->root = tree->Copy(node_, *tree_, 1);
-  out.Point(tree, tree->root);
-  tree->Release();
-  return 1;
+  return out.Point(tree.get(), tree->root);
 }
 
 int RYXmlWrapperBase::Replace(const RYXmlWrapperBase& src, int, int keepTag, int) {

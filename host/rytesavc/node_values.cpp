@@ -67,17 +67,18 @@ const rytesavc::Name* RYXmlWrapperBase::Intern(const RYPropertyName& name) const
   return known != nullptr ? known : tree_->Intern(rytesavc::StoredName(name.view()).view());
 }
 
-// Finds or makes the attribute and lets `write` fill it. An attribute made for a value that is refused is
-// removed again.
+// Finds or makes the attribute and lets `write` fill it. It is made when nothing can fail any more.
 template <class PropertyName, class Write>
 int RYXmlWrapperBase::WriteAttribute(const PropertyName& name, const Write& write) {
   if (IsNodeValid() == 0) return 0;
   if (rytesavc::Attribute* const found = FindAttribute(name)) return write(found->value) ? 1 : 0;
   const rytesavc::Name* const interned = Intern(name);
   if (interned == nullptr) return 0;
-  if (write(tree_->AppendAttribute(node_, interned))) return 1;
-  tree_->RemoveAttribute(node_, interned);
-  return 0;
+  tree_->ReserveAttribute(node_);
+  Value value;
+  if (!write(value)) return 0;
+  tree_->AppendAttribute(node_, interned) = value;
+  return 1;
 }
 
 int RYXmlWrapperBase::SetPropertyValue(const char* name, int value) {

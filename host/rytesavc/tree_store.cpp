@@ -173,24 +173,29 @@ void Tree::ArrangeChildren(Node* parent, const int* order) {
   }
 }
 
-Node* Tree::CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth) {
-  Node* const copy = NewNode(Intern(source->tag, source_tree), source->id, depth);
-  ReserveAttributes(copy, source->attribute_count);
-  for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
-    const Attribute& from = source->attributes[i];
-    Attribute* const to = new (&copy->attributes[i]) Attribute{Intern(from.name, source_tree), {}};
+// Attributes and text, into a node that has none. What was copied before a failure is the node's.
+inline void Tree::CopyContent(Node* target, const Node* source, const Tree& source_tree) {
+  ReserveAttributes(target, source->attribute_count);
+  struct Count {
+    Node* node;
+    std::uint32_t copied;
+    ~Count() { node->attribute_count = copied; }
+  } count{target, 0};
+  for (; count.copied < source->attribute_count; ++count.copied) {
+    const Attribute& from = source->attributes[count.copied];
+    Attribute* const to =
+        new (&target->attributes[count.copied]) Attribute{Intern(from.name, source_tree), {}};
     CopyValue(to->value, from.value);
   }
-  copy->attribute_count = source->attribute_count;
-  CopyValue(copy->text, source->text);
-  return copy;
+  CopyValue(target->text, source->text);
 }
 
 Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t depth) {
   source_tree.NewStamp();
-  Node* const copy = CopyNode(source, source_tree, depth);
+  LooseBranch copy(*this, NewCopy(source, source_tree, depth));
   const Node* from = source;
-  Node* to = copy;
+  Node* to = copy.get();
+  CopyContent(to, from, source_tree);
   for (;;) {
     if (from->first != nullptr) {
       from = from->first;
@@ -199,26 +204,31 @@ Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t dept
         from = from->parent;
         to = to->parent;
       }
-      if (from == source) return copy;
+      if (from == source) return copy.Take();
       from = from->next;
       to = to->parent;
     }
-    Node* const child = CopyNode(from, source_tree, to->depth + 1);
+    Node* const child = NewCopy(from, source_tree, to->depth + 1);
     Append(to, child);
     to = child;
+    CopyContent(to, from, source_tree);
   }
 }
 
-bool Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_tree) {
-  if (target == source) return true;
+void Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_tree) {
+  if (target == source) return;
   source_tree.NewStamp();
-  for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
-    const Attribute& from = source->attributes[i];
-    Value& to = AddAttribute(target, Intern(from.name, source_tree));
-    if (to.kind() == Value::kLong) FreeText(to);
-    CopyValue(to, from.value);
+  // All that can fail comes before the first change.
+  LooseBranch copy(*this, NewCopy(source, source_tree, 1));
+  CopyContent(copy.get(), source, source_tree);
+  Attribute* const end = copy.get()->attributes + copy.get()->attribute_count;
+  const auto missing = std::count_if(
+      copy.get()->attributes, end, [=](const Attribute& made) { return target->Find(made.name) == nullptr; });
+  ReserveAttributes(target, target->attribute_count + static_cast<std::uint32_t>(missing));
+  for (Attribute* made = copy.get()->attributes; made != end; ++made) {
+    Attribute* const found = target->Find(made->name);
+    std::swap(found != nullptr ? found->value : AppendAttribute(target, made->name), made->value);
   }
-  return true;
 }
 
 Node* Tree::Child(const Node* parent, std::uint32_t index) const {
@@ -311,14 +321,8 @@ void Tree::ReserveAttributes(Node* node, std::uint32_t capacity) {
   if (capacity > node->attribute_capacity) GrowAttributes(node, capacity);
 }
 
-Value& Tree::AddAttribute(Node* node, const Name* name) {
-  Attribute* const found = node->Find(name);
-  return found != nullptr ? found->value : AppendAttribute(node, name);
-}
-
 inline Attribute& Tree::NewAttribute(Node* node, const Name* name) {
-  if (const std::uint32_t count = node->attribute_count; count == node->attribute_capacity)
-    GrowAttributes(node, count < 2 ? 2 : count + count / 2);
+  ReserveAttribute(node);
   Attribute& made = node->attributes[node->attribute_count++];
   made.name = name;
   return made;

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "rytree_host/detail/child_places.h"
 #include "rytree_host/detail/plain_int.h"
@@ -206,7 +207,7 @@ class RYTREE_API Tree {
   void TakeContent(Node* target, Node* source);
   void ArrangeChildren(Node* parent, const int* order);
   Node* Copy(const Node* source, const Tree& source_tree, std::uint32_t depth);
-  bool CopyAttributes(Node* target, const Node* source, const Tree& source_tree);
+  void CopyAttributes(Node* target, const Node* source, const Tree& source_tree);
   Node* Child(const Node* parent, std::uint32_t index) const;
 
   // Values and attributes. A text longer than a value can hold is refused.
@@ -215,8 +216,12 @@ class RYTREE_API Tree {
     if (value.kind() == Value::kLong) FreeText(value);
     value = Value(number);
   }
-  Value& AddAttribute(Node* node, const Name* name);
-  // The same for a name that the node does not have.
+  // Makes room for one more, so that the next AppendAttribute cannot fail.
+  void ReserveAttribute(Node* node) {
+    if (const std::uint32_t count = node->attribute_count; count == node->attribute_capacity)
+      ReserveAttributes(node, count < 2 ? 2 : count + count / 2);
+  }
+  // The value of an attribute that the node does not have yet.
   Value& AppendAttribute(Node* node, const Name* name);
   void AppendInt(Node* node, const Name* name, int number);
   void ReserveAttributes(Node* node, std::uint32_t capacity);
@@ -243,7 +248,10 @@ class RYTREE_API Tree {
   void Unlink(Node* node);
   Attribute& NewAttribute(Node* node, const Name* name);
   void GrowAttributes(Node* node, std::uint32_t capacity);
-  Node* CopyNode(const Node* source, const Tree& source_tree, std::uint32_t depth);
+  Node* NewCopy(const Node* source, const Tree& source_tree, std::uint32_t depth) {
+    return NewNode(Intern(source->tag, source_tree), source->id, depth);
+  }
+  void CopyContent(Node* target, const Node* source, const Tree& source_tree);
   void FreeText(Value& value);
   bool PutLong(Value& value, std::string_view text);
   void FreeNode(Node* node);
@@ -305,5 +313,27 @@ inline Attribute* Tree::NewAttributes(Node* node, std::uint32_t count) {
   node->attribute_count = node->attribute_capacity = count;
   return node->attributes;
 }
+
+struct ReleaseTree {
+  void operator()(Tree* tree) const { tree->Release(); }
+};
+using OwnedTree = std::unique_ptr<Tree, ReleaseTree>;
+
+// A branch that no other node links to. It is freed unless somebody takes it.
+class LooseBranch {
+ public:
+  LooseBranch(Tree& tree, Node* top) : tree_(tree), top_(top) {}
+  LooseBranch(const LooseBranch&) = delete;
+  LooseBranch& operator=(const LooseBranch&) = delete;
+  ~LooseBranch() {
+    if (top_ != nullptr) tree_.Free(top_);
+  }
+  Node* get() const { return top_; }
+  Node* Take() { return std::exchange(top_, nullptr); }
+
+ private:
+  Tree& tree_;
+  Node* top_;
+};
 
 }  // namespace rytesavc

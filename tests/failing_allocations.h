@@ -1,0 +1,82 @@
+// Makes the n-th allocation of the whole program fail, and counts the blocks in use. To be included by one source of a
+// program with one thread: it replaces malloc and its relatives, from which all others take their memory, those of the
+// shared libraries too.
+#pragma once
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdlib>
+
+extern "C" {
+// What is replaced, under its other name.
+void* real_malloc(std::size_t bytes) __asm__(REAL_ALLOCATION "malloc");
+void* real_calloc(std::size_t count, std::size_t bytes) __asm__(REAL_ALLOCATION "calloc");
+void* real_realloc(void* block, std::size_t bytes) __asm__(REAL_ALLOCATION "realloc");
+void* real_memalign(std::size_t step, std::size_t bytes) __asm__(REAL_ALLOCATION "memalign");
+void real_free(void* block) __asm__(REAL_ALLOCATION "free");
+}
+
+/// While it lives, the allocation number `which` from now fails, with `onwards` all later ones too.
+class FailingAllocations {
+ public:
+  FailingAllocations(long which, bool onwards) {
+    left_ = which;
+    onwards_ = onwards;
+    failed_ = 0;
+  }
+  FailingAllocations(const FailingAllocations&) = delete;
+  FailingAllocations& operator=(const FailingAllocations&) = delete;
+  ~FailingAllocations() { left_ = 0; }
+
+  /// How many have failed since the last was made.
+  static long failed() { return failed_; }
+  /// How many blocks the program has.
+  static long blocks() { return blocks_; }
+
+  static bool fails() {
+    if (left_ == 0 || --left_ != 0) return false;
+    if (onwards_) left_ = 1;
+    ++failed_;
+    errno = ENOMEM;
+    return true;
+  }
+  static void* count(void* block) {
+    if (block != nullptr) ++blocks_;
+    return block;
+  }
+  static void free(void* block) {
+    if (block != nullptr) --blocks_;
+    real_free(block);
+  }
+
+ private:
+  static inline constinit long left_ = 0;  // allocations until the one that fails; 0: none does
+  static inline constinit bool onwards_ = false;
+  static inline constinit long failed_ = 0;
+  static inline constinit long blocks_ = 0;
+};
+
+extern "C" {
+[[gnu::visibility("default")]] void* malloc(std::size_t bytes) noexcept {
+  return FailingAllocations::fails() ? nullptr : FailingAllocations::count(real_malloc(bytes));
+}
+[[gnu::visibility("default")]] void* calloc(std::size_t count, std::size_t bytes) noexcept {
+  return FailingAllocations::fails() ? nullptr : FailingAllocations::count(real_calloc(count, bytes));
+}
+[[gnu::visibility("default")]] void* realloc(void* block, std::size_t bytes) noexcept {
+  if (block == nullptr) return malloc(bytes);
+  if (bytes == 0) return FailingAllocations::free(block), nullptr;
+  return FailingAllocations::fails() ? nullptr : real_realloc(block, bytes);
+}
+[[gnu::visibility("default")]] void* aligned_alloc(std::size_t step, std::size_t bytes) noexcept {
+  return FailingAllocations::fails() ? nullptr : FailingAllocations::count(real_memalign(step, bytes));
+}
+[[gnu::visibility("default")]] int posix_memalign(void** block, std::size_t step,
+                                                  std::size_t bytes) noexcept {
+  void* const made = aligned_alloc(step, bytes);
+  if (made == nullptr) return ENOMEM;
+  *block = made;
+  return 0;
+}
+[[gnu::visibility("default")]] void free(void* block) noexcept { FailingAllocations::free(block); }
+}
