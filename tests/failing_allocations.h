@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
+#include <new>
 
 extern "C" {
 // What is replaced, under its other name.
@@ -80,3 +81,18 @@ extern "C" {
 }
 [[gnu::visibility("default")]] void free(void* block) noexcept { FailingAllocations::free(block); }
 }
+
+// The sanitizers' own do not come here.
+[[gnu::visibility("default")]] void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
+  return malloc(bytes);
+}
+[[gnu::visibility("default")]] void* operator new(std::size_t bytes) {
+  void* const block = malloc(bytes);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+[[gnu::visibility("default")]] void* operator new[](std::size_t bytes) { return operator new(bytes); }
+[[gnu::visibility("default")]] void operator delete(void* block) noexcept { free(block); }
+[[gnu::visibility("default")]] void operator delete(void* block, std::size_t) noexcept { free(block); }
+[[gnu::visibility("default")]] void operator delete[](void* block) noexcept { free(block); }
+[[gnu::visibility("default")]] void operator delete[](void* block, std::size_t) noexcept { free(block); }

@@ -75,13 +75,10 @@ const Name* Tree::InternNew(std::string_view name, std::uint32_t hash) {
 }
 
 // Most nodes of a branch that is copied share a few names: each is looked up once in a copy.
-const Name* Tree::Intern(const Name* name, const Tree& of_tree) {
-  if (&of_tree == this) return name;
-  if (name->stamp != of_tree.stamps_) {
-    const Name* const found = FindName(name->view(), name->words(), name->hash);
-    name->copied_as = found != nullptr ? found : AddName(name->view(), name->hash);
-    name->stamp = of_tree.stamps_;
-  }
+const Name* Tree::InternCopy(const Name* name, const Tree& of_tree) {
+  const Name* const found = FindName(name->view(), name->words(), name->hash);
+  name->copied_as = found != nullptr ? found : AddName(name->view(), name->hash);
+  name->stamp = of_tree.stamps_;
   return name->copied_as;
 }
 

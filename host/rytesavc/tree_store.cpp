@@ -215,19 +215,82 @@ Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t dept
   }
 }
 
+// Blocks for long texts that are still to be copied. Each starts with the next block and its own length.
+class Tree::TextBlocks {
+ public:
+  explicit TextBlocks(Tree& tree) : tree_(tree) {}
+  TextBlocks(const TextBlocks&) = delete;
+  TextBlocks& operator=(const TextBlocks&) = delete;
+  ~TextBlocks() {
+    while (first_ != nullptr) {
+      std::uint32_t length = 0;
+      std::memcpy(&length, first_ + sizeof first_, sizeof length);
+      tree_.memory_.Deallocate(Take(), length);
+    }
+  }
+
+  void Add(std::uint32_t length) {
+    static_assert(sizeof(char*) + sizeof length <= Value::kInPlace);
+    constexpr char* kNone = nullptr;
+    char* const block = static_cast<char*>(tree_.Allocate(length));
+    std::memcpy(block, &kNone, sizeof kNone);
+    std::memcpy(block + sizeof kNone, &length, sizeof length);
+    std::memcpy(link_, &block, sizeof block);
+    link_ = block;
+  }
+  // In the order in which they were added.
+  char* Take() {
+    char* const block = first_;
+    std::memcpy(&first_, block, sizeof first_);
+    return block;
+  }
+
+ private:
+  Tree& tree_;
+  char* first_ = nullptr;
+  void* link_ = &first_;  // where the address of the next block goes
+};
+
+namespace {
+
+bool IsSameName(const Name* name, const Name* other) {
+  return name == other || name->Is(other->view(), other->words());
+}
+
+bool AreLongAlike(const Value& value, const Value& other) {
+  return value.kind() == Value::kLong && other.kind() == Value::kLong && value.length() == other.length();
+}
+
+}  // namespace
+
 void Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_tree) {
   if (target == source) return;
   source_tree.NewStamp();
+  // The attributes of the two nodes are probably in the same order.
+  const auto find = [&](std::uint32_t place, const Name* name) {
+    const bool there = place < target->attribute_count && IsSameName(target->attributes[place].name, name);
+    return there ? &target->attributes[place] : target->Find(Intern(name, source_tree));
+  };
   // All that can fail comes before the first change.
-  LooseBranch copy(*this, NewCopy(source, source_tree, 1));
-  CopyContent(copy.get(), source, source_tree);
-  Attribute* const end = copy.get()->attributes + copy.get()->attribute_count;
-  const auto missing = std::count_if(
-      copy.get()->attributes, end, [=](const Attribute& made) { return target->Find(made.name) == nullptr; });
-  ReserveAttributes(target, target->attribute_count + static_cast<std::uint32_t>(missing));
-  for (Attribute* made = copy.get()->attributes; made != end; ++made) {
-    Attribute* const found = target->Find(made->name);
-    std::swap(found != nullptr ? found->value : AppendAttribute(target, made->name), made->value);
+  TextBlocks blocks(*this);
+  std::uint32_t missing = 0;
+  for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
+    const auto& [name, from] = source->attributes[i];
+    const Attribute* const found = find(i, name);
+    if (found == nullptr) ++missing;
+    if (from.kind() == Value::kLong && (found == nullptr || !AreLongAlike(found->value, from)))
+      blocks.Add(from.length());
+  }
+  ReserveAttributes(target, target->attribute_count + missing);
+  for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
+    const auto& [name, from] = source->attributes[i];
+    Attribute* const found = find(i, name);
+    Value& to = found != nullptr ? found->value : AppendAttribute(target, Intern(name, source_tree));
+    if (!AreLongAlike(to, from)) {
+      if (to.kind() == Value::kLong) FreeText(to);
+      to = from.kind() == Value::kLong ? Value(from.length(), blocks.Take()) : from;
+    }
+    if (from.kind() == Value::kLong) std::memcpy(to.long_chars(), from.chars(), from.length());
   }
 }
 

@@ -38,7 +38,8 @@ class CString {
   std::string_view View() const noexcept { return text_; }
   /// `text` must not be a part of this string.
   void Assign(const char* text, std::size_t length) {
-    if (length > text_.capacity()) return std::string(text, length).swap(text_);
+    // What the string holds stays if there is no memory for the text. A shorter one always has room.
+    if (length > 15 && length > text_.capacity()) return std::string(text, length).swap(text_);
     text_.clear();  // then append: twice as fast as an assignment, which looks for an overlap
     text_.append(text, length);
   }

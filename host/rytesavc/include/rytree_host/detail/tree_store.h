@@ -167,7 +167,10 @@ class RYTREE_API Tree {
     const Name* const found = FindName(name, words, hash);
     return found != nullptr ? found : InternNew(name, hash);
   }
-  const Name* Intern(const Name* name, const Tree& of_tree);
+  const Name* Intern(const Name* name, const Tree& of_tree) {
+    if (&of_tree == this) return name;
+    return name->stamp == of_tree.stamps_ ? name->copied_as : InternCopy(name, of_tree);
+  }
   // The steps of these, for callers that have a name's words and hash. InternNew is for a name that was not found.
   static std::uint32_t Hash(std::string_view name, const TextWords& words) {
     return name.size() <= TextWords::kBytes ? Hash(words) : HashLong(name);
@@ -233,6 +236,7 @@ class RYTREE_API Tree {
 
  private:
   friend class SoundnessCheck;
+  class TextBlocks;
   static constexpr std::size_t kFirstChunk = 1536;
   static constexpr std::uint32_t kFirstNames = 32;
   static std::size_t NameBytes(std::size_t length) {
@@ -257,6 +261,7 @@ class RYTREE_API Tree {
   void FreeNode(Node* node);
   void FreeContent(Node* node);
   void CopyValue(Value& target, const Value& source);
+  const Name* InternCopy(const Name* name, const Tree& of_tree);
   static std::uint32_t HashLong(std::string_view name);
   const Name* AddName(std::string_view name, std::uint32_t hash);
   void GrowNames();
