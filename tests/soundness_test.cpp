@@ -15,10 +15,11 @@ struct Inside {
 
 RYXmlWrapperBase sample() {
   const std::string large(600, 'x');
-  RYXmlWrapperBase tree = parse("<R a=\"a text of some length\" b=\"2\"><B c=\"" + large +
-                                "\"><L>the text of a leaf</L><M d=\"short\"/></B><E/><gone><x/></gone></R>");
+  RYXmlWrapperBase tree =
+      parse("<R a=\"a text of some length\" b=\"2\"><B c=\"" + large +
+            "\"><L>the text of a leaf</L><M d=\"short\"/></B><E/><F/><gone><x/></gone></R>");
   RYXmlWrapperBase node;
-  tree.GetChild(node, 2);
+  tree.GetChild(node, 3);
   node.RemoveNode();
   tree.GetChild(node, 1);
   return tree;
@@ -69,11 +70,12 @@ TEST(Soundness, TellsEveryKindOfFault) {
            R{"a block is lost",
              [](const Inside& in) { in.root.attribute_capacity = in.root.attribute_count = 0; }},
            R{"a large block is lost", [](const Inside& in) { in.branch.attributes[0].value = {}; }},
-           R{"the child seen last is at another place",
+           R{"a child that was looked up is at another place",
              [](const Inside& in) {
                Node* const second = in.branch.next;
-               in.root.first = second, second->back = &in.branch, second->next = &in.branch;
-               in.branch.back = second, in.branch.next = nullptr;
+               Node* const third = second->next;
+               in.root.first = second, second->back = third, second->next = &in.branch;
+               in.branch.back = second, in.branch.next = third, third->back = &in.branch;
              }},
        }) {
     RYXmlWrapperBase handle = sample();

@@ -98,8 +98,9 @@ OutputFile::~OutputFile() {
 
 bool OutputFile::Open() {
   target_ = path_;
-  return Ok("cannot follow the link", FollowLinks()) && Ok("cannot write", LookAtTarget()) &&
-         (CreateUnnamed() == 0 || Ok("cannot write", CreateNamed()));
+  if (!Ok("cannot follow the link", FollowLinks())) return false;
+  folder_ = FolderOf(target_);
+  return Ok("cannot write", LookAtTarget()) && (CreateUnnamed() == 0 || Ok("cannot write", CreateNamed()));
 }
 
 bool OutputFile::Write(std::string_view content) { return Ok("cannot write", Append(content)); }
@@ -141,9 +142,8 @@ int OutputFile::LookAtTarget() {
 }
 
 int OutputFile::CreateUnnamed() {
-  const std::filesystem::path folder = FolderOf(target_);
   const int error = Repeated([&] {
-    return descriptor_ = open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, FirstMode(replaces_));
+    return descriptor_ = open(folder_.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, FirstMode(replaces_));
   });
   if (error != 0) return error;
   flock(descriptor_, LOCK_EX | LOCK_NB);
@@ -208,13 +208,15 @@ int OutputFile::Link(const std::filesystem::path& path) const {
 // For the systems that make a file without a name and then do not give it one.
 int OutputFile::CopyToNamed() {
   constexpr std::size_t kAtOnce = std::size_t{1} << 30U;
-  const int unnamed = std::exchange(descriptor_, -1);
+  const struct Unnamed {
+    int descriptor;
+    ~Unnamed() { close(descriptor); }
+  } unnamed{std::exchange(descriptor_, -1)};
   int error = CreateNamed();
   off_t at = 0;
   for (ssize_t copied = 1; error == 0 && copied != 0;) {
-    error = Repeated([&] { return copied = sendfile(descriptor_, unnamed, &at, kAtOnce); });
+    error = Repeated([&] { return copied = sendfile(descriptor_, unnamed.descriptor, &at, kAtOnce); });
   }
-  close(unnamed);
   return error;
 }
 
@@ -244,8 +246,7 @@ int OutputFile::TakeTarget() {
   }
   // Flushes the folder's entry, where the file system can do that.
   int folder = -1;
-  const std::filesystem::path path = FolderOf(target_);
-  Repeated([&] { return folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+  Repeated([&] { return folder = open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
   if (folder < 0) return 0;
   Repeated([&] { return fsync(folder); });
   close(folder);

@@ -72,8 +72,9 @@ class OutputFile {
 
   std::string path_;  // as the caller wrote it
   std::filesystem::path target_;
-  bool replaces_ = false;  // whether there is an old file
-  unsigned mode_ = 0;      // of the old file, as are the next two
+  std::filesystem::path folder_;  // of the target
+  bool replaces_ = false;         // whether there is an old file
+  unsigned mode_ = 0;             // of the old file, as are the next two
   unsigned owner_ = 0;
   unsigned group_ = 0;
   std::filesystem::path beside_;  // the name beside the target, while the file has it

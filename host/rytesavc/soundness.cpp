@@ -146,6 +146,8 @@ bool SoundnessCheck::CheckNode(const Node* node) {
 
 // The children's links to one another and to their parent.
 bool SoundnessCheck::CheckLinks(const Node* node) {
+  static constexpr char kSeenFault[] = "a child that was looked up is at another place";
+  const ChildPlaces::Place seen = tree_.places_.Find(node, node->child_count);
   std::uint32_t count = 0;
   const Node* before = nullptr;
   for (const Node* child = node->first; child != nullptr; child = child->next) {
@@ -155,17 +157,13 @@ bool SoundnessCheck::CheckLinks(const Node* node) {
     if (!Expect(child->depth == node->depth + 1 && child->depth <= Tree::kMaxDepth, "a depth is wrong"))
       return false;
     if (!Expect(++count <= node->child_count, "a count of children is wrong")) return false;
-    if (node == tree_.seen_parent_ && child == tree_.seen_child_ &&
-        !Expect(count == tree_.seen_index_ + 1, "the child seen last is at another place")) {
-      return false;
-    }
+    if (child == seen.child && !Expect(count == seen.index + 1, kSeenFault)) return false;
     before = child;
   }
   return Expect(node->first == nullptr || node->first->back == before,
                 "the link to the last child is wrong") &&
          Expect(count == node->child_count, "a count of children is wrong") &&
-         Expect(node != tree_.seen_parent_ || tree_.seen_child_->parent == node,
-                "the child seen last is not there");
+         Expect(seen.child == nullptr || seen.child->parent == node, kSeenFault);
 }
 
 bool SoundnessCheck::CheckContent(const Node* node) {
