@@ -13,7 +13,10 @@
 // - Two node arguments come in one order in some functions and in the other in others; the comment of each
 //   begins with it ("Order: `out`, `parent`.").
 // - Arrays that are filled are appended to. A read of an attribute that is missing leaves the variable alone.
-// - What was changed before a failure stays changed. Nothing throws; failures are results.
+// - What was changed before a failure stays changed. Failures are results. The only exception thrown here is
+//   std::bad_alloc, when memory runs out: nothing has leaked then, every tree is sound, and what was changed
+//   before stays changed. No single operation of a node is left half done. Files and XML text that cannot be
+//   read or written for lack of memory give the failure result.
 // - An out node may be the start node. Trees and arrays stay the caller's.
 // - A tree and an array belong to one thread at a time; different trees on different threads need no lock.
 #pragma once
