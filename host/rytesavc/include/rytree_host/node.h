@@ -47,7 +47,7 @@ struct RYXmlPassedOver {
 /// - An `out` may be the handle itself. On a valid handle a step to a node that is not there makes `out`
 ///   invalid.
 /// - An operation that fails changes nothing. When memory runs out it changes nothing either and throws
-///   std::bad_alloc; load, Save and SetXmlText give 0 instead. None makes a tree deeper than 1,024 levels.
+///   std::bad_alloc; load, Save, SetXmlText and GetXmlText give 0 instead. None makes a tree deeper than 1,024 levels.
 /// - Tags and attribute names are XML names, compare byte for byte, and are in the default code page as all
 ///   strings are (SetDefaultCodePage). One that the page has no characters for is refused. The names "_NodeID"
 ///   and "_NodeEscape" belong to the file form and are refused.
