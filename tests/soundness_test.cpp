@@ -47,7 +47,7 @@ TEST(Soundness, TellsEveryKindOfFault) {
              }},
            R{"a node is dead", [](const Inside& in) { in.leaf.generation = 0; }},
            R{"nodes are counted that the tree does not hold",
-             [](const Inside& in) { in.tree.NewNode(in.leaf.tag, -1, 2); }},
+             [](const Inside& in) { in.tree.Copy(&in.leaf, in.tree, 2); }},
            R{"the tree holds nodes that are not counted",
              [](const Inside& in) { in.tree.Free(in.leaf.next), in.leaf.next->next = nullptr; }},
            R{"a tag is no name of the tree",
