@@ -233,8 +233,8 @@ TEST(Arguments, TextMayBeInAnArrayThatTheCallFills) {
       R{"",
         [](S& s) {
           s.values[0] = s.file.c_str();
-          s.tree.Save(s.values[0]);
-          vctree_read_values_with_ids(s.values[0], &s.ids, &s.values, &s.values[0]);
+          EXPECT_TRUE(s.tree.Save(s.values[0]) != 0 &&
+                      vctree_read_values_with_ids(s.values[0], &s.ids, &s.values, &s.values[0]));
         },
         texts},
       R{"Plot_of_more_than_a_few_letters",
