@@ -182,9 +182,8 @@ std::size_t NarrowCharacters::Skip(std::string_view text, std::size_t from,
   return static_cast<std::size_t>(at - text.data());
 }
 
-// Whether the text splits no character wherever it is found.
-bool NarrowCharacters::IsWhole(std::string_view wanted) const noexcept {
-  if (wanted.empty() || (StandsAlone(wanted.front()) && StandsAlone(wanted.back()))) return true;
+// The same for what has bytes that can be parts of a character at its ends.
+bool NarrowCharacters::EndsWhole(std::string_view wanted) const noexcept {
   if (page_ != nullptr) return false;
   const char* at = wanted.data();
   if (Next(at, wanted.size()) >= utf8::kStray) return false;

@@ -33,7 +33,9 @@ std::string Formatted(const char* format, std::va_list arguments) {
 int Found(std::string_view text, std::string_view wanted, std::size_t start) {
   if (start > text.size()) return -1;
   const NarrowCharacters characters;
-  while (start > 0 && !wanted.empty() && characters.StartOf(text, start) != start) ++start;
+  if (start > 0 && !characters.IsWhole(wanted)) {
+    while (characters.StartOf(text, start) != start) ++start;
+  }
   return Position(characters.Find(text, wanted, start));
 }
 
@@ -100,6 +102,7 @@ void CString::AppendFormat(const char* format, ...) {
 int CString::Find(const char* text, int start) const { return Found(View(), Narrow(text), Count(start)); }
 
 int CString::Find(char character, int start) const noexcept {
+  if (NarrowCharacters().StandsAlone(character)) return Position(View().find(character, Count(start)));
   return Found(View(), {&character, 1}, Count(start));
 }
 

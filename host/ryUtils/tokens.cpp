@@ -12,8 +12,12 @@ namespace {
 const char* TokenEnd(const char* text, char separator, char quote, bool& unpaired) {
   const NarrowCharacters characters;
   for (const char* next = text; *text; text = next) {
-    characters.Next(next);
-    if (next - text > 1) continue;
+    if (static_cast<unsigned char>(*text) < 0x80) {
+      ++next;
+    } else {
+      characters.Next(next);
+      if (next - text > 1) continue;
+    }
     if (*text == separator) break;
     if (!quote || *text != quote) continue;
     if (const char* partner = _mbschr(text + 1, quote)) {

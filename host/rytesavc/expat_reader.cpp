@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 
-#include "charset.h"
 #include "declared_entities.h"
 #include "failure.h"
 #include "rytree_host/utf8.h"
@@ -36,6 +35,8 @@ class Reader {
   Reader(XmlBuilder& builder, const char* encoding);
 
   bool Read(XmlInput& input);
+  // What the text declares, if Expat does not know that.
+  const std::string& unknown_encoding() const { return unknown_encoding_; }
 
  private:
   template <class Work>
@@ -74,6 +75,7 @@ class Reader {
   const char* problem_ = nullptr;  // why the text is refused
   TextPosition place_;             // and where
   std::string lack_;
+  std::string unknown_encoding_;
 };
 
 Reader::Reader(XmlBuilder& builder, const char* encoding)
@@ -124,7 +126,7 @@ Reader::Reader(XmlBuilder& builder, const char* encoding)
                                              const XML_Char*) { return static_cast<int>(XML_STATUS_ERROR); });
   XML_SetSkippedEntityHandler(
       parser, [](void* self, const XML_Char*, int) { static_cast<Reader*>(self)->Stop("undefined entity"); });
-  XML_SetUnknownEncodingHandler(parser, OnUnknownEncoding, nullptr);
+  XML_SetUnknownEncodingHandler(parser, OnUnknownEncoding, this);
 }
 
 // Expat is C: nothing may be thrown through it. Some handlers still run after the reader has given up.
@@ -190,26 +192,19 @@ void Reader::Count(std::size_t bytes) {
   if (content_ > kFreeContent + kContentPerByte * fed_) Stop("the entities expand to too much");
 }
 
-int Reader::OnUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
-  const std::string_view all(name);
-  const auto is = [all](std::string_view start) {
-    return all.size() > start.size() && std::equal(start.begin(), start.end(), all.begin(),
-                                                   [](char a, char b) { return a == (b | 0x20); });
-  };
-  if (!is("windows-125") && !is("cp125") && !is("iso-8859-")) return XML_STATUS_ERROR;
-  encoding->data = nullptr;
-  encoding->convert = nullptr;
-  encoding->release = nullptr;
-  return SingleByteCodes(name, encoding->map) ? XML_STATUS_OK : XML_STATUS_ERROR;
+int Reader::OnUnknownEncoding(void* self, const XML_Char* name, XML_Encoding*) {
+  Guard(self, [name](Reader& reader) { reader.unknown_encoding_ = name; });
+  return XML_STATUS_ERROR;
 }
 
 void Reader::Start(const char* tag, const char** attributes) {
   std::size_t bytes = kCostOfMarkup;
-  if (!IsInPage(tag)) return;
+  const bool has_page = builder_.page() != nullptr;
+  if (has_page && !IsInPage(tag)) return;
   builder_.Begin();
   for (const char** at = attributes; *at != nullptr; at += 2) {
     const std::string_view value(at[1]);
-    if (!IsInPage(at[0]) || !IsInPage(value)) return;
+    if (has_page && (!IsInPage(at[0]) || !IsInPage(value))) return;
     Check(builder_.Attribute(builder_.AttributeName(NameText(at[0])), value));
     bytes += kCostOfMarkup + value.size();
   }
@@ -258,7 +253,11 @@ bool Reader::Accepted(XML_Status status) {
     problem_ = XML_ErrorString(XML_GetErrorCode(parser_.get()));
     place_ = Place();
   }
-  NoteFailure(problem_ != nullptr ? problem_ : "unknown error", place_);
+  if (unknown_encoding_.empty()) {
+    NoteFailure(problem_ != nullptr ? problem_ : "unknown error", place_);
+  } else {
+    NoteFailure("unknown encoding '" + unknown_encoding_ + "'", place_);
+  }
   return false;
 }
 
@@ -280,8 +279,11 @@ bool Reader::Read(XmlInput& input) {
 
 }  // namespace
 
-bool ReadWithExpat(XmlInput& input, XmlBuilder& builder, const char* encoding) {
-  return Reader(builder, encoding).Read(input);
+bool ReadWithExpat(XmlInput& input, XmlBuilder& builder, const char* encoding, std::string* unknown) {
+  Reader reader(builder, encoding);
+  const bool done = reader.Read(input);
+  if (unknown != nullptr) *unknown = reader.unknown_encoding();
+  return done;
 }
 
 }  // namespace rytesavc

@@ -48,16 +48,8 @@ std::string LackOf(char32_t code, const CodePage& page) {
   return text;
 }
 
-void MoveFailure(std::string_view text, const CodePage& page) {
-  const char* at = text.data();
-  std::string utf8;
-  for (long long left = last.position.offset; left > 0 && at != text.data() + text.size();) {
-    utf8.clear();
-    utf8::append(utf8, page.Next(at, static_cast<std::size_t>(text.data() + text.size() - at)));
-    left -= static_cast<long long>(utf8.size());
-  }
-  if (last.position.offset > 0) last.position.offset = at - text.data();
-}
+long long FailureOffset() { return last.position.offset; }
+void MoveFailure(long long offset) { last.position.offset = offset; }
 
 void NotePassedOver(const RYXmlPassedOver& what) { passed_over = what; }
 

@@ -23,8 +23,10 @@ void NoteSystemFailure(std::string_view step, std::string_view path, int error);
 
 // "U+03C0 is not in code page 1252".
 std::string LackOf(char32_t code, const CodePage& page);
-// A place in the UTF-8 form of a text in that page becomes the place in the text.
-void MoveFailure(std::string_view text, const CodePage& page);
+
+// The offset of the failure, which is moved where another form of the text was read than the one that was given.
+long long FailureOffset();
+void MoveFailure(long long offset);
 
 void NotePassedOver(const RYXmlPassedOver& what);
 

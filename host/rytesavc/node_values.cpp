@@ -58,6 +58,10 @@ void RYXmlWrapperBase::AssignNumber(int from, CString& to) {
   to.Assign(text.view().data(), text.view().size());
 }
 
+rytesavc::Attribute* RYXmlWrapperBase::FindAttributeInPage(const char* name) const {
+  return node_->Find(rytesavc::StoredName(name).view());
+}
+
 const rytesavc::Name* RYXmlWrapperBase::Intern(const char* name) const {
   return name != nullptr ? tree_->Intern(rytesavc::StoredName(name).view()) : nullptr;
 }

@@ -47,6 +47,20 @@ bool ConvertFromPage(std::string_view text, const CodePage& page, std::string& u
   return false;
 }
 
+// The failure has its place in the UTF-8 form of the text.
+void MoveFailureToPage(std::string_view text, const CodePage& page) {
+  if (rytesavc::FailureOffset() <= 0) return;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  std::string utf8;
+  for (long long left = rytesavc::FailureOffset(); left > 0 && at != end;) {
+    utf8.clear();
+    utf8::append(utf8, page.Next(at, static_cast<std::size_t>(end - at)));
+    left -= static_cast<long long>(utf8.size());
+  }
+  rytesavc::MoveFailure(at - text.data());
+}
+
 }  // namespace
 
 int RYXmlWrapperBase::GetXmlText(CString* text) const {
@@ -84,7 +98,7 @@ int RYXmlWrapperBase::SetXmlText(const char* text) {
     Tree* const tree = NodeAccess::tree(*this);
     Node* const made = rytesavc::ReadXml(page != nullptr ? utf8 : xml, *tree, node->depth, page);
     if (made != nullptr) tree->TakeContent(node, made);
-    if (made == nullptr && page != nullptr) rytesavc::MoveFailure(xml, *page);
+    if (made == nullptr && page != nullptr) MoveFailureToPage(xml, *page);
     return made != nullptr;
   });
 }

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <string>
 
+#include "encodings.h"
 #include "expat_reader.h"
 #include "failure.h"
 #include "plain_reader.h"
@@ -31,9 +33,21 @@ Node* ReadPlain(XmlInput& input, Tree& tree, std::uint32_t depth, const CodePage
 }
 
 Node* ReadWithExpat(XmlInput& input, Tree& tree, std::uint32_t depth, const CodePage* page,
-                    const char* encoding) {
+                    const char* encoding, std::string* unknown = nullptr) {
   XmlBuilder builder(tree, depth, page);
-  return ReadWithExpat(input, builder, encoding) ? Take(builder) : nullptr;
+  return ReadWithExpat(input, builder, encoding, unknown) ? Take(builder) : nullptr;
+}
+
+// A file in an encoding that Expat does not know.
+Node* ReadConverted(InputFile& file, Tree& tree, const CodePage* page, const char* charset) {
+  ClearFailure();
+  if (!file.Rewind()) return nullptr;
+  ConvertedInput converted(file, charset);
+  if (Node* const top = ReadWithExpat(converted, tree, 1, page, "UTF-8")) return top;
+  const long long offset = FailureOffset();
+  if (offset > 0 && !converted.has_failed() && file.Rewind())
+    MoveFailure(PlaceBeforeConversion(file, charset, offset));
+  return nullptr;
 }
 
 }  // namespace
@@ -54,7 +68,9 @@ Tree* ReadXml(InputFile& file, const CodePage* page) {
   tree.reset();
   if (!file.Rewind()) return nullptr;
   tree.reset(Tree::Create());
-  tree->root = ReadWithExpat(file, *tree, 1, page, nullptr);
+  std::string declared;
+  tree->root = ReadWithExpat(file, *tree, 1, page, nullptr, &declared);
+  if (const char* const charset = CharsetOf(declared)) tree->root = ReadConverted(file, *tree, page, charset);
   return tree->root != nullptr ? tree.release() : nullptr;
 }
 

@@ -85,12 +85,16 @@ class RYTREE_API NarrowCharacters {
   }
   /// The start of the character that the byte at `place` belongs to; `place` at the end of the text.
   std::size_t StartOf(std::string_view text, std::size_t place) const noexcept;
+  /// Whether `wanted` splits no character wherever it is found.
+  bool IsWhole(std::string_view wanted) const noexcept {
+    return wanted.empty() || (StandsAlone(wanted.front()) && StandsAlone(wanted.back())) || EndsWhole(wanted);
+  }
   /// The first place at or after `start`, where a character starts, at which `wanted` is found as whole characters.
   std::size_t Find(std::string_view text, std::string_view wanted, std::size_t start) const;
 
  private:
   std::size_t Skip(std::string_view text, std::size_t from, std::size_t place) const noexcept;
-  bool IsWhole(std::string_view wanted) const noexcept;
+  bool EndsWhole(std::string_view wanted) const noexcept;
   std::size_t FindCharacters(std::string_view text, std::string_view wanted, std::size_t start) const;
 
   const CodePage* page_ = CodePage::Default();

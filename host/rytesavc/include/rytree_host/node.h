@@ -301,7 +301,10 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// last steps over an old file, it is ".NAME.unfinished-save-0" beside the target (or 1, 2, … if others save
   /// to it). A process that is killed there leaves that file, and the next Save to the same path removes it.
   [[nodiscard]] int Save(const char* path) const;
-  /// Puts the handle on the root of the tree in the file. The int has no effect.
+  /// Puts the handle on the root of the tree in the file. The int has no effect. The file is in UTF-8, in UTF-16
+  /// with a byte order mark, or in the encoding that its XML declaration names, under any of its usual names in
+  /// any case: ASCII, ISO 8859, Windows 125x, KOI8-R and -U, CP437 to CP866, Shift_JIS, EUC-JP, GB2312, GBK,
+  /// GB18030, Big5, EUC-KR. Another encoding is refused.
   ///
   /// Not in the tree, and so not in a file that it is saved to, are comments, processing instructions, a DOCTYPE
   /// with the entities it declares, and the places of text among children: all text of a node is put together.
@@ -338,8 +341,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   rytesavc::Attribute* FindAttribute(const char* name) const {
     if (IsNodeValid() == 0 || name == nullptr) return nullptr;
-    if (CodePage::Default() == nullptr) return node_->Find(std::string_view(name));
-    return node_->Find(rytesavc::StoredName(name).view());
+    return CodePage::Default() == nullptr ? node_->Find(std::string_view(name)) : FindAttributeInPage(name);
   }
   rytesavc::Attribute* FindAttribute(const RYPropertyName& name) const {
     if (IsNodeValid() == 0) return nullptr;
@@ -371,6 +373,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   static int ParseDouble(const rytesavc::Value& from, double& to);
   static void AssignNumber(int from, CString& to);
 
+  rytesavc::Attribute* FindAttributeInPage(const char* name) const;
   int GetTagNameInPage(CString& tag) const;
   const rytesavc::Name* Intern(const char* name) const;
   const rytesavc::Name* Intern(const RYPropertyName& name) const;

@@ -1,0 +1,52 @@
+// The encodings that XML files declare, besides those that Expat reads by itself.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "failure.h"
+#include "xml_input.h"
+
+namespace rytesavc {
+
+// The platform's name of a declared encoding, whatever its case and punctuation; null for one that is not known.
+const char* CharsetOf(std::string_view declared);
+
+// Text of another encoding, read as UTF-8.
+class ConvertedInput : public XmlInput {
+ public:
+  ConvertedInput(XmlInput& input, const char* charset);
+  ~ConvertedInput() override;
+
+  // Fails, and notes where, at bytes that are no character.
+  bool Read(char* to, std::size_t room, std::size_t& length) override;
+  std::size_t size() const override { return input_.size(); }
+  // Where in `input` the end of what was read is.
+  long long place() const { return place_; }
+  bool has_failed() const { return has_failed_; }
+
+ private:
+  bool is_known() const;  // to the system
+  bool Fill();
+  bool Fail();
+  void Count(std::string_view converted);
+
+  XmlInput& input_;
+  const char* charset_;
+  std::vector<char> raw_;
+  void* handle_;
+  std::size_t start_ = 0;  // of what is not converted yet
+  std::size_t end_ = 0;
+  bool is_last_ = false;  // nothing comes after what is in raw_
+  bool is_done_ = false;
+  bool has_failed_ = false;
+  long long place_ = 0;
+  int line_ = 1;
+  int column_ = 1;
+};
+
+// Where a place in the UTF-8 form of the input is in the input, which is read from its start.
+long long PlaceBeforeConversion(XmlInput& input, const char* charset, long long place);
+
+}  // namespace rytesavc
