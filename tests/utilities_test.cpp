@@ -12,6 +12,7 @@
 #include <random>
 #include <string_view>
 
+#include "rytree_host/code_page.h"
 #include "rytree_host/modules.h"
 #include "rytree_host/multibyte.h"
 #include "tree_text.h"
@@ -186,6 +187,13 @@ TEST(Localization, ComesFromItsModule) {
     EXPECT_STREQ(buffer, wanted);
   }
   localize(nullptr, 20, "plain", 0);
+  for (const auto& [page, wanted] :
+       Rows<int, const char*>{{1252, "h\xF4te"}, {1251, "host"}, {65001, "hôte"}}) {
+    char buffer[20];
+    ASSERT_TRUE(CodePage::SetDefault(page));
+    localize(buffer, sizeof buffer, "host", 0);
+    EXPECT_STREQ(buffer, wanted);
+  }
   std::setlocale(LC_ALL, "C");
   std::filesystem::remove_all(folder);
 

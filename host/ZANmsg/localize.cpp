@@ -2,35 +2,31 @@
 // service.
 #include <libintl.h>
 
-#include <algorithm>
-#include <cstddef>
-#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "rytree_host/code_page.h"
+#include "rytree_host/multibyte.h"
 
 namespace {
 
-// The length of `text` cut to `most` bytes, or to fewer where that would split a character.
-std::size_t CutLength(const char* text, std::size_t most) {
-  std::size_t length = std::strlen(text);
-  if (length <= most) return length;
-  constexpr std::size_t kLongestTail = 3;
-  const std::size_t least = most - std::min(most, kLongestTail);
-  for (length = most; length > least; --length) {
-    if ((static_cast<unsigned char>(text[length]) & 0xC0U) != 0x80) break;
-  }
-  return length;
+// The localized text in the encoding of narrow strings, or the text itself where there is none.
+std::string Localized(const char* text) {
+  bind_textdomain_codeset("rytree", "UTF-8");
+  const char* const localized = dgettext("rytree", text);
+  const CodePage* const page = CodePage::Default();
+  if (localized == text || page == nullptr) return localized;
+  std::string in_page;
+  return page->FromUtf8(localized, in_page) == std::string_view(localized).size() ? in_page : text;
 }
 
 }  // namespace
 
-/// Fills `buffer` of `size` bytes with the localized text, or the text itself where there is none: always
-/// ended with a NUL, and cut where it is too long, but never inside a UTF-8 character. Null `text` counts as
-/// empty.
+/// Fills `buffer` of `size` bytes with the localized text, or the text itself where there is none or the default
+/// page lacks one of its characters: always ended with a NUL, and cut where it is too long, but never inside a
+/// character. Null `text` counts as empty.
 extern "C" __attribute__((visibility("default"))) void LocalizeString(char* buffer, int size,
                                                                       const char* text, int /*option*/) {
-  if (!buffer || size < 1) return;
   // An empty text would ask for the head of the catalogue.
-  const char* const localized = text && *text ? dgettext("rytree", text) : "";
-  const std::size_t length = CutLength(localized, static_cast<std::size_t>(size) - 1);
-  std::memmove(buffer, localized, length);
-  buffer[length] = '\0';
+  lstrcpynA(buffer, text && *text ? Localized(text).c_str() : "", size);
 }
