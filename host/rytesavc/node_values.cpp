@@ -59,6 +59,7 @@ void RYXmlWrapperBase::AssignNumber(int from, CString& to) {
 }
 
 rytesavc::Attribute* RYXmlWrapperBase::FindAttributeInPage(const char* name) const {
+  if (IsNodeValid() == 0 || name == nullptr) return nullptr;
   return node_->Find(rytesavc::StoredName(name).view());
 }
 

@@ -340,8 +340,9 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   }
 
   rytesavc::Attribute* FindAttribute(const char* name) const {
-    if (IsNodeValid() == 0 || name == nullptr) return nullptr;
-    return CodePage::Default() == nullptr ? node_->Find(std::string_view(name)) : FindAttributeInPage(name);
+    if (CodePage::Default() != nullptr) [[unlikely]]
+      return FindAttributeInPage(name);
+    return IsNodeValid() != 0 && name != nullptr ? node_->Find(std::string_view(name)) : nullptr;
   }
   rytesavc::Attribute* FindAttribute(const RYPropertyName& name) const {
     if (IsNodeValid() == 0) return nullptr;
@@ -373,8 +374,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   static int ParseDouble(const rytesavc::Value& from, double& to);
   static void AssignNumber(int from, CString& to);
 
-  rytesavc::Attribute* FindAttributeInPage(const char* name) const;
-  int GetTagNameInPage(CString& tag) const;
+  [[gnu::cold]] rytesavc::Attribute* FindAttributeInPage(const char* name) const;
+  [[gnu::cold]] int GetTagNameInPage(CString& tag) const;
   const rytesavc::Name* Intern(const char* name) const;
   const rytesavc::Name* Intern(const RYPropertyName& name) const;
   int AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, std::string_view text);
