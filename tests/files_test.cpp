@@ -150,6 +150,7 @@ TEST_F(Files, InDeclaredEncodingsAreRead) {
       {"Windows-1251 CP1251", "\xE9", "й"},
       {"KOI8-R koi8-u", "\xCA", "й"},
       {"IBM866 cp866", "\xA9", "й"},
+      {"MacCyrillic x-mac-cyrillic", "\xE9", "й"},
       {"Shift_JIS shift-jis SJIS x-sjis Windows-31J", "\x83\x5C\x5C", "ソ\\"},
       {"EUC-JP eucJP", "\xA5\xBD\x8F\xB0\xA1", "ソ丂"},
       {"GBK gb2312 GB18030", "\xB0\xA1", "啊"},

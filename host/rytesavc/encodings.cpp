@@ -53,6 +53,7 @@ constexpr Charset kCharsets[] = {
     {"CP855", " cp855 ibm855 "},
     {"CP866", " cp866 ibm866 "},
     {"MACINTOSH", " macintosh mac macroman xmacroman "},
+    {"MAC-CYRILLIC", " maccyrillic xmaccyrillic "},
     {"CP932", " shiftjis sjis xsjis mskanji csshiftjis windows31j cswindows31j cp932 ms932 windows932 "},
     {"EUC-JP", " eucjp xeucjp ujis "},
     // Files that are declared as one of the older sets hold characters of the newest, which has them all.
