@@ -57,6 +57,8 @@ class FailingAllocations {
   static inline constinit long blocks_ = 0;
 };
 
+// One source alone includes this, so there is one definition of each.
+// NOLINTBEGIN(misc-definitions-in-headers)
 extern "C" {
 [[gnu::visibility("default")]] void* malloc(std::size_t bytes) noexcept {
   return FailingAllocations::fails() ? nullptr : FailingAllocations::count(real_malloc(bytes));
@@ -96,3 +98,4 @@ extern "C" {
 [[gnu::visibility("default")]] void operator delete(void* block, std::size_t) noexcept { free(block); }
 [[gnu::visibility("default")]] void operator delete[](void* block) noexcept { free(block); }
 [[gnu::visibility("default")]] void operator delete[](void* block, std::size_t) noexcept { free(block); }
+// NOLINTEND(misc-definitions-in-headers)
