@@ -238,10 +238,10 @@ class Tree::TextBlocks {
     std::memcpy(link_, &block, sizeof block);
     link_ = block;
   }
-  // In the order in which they were added.
+  // In the order in which they were added; null after the last.
   char* Take() {
     char* const block = first_;
-    std::memcpy(&first_, block, sizeof first_);
+    if (block != nullptr) std::memcpy(&first_, block, sizeof first_);
     return block;
   }
 
