@@ -75,7 +75,7 @@ char* lstrcpynA(char* buffer, const char* text, int size) noexcept {
   const auto most = static_cast<std::size_t>(size) - 1;
   const std::string_view seen(text ? text : "", text ? strnlen(text, most + kLongestCharacter) : 0);
   const std::size_t length = NarrowCharacters().StartOf(seen, most);
-  if (length) std::memmove(buffer, text, length);
+  if (length) std::memmove(buffer, seen.data(), length);
   buffer[length] = '\0';
   return buffer;
 }
