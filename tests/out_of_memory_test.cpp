@@ -13,39 +13,54 @@ namespace {
 
 using S = ExportScene;
 
-// How much room a tree has left when the call begins.
-// With kLarge every node has a text that lies outside the tree's chunks.
-enum class Room { kAsItIs, kNone, kNoName, kLarge };
+// How a call finds the memory of its trees: as it is, without any room, without room for one more name, or with a
+// long text at every node, which lies in a block of its own.
+enum class Room { kAsItIs, kNone, kNoName, kLongTexts };
 
-// Uses up the room of a tree by names that nothing has: most of it by long ones, what is left by short ones.
-void use_up(const RYXmlWrapperBase& top, Room room) {
-  if (room == Room::kAsItIs || top.IsNodeValid() == 0) return;
-  RYXmlWrapperBase node(top);
-  if (room == Room::kLarge) {
-    const std::string large(600, 'x');
-    for (int there = 1; there != 0; there = node.NextBelow(node, top))
-      node.SetPropertyValue("Large", large.c_str());
-    return;
-  }
-  int count = 0;
-  const auto add = [&](std::size_t length) {
-    const std::string number = std::to_string(++count);
+// Gives a tree names that nothing in it has. They take up room for good.
+class NameAdder {
+ public:
+  explicit NameAdder(const RYXmlWrapperBase& top) : node_(top) {}
+
+  void add(std::size_t length) {
+    const std::string number = std::to_string(++count_);
     const std::string name = "n" + std::string(length - std::min(length, number.size()), '_') + number;
-    node.SetPropertyValue(name.c_str(), 0);
-    node.RemoveProperty(name.c_str());
-  };
-  const std::uint32_t names = NodeAccess::tree(node)->name_count();
-  if (room == Room::kNoName) {
-    for (std::uint32_t i = names; i < (names < 16 ? 16 : 32); ++i) add(1);
-    return;
+    node_.SetPropertyValue(name.c_str(), 0);
+    node_.RemoveProperty(name.c_str());
   }
-  for (std::uint32_t i = names; i < 20; ++i) add(1);
-  for (const std::size_t length : {440U, 200U, 90U, 40U, 16U, 1U}) {
-    try {
-      const FailingAllocations none(1, true);
-      for (;;) add(length);
-    } catch (const std::bad_alloc&) {
+  void add_until(std::uint32_t names) {
+    while (NodeAccess::tree(node_)->name_count() < names) add(1);
+  }
+  // Uses up the room, first by long names, then what is left by shorter ones.
+  void fill() {
+    for (const std::size_t length : {440U, 200U, 90U, 40U, 16U, 1U}) {
+      try {
+        const FailingAllocations none(1, true);
+        for (;;) add(length);
+      } catch (const std::bad_alloc&) {
+      }
     }
+  }
+
+ private:
+  RYXmlWrapperBase node_;
+  int count_ = 0;
+};
+
+void prepare_room(const RYXmlWrapperBase& top, Room room) {
+  constexpr std::uint32_t kFewNames = 16;  // the table of names has to grow for one more
+  if (top.IsNodeValid() == 0) return;
+  NameAdder names(top);
+  if (room == Room::kNone) {
+    names.add_until(kFewNames + 4);
+    names.fill();
+  } else if (room == Room::kNoName) {
+    names.add_until(NodeAccess::tree(top)->name_count() < kFewNames ? kFewNames : 2 * kFewNames);
+  } else if (room == Room::kLongTexts) {
+    const std::string text(600, 'x');
+    RYXmlWrapperBase node(top);
+    for (int there = 1; there != 0; there = node.NextBelow(node, top))
+      node.SetPropertyValue("Long", text.c_str());
   }
 }
 
@@ -57,7 +72,7 @@ struct Figures {
 struct Run {
   Run(const ExportCall& its_row, Room room) : row(its_row), scene(row.xml) {
     if (row.prepare != nullptr) row.prepare(scene);
-    for (const RYXmlWrapperBase* tree : trees()) use_up(*tree, room);
+    for (const RYXmlWrapperBase* tree : trees()) prepare_room(*tree, room);
     before = scene.show();
   }
   std::array<const RYXmlWrapperBase*, 4> trees() const {
@@ -128,7 +143,7 @@ std::string fault_of(Run& run, const Run& model, const Promise& promise, long wh
 
 void fail_each(const ExportCall& row, const Promise& promise, Figures& figures) {
   SCOPED_TRACE(row.name);
-  for (const Room room : {Room::kAsItIs, Room::kNone, Room::kNoName, Room::kLarge}) {
+  for (const Room room : {Room::kAsItIs, Room::kNone, Room::kNoName, Room::kLongTexts}) {
     Run model(row, room);
     model.call(0, false);
     EXPECT_EQ(model.result, row.expected);
