@@ -184,7 +184,7 @@ std::ptrdiff_t count_files() {
   };
   const std::string process = std::to_string(getpid());
   return count("/proc/self/fd", "") + count(ExportScene::scratch_folder(), "every_export." + process) +
-         count(ExportScene::scratch_folder(), ".save-" + process);
+         count(ExportScene::scratch_folder(), ".every_export." + process);
 }
 
 TEST(OutOfMemory, LeavesTreesSoundAfterEveryExport) {
