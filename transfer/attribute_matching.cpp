@@ -3,6 +3,8 @@
 
 #include <rytree_Utils/homologous.h>
 
+#include <algorithm>
+
 #include "frame/attributes.h"
 #include "frame/children.h"
 #include "frame/node_text.h"
@@ -58,14 +60,14 @@ struct MatchedCopy {
       } else if (child->GetPropertyValue(match, texts.match) != 0) {
         read_text(*child, texts.written.value);
         read_extra(*child, in_target, texts);
-        result = target.write(texts);
+        result = target.write(texts, in_target);
       }
     }
     return result;
   }
   void read_extra(const RYXmlWrapperBase& leaf, bool in_target, MatchTexts& texts) const {
     if (extra.empty()) return;
-    if (const CString* const queued = in_target ? target.queued_extra(leaf, texts.match) : nullptr) {
+    if (const CString* const queued = in_target ? target.queued_extra(texts.match) : nullptr) {
       texts.written.extra = *queued;
     } else {
       leaf.GetPropertyValue(extra, texts.written.extra);
@@ -82,8 +84,10 @@ bool lies_in(const RYXmlWrapperBase& node, const RYXmlWrapperBase& target, bool 
 
 }  // namespace
 
-bool MatchRule::writes_match() const {
-  return !match.empty() && (match.view() == attribute.view() || match.view() == extra.view());
+const CString* MatchRule::written_match(const MatchTexts::Written& written) const {
+  if (match.empty()) return nullptr;
+  if (match.view() == extra.view()) return &written.extra;
+  return match.view() == attribute.view() ? &written.value : nullptr;
 }
 
 RYPropertyName written_name(const char* attribute) {
@@ -94,8 +98,8 @@ RYPropertyName match_name(const char* match) {
   return RYPropertyName(match != nullptr ? match : kDataIdName);
 }
 
-int MatchTarget::write(const MatchTexts& texts) {
-  if (!searched_ || rule_.writes_match()) {
+int MatchTarget::write(const MatchTexts& texts, bool from_inside) {
+  if (!searched_) {
     searched_ = true;
     return MatchSearch{rule_, texts}.walk(target_);
   }
@@ -104,31 +108,93 @@ int MatchTarget::write(const MatchTexts& texts) {
     index_below(target_, text);
     indexed_ = true;
   }
-  const int number = find(texts.match);
-  if (number < 0) return 0;
-  Group& group = groups_[static_cast<std::size_t>(number)];
-  if (group.queued < 0) {
-    group.queued = static_cast<int>(queue_.size());
-    queue_.push_back(texts.written);
-  } else {
-    queue_[static_cast<std::size_t>(group.queued)] = texts.written;
-  }
-  return group.last >= counting_from_ ? 1 : 0;
+  return rule_.all ? write_all(texts, from_inside) : write_first(texts);
 }
 
-const CString* MatchTarget::queued_extra(const RYXmlWrapperBase& node, const CString& match) const {
-  if (queue_.empty()) return nullptr;
-  const int number = find(match);
+int MatchTarget::write_first(const MatchTexts& texts) {
+  const int number = number_of(texts.match);
+  if (number < 0 || places_[static_cast<std::size_t>(number)].empty()) return 0;
+  Places& places = places_[static_cast<std::size_t>(number)];
+  const int first = places.top();
+  write_texts(entries_[static_cast<std::size_t>(first)].node, rule_, texts.written);
+  if (const CString* const match = rule_.written_match(texts.written)) {
+    places.pop();
+    places_[static_cast<std::size_t>(add_text(*match))].push(first);
+  }
+  return 1;
+}
+
+int MatchTarget::write_all(const MatchTexts& texts, bool from_inside) {
+  int number = number_of(texts.match);
+  if (number < 0) return 0;
+  // A node inside may have moved on since its text was read.
+  if (from_inside) number = group_at(top_of(first_holders_[static_cast<std::size_t>(number)])).text;
+  const int holder = holders_[static_cast<std::size_t>(number)];
+  if (holder < 0) return 0;
+  Group& group = group_at(holder);
+  const bool counts = group.last >= counting_from_;
+  queue(group, texts.written);
+  if (const CString* const match = rule_.written_match(texts.written)) move(holder, add_text(*match));
+  return counts ? 1 : 0;
+}
+
+void MatchTarget::queue(Group& group, const MatchTexts::Written& written) {
+  if (group.queued < 0) {
+    group.queued = static_cast<int>(queue_.size());
+    queue_.push_back(written);
+  } else {
+    queue_[static_cast<std::size_t>(group.queued)] = written;
+  }
+}
+
+/// Gives the nodes of a group another text, which those of another group may have.
+void MatchTarget::move(int group, int text) {
+  holders_[static_cast<std::size_t>(group_at(group).text)] = -1;
+  int& holder = holders_[static_cast<std::size_t>(text)];
+  if (holder >= 0) {
+    const int both = static_cast<int>(groups_.size());
+    groups_.push_back({.last = std::max(group_at(group).last, group_at(holder).last), .text = text});
+    group_at(group).above = group_at(holder).above = both;
+    group = both;
+  }
+  group_at(group).text = text;
+  holder = group;
+}
+
+/// The group above all others that this one's nodes are in. What is queued for those in between is brought down on
+/// the way, so that the next way is shorter.
+int MatchTarget::top_of(int group) {
+  for (;;) {
+    Group& at = group_at(group);
+    if (at.above < 0) return group;
+    const Group& above = group_at(at.above);
+    if (above.above < 0) return at.above;
+    if (above.queued >= 0) at.queued = above.queued;
+    group = at.above = above.above;
+  }
+}
+
+const CString* MatchTarget::queued_extra(const CString& match) {
+  const int number = queue_.empty() ? -1 : number_of(match);
   if (number < 0) return nullptr;
-  const Group& group = groups_[static_cast<std::size_t>(number)];
-  if (group.queued < 0 || (!rule_.all && !(entries_[group.last].node == node))) return nullptr;
-  return &queue_[static_cast<std::size_t>(group.queued)].extra;
+  int group = first_holders_[static_cast<std::size_t>(number)];
+  top_of(group);
+  int queued = -1;
+  for (; group >= 0; group = group_at(group).above) {
+    if (group_at(group).queued >= 0) queued = group_at(group).queued;
+  }
+  return queued >= 0 ? &queue_[static_cast<std::size_t>(queued)].extra : nullptr;
 }
 
 void MatchTarget::finish() {
   if (queue_.empty()) return;
+  // From the top down: a group made of others comes after them.
+  for (auto group = groups_.rbegin(); group != groups_.rend(); ++group) {
+    if (group->above >= 0 && group_at(group->above).queued >= 0)
+      group->queued = group_at(group->above).queued;
+  }
   for (Entry& entry : entries_) {
-    const int queued = groups_[static_cast<std::size_t>(entry.group)].queued;
+    const int queued = group_at(entry.group).queued;
     if (queued >= 0) write_texts(entry.node, rule_, queue_[static_cast<std::size_t>(queued)]);
   }
   queue_.clear();
@@ -145,16 +211,36 @@ void MatchTarget::index_below(const RYXmlWrapperBase& node, CString& text) {
 }
 
 void MatchTarget::index_one(const RYXmlWrapperBase& node, const CString& text) {
-  const int number = rule_.case_sensitive ? texts_.add(text.GetString()) : texts_.add(case_key(text));
-  const auto group = static_cast<std::size_t>(number);
-  if (group < groups_.size() && !rule_.all) return;
-  if (group == groups_.size()) groups_.emplace_back();
-  groups_[group].last = entries_.size();
-  entries_.push_back({node, number});
+  const int number = add_text(text);
+  const std::size_t place = entries_.size();
+  if (!rule_.all) {
+    places_[static_cast<std::size_t>(number)].push(static_cast<int>(place));
+    entries_.push_back({node, -1});
+    return;
+  }
+  int& holder = holders_[static_cast<std::size_t>(number)];
+  if (holder < 0) {
+    holder = first_holders_[static_cast<std::size_t>(number)] = static_cast<int>(groups_.size());
+    groups_.push_back({.last = place, .text = number});
+  }
+  group_at(holder).last = place;
+  entries_.push_back({node, holder});
 }
 
-int MatchTarget::find(const CString& match) const {
-  return rule_.case_sensitive ? texts_.find(match.GetString()) : texts_.find(case_key(match));
+int MatchTarget::number_of(const CString& text) const {
+  return rule_.case_sensitive ? texts_.find(text.GetString()) : texts_.find(case_key(text));
+}
+
+int MatchTarget::add_text(const CString& text) {
+  const int number = rule_.case_sensitive ? texts_.add(text.GetString()) : texts_.add(case_key(text));
+  const auto count = static_cast<std::size_t>(texts_.count());
+  if (rule_.all) {
+    holders_.resize(count, -1);
+    first_holders_.resize(count, -1);
+  } else {
+    places_.resize(count);
+  }
+  return number;
 }
 
 int rytree_copy_values_to_attributes_by_attribute_matching(RYXmlWrapperBase* source, RYXmlWrapperBase* target,

@@ -112,7 +112,7 @@ extern "C" bool flagged_VCTreeSetAttributes(RYXmlWrapperBase* tree, const CArray
   int result = 0;
   for (const int id : *ids) {
     texts.match = kelp_number_to_text(id);
-    result = target.write(texts);
+    result = target.write(texts, false);
   }
   target.finish();
   return result != 0;

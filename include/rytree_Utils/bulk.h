@@ -44,7 +44,7 @@ extern "C" RYTREE_API int rytree_attribute_values(RYXmlWrapperBase* tree, const 
 /// - the result is about the last ID alone: true if it matched a node which, with `recursive`, comes after
 ///   the last node that has children; false for no IDs or a null array;
 /// - where `attribute` is the `matchAttribute`, an ID may match what an earlier one wrote.
-/// Linear in nodes and IDs together, but in the last case in their product.
+/// Linear in nodes and IDs together.
 RYTREE_API bool VCTreeSetAttributes(RYXmlWrapperBase* tree, const CArray<int, int>* ids, const char* value,
                                     const char* attribute, const char* matchAttribute, bool recursive);
 

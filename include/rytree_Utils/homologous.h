@@ -56,7 +56,7 @@ extern "C" {
 /// has children count, though all are written.
 ///
 /// If `matchAttribute` is `attribute` or `extraAttribute` as well, later leaves are compared with the new
-/// text. The cost is then the product of the two trees, otherwise linear in both together.
+/// text. Linear in both trees together.
 RYTREE_API int rytree_copy_values_to_attributes_by_attribute_matching(
     RYXmlWrapperBase* source, RYXmlWrapperBase* target, const char* attribute, const char* matchAttribute,
     const char* extraAttribute, int recursive, int all, int caseSensitive);
