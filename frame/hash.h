@@ -18,14 +18,27 @@ inline std::uint64_t hash_word(std::uint64_t word, std::uint64_t seed) {
   return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
 }
 
+template <class Word>
+std::uint64_t load(const char* from) {
+  Word word;
+  std::memcpy(&word, from, sizeof word);
+  return word;
+}
+
 inline std::uint64_t hash_text(std::string_view text, std::uint64_t seed) {
+  const char* const end = text.data() + text.size();
   std::uint64_t hash = text.size();
-  std::uint64_t word = 0;
-  for (; text.size() > sizeof word; text.remove_prefix(sizeof word)) {
-    std::memcpy(&word, text.data(), sizeof word);
-    hash = hash_word(hash ^ word, seed);
+  std::uint64_t last = 0;
+  if (text.size() >= 8) {
+    for (const char* at = text.data(); end - at > 8; at += 8) {
+      hash = hash_word(hash ^ load<std::uint64_t>(at), seed);
+    }
+    last = load<std::uint64_t>(end - 8);
+  } else if (text.size() >= 4) {
+    last = load<std::uint32_t>(text.data()) << 32 | load<std::uint32_t>(end - 4);
+  } else if (!text.empty()) {
+    last = load<std::uint8_t>(text.data()) << 16 | load<std::uint8_t>(end - text.size() / 2 - 1) << 8 |
+           load<std::uint8_t>(end - 1);
   }
-  word = 0;
-  if (!text.empty()) std::memcpy(&word, text.data(), text.size());
-  return hash_word(hash ^ word, seed);
+  return hash_word(hash ^ last, seed);
 }
