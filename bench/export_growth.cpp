@@ -44,4 +44,5 @@ void register_rows(std::span<const GrowthRow> rows, const std::vector<int>& size
 void register_export_growth(const std::vector<int>& sizes, int rounds) {
   register_rows(reading_rows(), sizes, rounds);
   register_rows(writing_rows(), sizes, rounds);
+  register_rows(hard_input_rows(), sizes, rounds);
 }

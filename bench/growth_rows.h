@@ -15,3 +15,5 @@ struct GrowthRow {
 /// ways. An export that only forwards to another is measured by that one's row.
 std::span<const GrowthRow> reading_rows();
 std::span<const GrowthRow> writing_rows();
+/// The same, with node operations, for inputs that are hard to work on.
+std::span<const GrowthRow> hard_input_rows();
