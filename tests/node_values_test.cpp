@@ -1,12 +1,15 @@
 // The values and attributes of the host's nodes: which texts are numbers, and what written values read as.
+#include <malloc.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <climits>
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <locale>
 #include <map>
+#include <random>
 #include <sstream>
 #include <vector>
 
@@ -129,6 +132,60 @@ TEST(NodeValues, HoldOtherKinds) {
     EXPECT_EQ(from_string.CheckSetValue(9, CString("v"), f), stored);
     for (const Node& node : {from_text, from_string}) EXPECT_EQ(text(node), xml);
   }
+}
+
+TEST(NodeValues, AreAsManyAsWanted) {
+  std::mt19937 random(11);
+  Node top = parse("<t/>");
+  std::vector<std::pair<std::string, int>> expected;
+  int most = 60;
+  for (int round = 0; round < 30000; ++round) {
+    if (round % 3000 == 0) most = most == 60 ? 300 : 60;
+    const std::string name = "n" + std::to_string(random() % 400);
+    const auto at =
+        std::find_if(expected.begin(), expected.end(), [&](const auto& one) { return one.first == name; });
+    const bool there = at != expected.end();
+    int value = -1;
+    ASSERT_EQ(top.GetPropertyValue(name.c_str(), value), there ? 1 : 0);
+    ASSERT_EQ(value, there ? at->second : -1);
+    if (static_cast<int>(expected.size()) > most || random() % 8 == 0) {
+      const std::string gone = random() % 2 != 0 || expected.empty() ? name : expected.back().first;
+      ASSERT_EQ(top.RemoveProperty(RYPropertyName(gone.c_str())),
+                std::erase_if(expected, [&](const auto& one) { return one.first == gone; }));
+    } else if (there) {
+      top.SetPropertyValue(name.c_str(), at->second = round);
+    } else if (static_cast<int>(expected.size()) < most) {
+      top.SetPropertyValue(RYPropertyName(name.c_str()), round);
+      expected.emplace_back(name, round);
+    }
+    if (round % 500 == 0) {
+      std::string xml = "<t";
+      for (const auto& [key, number] : expected) xml += " " + key + "=\"" + std::to_string(number) + "\"";
+      ASSERT_EQ(text(top), xml + "/>");
+      // The same attributes from a reader, and copied.
+      ASSERT_EQ(top.SetXmlText(text(top).c_str()), 1);
+      if (round % 1500 == 0) top.Clone(top, 1);
+    }
+  }
+}
+
+// What mallinfo2 knows nothing of, as with a sanitizer's own heap, is not tested.
+TEST(NodeValues, UseTheMemoryOfTheirFormerTextsAgain) {
+  constexpr std::size_t kTexts = 1000;
+  constexpr std::size_t kLongest = 512;
+  std::vector<Node> nodes(kTexts);
+  Node top = parse("<t/>");
+  for (Node& node : nodes) top.AddNode(node, "c", -1);
+  const std::size_t before = mallinfo2().uordblks;
+  for (int turn = 0; turn < 2; ++turn) {
+    for (std::size_t length = 13; length <= kLongest; length += 5) {
+      for (Node& node : nodes) node.CheckSetValue(0, std::string(length, 'x').c_str(), 0);
+    }
+    for (std::size_t length = kLongest; length > 13; length /= 2) {
+      for (Node& node : nodes) node.CheckSetValue(0, std::string(length, 'x').c_str(), 0);
+    }
+  }
+  EXPECT_LT(mallinfo2().uordblks - before, 4 * kTexts * kLongest);
 }
 
 TEST(NodeValues, KeepTheOrderOfTheirFirstWriting) {

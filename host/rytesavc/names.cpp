@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <memory>
 #include <new>
 #include <string>
@@ -57,6 +58,10 @@ bool IsName(std::string_view name) {
   return std::any_of(name.begin(), name.end(), [](char c) { return static_cast<signed char>(c) < 0; }) &&
          ParsesAsName(name);
 }
+
+const Word Tree::kHashSeed =
+    static_cast<Word>(std::chrono::steady_clock::now().time_since_epoch().count()) * 0x9E3779B97F4A7C15 ^
+    static_cast<Word>(reinterpret_cast<std::uintptr_t>(&Tree::kHashSeed));
 
 std::uint32_t Tree::HashLong(std::string_view name) {
   TextWords all;

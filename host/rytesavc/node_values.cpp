@@ -58,9 +58,11 @@ void RYXmlWrapperBase::AssignNumber(int from, CString& to) {
   to.Assign(text.view().data(), text.view().size());
 }
 
-rytesavc::Attribute* RYXmlWrapperBase::FindAttributeInPage(const char* name) const {
+// By the name as the tree stores it, which is looked up there first.
+rytesavc::Attribute* RYXmlWrapperBase::FindStoredAttribute(const char* name) const {
   if (IsNodeValid() == 0 || name == nullptr) return nullptr;
-  return node_->Find(rytesavc::StoredName(name).view());
+  const rytesavc::Name* const found = tree_->FindName(rytesavc::StoredName(name).view());
+  return found != nullptr ? node_->Find(found) : nullptr;
 }
 
 const rytesavc::Name* RYXmlWrapperBase::Intern(const char* name) const {

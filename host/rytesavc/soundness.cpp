@@ -172,9 +172,10 @@ bool SoundnessCheck::CheckContent(const Node* node) {
       case Value::kShort:
         return Expect(value.length() <= Value::kInPlace, "a short text is too long");
       case Value::kLong:
-        return Expect(value.length() > Value::kInPlace && value.length() <= Value::kMaxLength,
+        return Expect(value.length() > Value::kInPlace && value.length() <= Value::kMaxLength &&
+                          value.length() <= value.capacity(),
                       "a long text has the wrong length") &&
-               CheckBlock(value.chars(), value.length());
+               CheckBlock(value.chars(), value.capacity());
       case Value::kInt:
         return true;
     }
@@ -184,7 +185,7 @@ bool SoundnessCheck::CheckContent(const Node* node) {
   const std::uint32_t count = node->attribute_count;
   if (!Expect(count <= node->attribute_capacity, "there are more attributes than room")) return false;
   if (node->attribute_capacity == 0) return true;
-  if (!CheckBlock(node->attributes, node->attribute_capacity * sizeof(Attribute))) return false;
+  if (!CheckBlock(node->attributes, Tree::AttributeBytes(node->attribute_capacity))) return false;
   std::vector<const Name*> seen;
   for (const Attribute* at = node->attributes; at != node->attributes + count; ++at) {
     if (!Expect(IsInterned(at->name), "an attribute's name is no name of the tree") || !is_sound(at->value))
@@ -192,7 +193,11 @@ bool SoundnessCheck::CheckContent(const Node* node) {
     seen.push_back(at->name);
   }
   std::sort(seen.begin(), seen.end(), std::less<>());
-  return Expect(std::adjacent_find(seen.begin(), seen.end()) == seen.end(), "a node has an attribute twice");
+  if (!Expect(std::adjacent_find(seen.begin(), seen.end()) == seen.end(), "a node has an attribute twice"))
+    return false;
+  const auto is_found = [node](const Attribute& at) { return node->Find(at.name) == &at; };
+  return Expect(std::all_of(node->attributes, node->attributes + count, is_found),
+                "an attribute cannot be found");
 }
 
 // Slots that can be used again. Some still have what their node held.

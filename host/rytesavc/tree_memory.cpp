@@ -70,6 +70,18 @@ void TreeMemory::AddChunkFor(std::size_t bytes) {
   AddChunk(RoundUp(std::max({step, kLeast, sizeof(Chunk) + bytes}), kStep));
 }
 
+// In front of a larger block that is free, whose rest stays free; without one, in a new chunk.
+void* TreeMemory::NewBlockElsewhere(std::size_t bytes) {
+  for (std::size_t larger = bytes + kStep; larger <= kLargest; larger += kStep) {
+    if (free_blocks_[Steps(larger)] == nullptr) continue;
+    char* const block = static_cast<char*>(Allocate(larger));
+    Deallocate(block + bytes, larger - bytes);
+    return block;
+  }
+  AddChunkFor(bytes);
+  return room_end_ -= bytes;
+}
+
 void TreeMemory::AddChunk(std::size_t bytes) {
   char* const block = static_cast<char*>(AllocateChunk(bytes));
   chunks_ = new (block) Chunk{chunks_, bytes};

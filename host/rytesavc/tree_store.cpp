@@ -93,7 +93,7 @@ void Tree::FreeContent(Node* node) {
   for (std::uint32_t i = 0; i < node->attribute_count; ++i) {
     if (node->attributes[i].value.kind() == Value::kLong) FreeText(node->attributes[i].value);
   }
-  memory_.Deallocate(node->attributes, node->attribute_capacity * sizeof(Attribute));
+  memory_.Deallocate(node->attributes, AttributeBytes(node->attribute_capacity));
   node->attributes = nullptr;
   node->attribute_count = node->attribute_capacity = 0;
 }
@@ -215,6 +215,13 @@ Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t dept
   }
 }
 
+namespace {
+
+// The capacity of a block for a text.
+std::uint32_t TextRoom(std::size_t length) { return static_cast<std::uint32_t>(TreeMemory::RoomFor(length)); }
+
+}  // namespace
+
 // Blocks for long texts that are still to be copied. Each starts with the next block and its own length.
 class Tree::TextBlocks {
  public:
@@ -281,14 +288,16 @@ void Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_t
     if (from.kind() == Value::kLong && (found == nullptr || !AreLongAlike(found->value, from)))
       blocks.Add(from.length());
   }
-  ReserveAttributes(target, target->attribute_count + missing);
+  const std::uint32_t wanted = target->attribute_count + missing;
+  const std::uint32_t capacity = target->attribute_capacity;
+  if (wanted > capacity) GrowAttributes(target, std::max(wanted, capacity + capacity / 2));
   for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
     const auto& [name, from] = source->attributes[i];
     Attribute* const found = find(i, name);
     Value& to = found != nullptr ? found->value : AppendAttribute(target, Intern(name, source_tree));
     if (!AreLongAlike(to, from)) {
       if (to.kind() == Value::kLong) FreeText(to);
-      to = from.kind() == Value::kLong ? Value(from.length(), blocks.Take()) : from;
+      to = from.kind() == Value::kLong ? Value(from.length(), blocks.Take(), TextRoom(from.length())) : from;
     }
     if (from.kind() == Value::kLong) std::memcpy(to.long_chars(), from.chars(), from.length());
   }
@@ -329,55 +338,70 @@ bool IsLongPlainInt(std::size_t length, const TextWords& words, int& number) {
 }
 
 void Tree::FreeText(Value& value) {
-  memory_.Deallocate(value.long_chars(), value.length());
+  memory_.Deallocate(value.long_chars(), value.capacity());
   value = Value();
 }
 
-inline bool Tree::PutLong(Value& value, std::string_view text) {
+// A text that outgrows its block gets one of twice the size, so that blocks of a few sizes serve texts that grow
+// and shrink. One that needs less than half of its block gives it back.
+inline void Tree::PutLong(Value& value, std::string_view text) {
   const auto length = static_cast<std::uint32_t>(text.size());
-  char* const chars = static_cast<char*>(Allocate(length));
-  std::memcpy(chars, text.data(), length);
-  if (value.kind() == Value::kLong) FreeText(value);  // after the copy: the text may be in that block
-  value = Value(length, chars);
-  return true;
+  const std::uint32_t former = value.kind() == Value::kLong ? value.capacity() : 0;
+  if (length <= former && length > former / 2) {
+    std::memmove(value.long_chars(), text.data(), length);
+    value = Value(length, value.long_chars(), former);
+    return;
+  }
+  const Value made = NewText(text, length > former ? TreeMemory::Doubled(former) : 0);
+  if (former != 0) FreeText(value);  // after the copy: the text may be in that block
+  value = made;
+}
+
+inline Value Tree::NewText(std::string_view text, std::size_t least_capacity) {
+  const std::uint32_t capacity = TextRoom(std::max(text.size(), least_capacity));
+  char* const chars = static_cast<char*>(Allocate(capacity));
+  std::memcpy(chars, text.data(), text.size());
+  return {static_cast<std::uint32_t>(text.size()), chars, capacity};
 }
 
 bool Tree::SetText(Value& value, std::string_view text) {
   if (text.size() > Value::kMaxLength) return false;
-  if (text.size() <= Value::kInPlace) {
-    const TextWords words = TextWords::Of(text);  // the text may be in the value's own block
-    if (value.kind() == Value::kLong) FreeText(value);
-    value = Value(text.size(), words);
-    return true;
-  }
-  if (value.kind() != Value::kLong || value.length() != text.size()) return PutLong(value, text);
-  std::memmove(value.long_chars(), text.data(), text.size());
+  if (text.size() > Value::kInPlace) return PutLong(value, text), true;
+  const TextWords words = TextWords::Of(text);  // the text may be in the value's own block
+  if (value.kind() == Value::kLong) FreeText(value);
+  value = Value(text.size(), words);
   return true;
 }
 
 inline void Tree::CopyValue(Value& target, const Value& source) {
-  if (source.kind() != Value::kLong) {
-    target = source;
-    return;
-  }
-  char* const chars = static_cast<char*>(Allocate(source.length()));
-  std::memcpy(chars, source.chars(), source.length());
-  target = Value(source.length(), chars);
+  target = source.kind() == Value::kLong ? NewText({source.long_chars(), source.length()}, 0) : source;
 }
 
 // ---- Attributes.
 
-[[gnu::always_inline]] inline void Tree::GrowAttributes(Node* node, std::uint32_t capacity) {
-  auto* const block = static_cast<Attribute*>(Allocate(capacity * sizeof(Attribute)));
+[[gnu::always_inline]] inline void Tree::MoveAttributes(Node* node, std::uint32_t capacity, std::size_t bytes,
+                                                        std::size_t former_bytes) {
+  auto* const block = static_cast<Attribute*>(Allocate(bytes));
   Attribute* const former = node->attributes;
   Attribute* to = block;
   for (const Attribute *from = former, *end = from + node->attribute_count; from != end; ++from, ++to) {
     to->name = from->name;
     to->value = from->value;
   }
-  memory_.Deallocate(former, node->attribute_capacity * sizeof(Attribute));
+  memory_.Deallocate(former, former_bytes);
   node->attributes = block;
   node->attribute_capacity = capacity;
+}
+
+[[gnu::always_inline]] inline void Tree::GrowAttributes(Node* node, std::uint32_t capacity) {
+  if (capacity > AttributeIndex::kFew) [[unlikely]]
+    return GrowManyAttributes(node, capacity);
+  MoveAttributes(node, capacity, capacity * sizeof(Attribute), node->attribute_capacity * sizeof(Attribute));
+}
+
+[[gnu::noinline]] void Tree::GrowManyAttributes(Node* node, std::uint32_t capacity) {
+  MoveAttributes(node, capacity, AttributeBytes(capacity), AttributeBytes(node->attribute_capacity));
+  AttributeIndex(*node).Clear();
 }
 
 void Tree::ReserveAttributes(Node* node, std::uint32_t capacity) {
@@ -405,6 +429,8 @@ bool Tree::RemoveAttribute(Node* node, const Name* name) {
   Attribute* const at = node->Find(name);
   if (at == nullptr) return false;
   if (at->value.kind() == Value::kLong) FreeText(at->value);
+  if (node->attribute_capacity > AttributeIndex::kFew)
+    AttributeIndex(*node).Remove(static_cast<std::uint32_t>(at - node->attributes));
   std::copy(at + 1, node->attributes + node->attribute_count, at);
   --node->attribute_count;
   return true;

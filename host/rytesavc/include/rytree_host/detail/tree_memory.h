@@ -1,6 +1,7 @@
 // The memory of one tree: chunks that are freed whole with it.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 
@@ -40,6 +41,12 @@ class TreeMemory {
     std::memcpy(block, &free_block, sizeof free_block);
     free_block = block;
   }
+  // What a block of so many bytes has room for.
+  static std::size_t RoomFor(std::size_t bytes) { return bytes > kLargest ? bytes : Steps(bytes) * kStep; }
+  // Twice the size, for a block that has become too small; but blocks outside the chunks need no room to grow.
+  static std::size_t Doubled(std::size_t bytes) {
+    return bytes < kLargest ? std::min(2 * bytes, kLargest) : 0;
+  }
   // Whether a block can be allocated without a new chunk.
   bool Holds(std::size_t bytes) const {
     return bytes > kLargest || free_blocks_[Steps(bytes)] != nullptr || HasRoom(Steps(bytes) * kStep);
@@ -72,10 +79,8 @@ class TreeMemory {
 
   static std::size_t Steps(std::size_t bytes) { return (bytes + kStep - 1) / kStep; }
   bool HasRoom(std::size_t bytes) const { return static_cast<std::size_t>(room_end_ - room_) >= bytes; }
-  void* NewBlock(std::size_t bytes) {
-    if (!HasRoom(bytes)) AddChunkFor(bytes);
-    return room_end_ -= bytes;
-  }
+  void* NewBlock(std::size_t bytes) { return HasRoom(bytes) ? room_end_ -= bytes : NewBlockElsewhere(bytes); }
+  void* NewBlockElsewhere(std::size_t bytes);
   void AddChunkFor(std::size_t bytes);
   void AddChunk(std::size_t bytes);
   void* AllocateLarge(std::size_t bytes);

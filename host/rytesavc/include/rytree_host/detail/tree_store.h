@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "rytree_host/detail/attribute_index.h"
 #include "rytree_host/detail/child_places.h"
 #include "rytree_host/detail/plain_int.h"
 #include "rytree_host/detail/text_words.h"
@@ -61,8 +62,9 @@ class Value {
                                  : length << 2 | kShort | words.low << 32);
     second_ = is_int ? 0 : LittleEndian(words.low >> 32 | words.high << 32);
   }
-  // A text that is stored elsewhere.
-  Value(std::uint32_t length, char* chars) : Value(Word{length} << 2 | kLong, 0, 0) {
+  // A text that is stored elsewhere, in a block of `capacity` bytes if that is the value's own.
+  Value(std::uint32_t length, char* chars, std::uint32_t capacity = 0)
+      : Value(Word{length} << 2 | kLong, capacity, 0) {
     std::memcpy(&second_, &chars, sizeof chars);
   }
 
@@ -74,6 +76,8 @@ class Value {
   const char* chars() const {
     return kind() == kLong ? long_chars() : reinterpret_cast<const char*>(this) + sizeof(std::uint32_t);
   }
+  // Of a long text.
+  std::uint32_t capacity() const { return static_cast<std::uint32_t>(LittleEndian(first_) >> 32); }
   char* long_chars() const {
     char* chars;
     std::memcpy(&chars, &second_, sizeof chars);
@@ -84,7 +88,7 @@ class Value {
   Value(Word head, Word low, Word high)
       : first_(LittleEndian(head | low << 32)), second_(LittleEndian(low >> 32 | high << 32)) {}
 
-  Word first_ = 0;   // the kind and the length, then a short text or an int
+  Word first_ = 0;   // the kind and the length, then a short text, an int or the capacity
   Word second_ = 0;  // the rest of a short text, or the address of a long one
 };
 
@@ -120,6 +124,7 @@ struct Node {
     return at != nullptr && at != top ? at->next : nullptr;
   }
 
+  // For nodes with few attributes.
   Attribute* Find(std::string_view name) const {
     Attribute* const end = attributes + attribute_count;
     for (Attribute* at = attributes; at != end; ++at) {
@@ -128,13 +133,20 @@ struct Node {
     }
     return nullptr;
   }
-  Attribute* Find(const Name* name) const {
-    Attribute* const end = attributes + attribute_count;
-    for (Attribute* at = attributes; at != end; ++at) {
+  [[gnu::always_inline]] Attribute* Find(const Name* name) const {
+    Attribute* at = attributes;
+    Attribute* const end = at + attribute_count;
+    if (at == end) return nullptr;
+    if (at->name == name)
+      return at;  // the first is asked for most often, and costs no more where there are many
+    if (!has_few_attributes()) [[unlikely]]
+      return FindByIndex(*this, name);
+    while (++at != end) {
       if (at->name == name) return at;
     }
     return nullptr;
   }
+  bool has_few_attributes() const { return attribute_count <= AttributeIndex::kFew; }
 };
 
 static_assert(sizeof(Value) == 16 && sizeof(Attribute) == 24 && sizeof(Node) == 88);
@@ -176,9 +188,10 @@ class RYTREE_API Tree {
     return name.size() <= TextWords::kBytes ? Hash(words) : HashLong(name);
   }
   static std::uint32_t Hash(const TextWords& words) {
-    Word mixed = words.low ^ std::rotl(words.high * 0x9E3779B97F4A7C15, 32);
-    mixed ^= mixed >> 32;
-    return static_cast<std::uint32_t>(mixed * 0xD6E8FEB86659FD93 >> 32);
+    __extension__ using Wide = unsigned __int128;
+    const Wide product = Wide{words.low ^ kHashSeed} * (words.high ^ std::rotl(kHashSeed, 29));
+    const Word folded = static_cast<Word>(product) ^ static_cast<Word>(product >> 64);
+    return static_cast<std::uint32_t>(folded ^ folded >> 32);
   }
   const Name* FindName(std::string_view name, const TextWords& words, std::uint32_t hash) const {
     const std::uint32_t mask = name_slots_ - 1;
@@ -251,18 +264,27 @@ class RYTREE_API Tree {
   Node* ReusedNode();
   void Unlink(Node* node);
   Attribute& NewAttribute(Node* node, const Name* name);
+  static std::size_t AttributeBytes(std::uint32_t capacity) {
+    const std::size_t bytes = capacity * sizeof(Attribute);
+    return capacity <= AttributeIndex::kFew ? bytes : bytes + AttributeIndex::Bytes(capacity);
+  }
   void GrowAttributes(Node* node, std::uint32_t capacity);
+  void GrowManyAttributes(Node* node, std::uint32_t capacity);
+  void MoveAttributes(Node* node, std::uint32_t capacity, std::size_t bytes, std::size_t former_bytes);
   Node* NewCopy(const Node* source, const Tree& source_tree, std::uint32_t depth) {
     return NewNode(Intern(source->tag, source_tree), source->id, depth);
   }
   void CopyContent(Node* target, const Node* source, const Tree& source_tree);
   void FreeText(Value& value);
-  bool PutLong(Value& value, std::string_view text);
+  void PutLong(Value& value, std::string_view text);
+  Value NewText(std::string_view text, std::size_t least_capacity);
   void FreeNode(Node* node);
   void FreeContent(Node* node);
   void CopyValue(Value& target, const Value& source);
   const Name* InternCopy(const Name* name, const Tree& of_tree);
   static std::uint32_t HashLong(std::string_view name);
+  // Differs from run to run, so that nobody can write a file whose names have equal hashes.
+  static const Word kHashSeed;
   const Name* AddName(std::string_view name, std::uint32_t hash);
   void GrowNames();
 
@@ -314,8 +336,9 @@ inline void Tree::Append(Node* parent, Node* child) {
 }
 
 inline Attribute* Tree::NewAttributes(Node* node, std::uint32_t count) {
-  node->attributes = static_cast<Attribute*>(Allocate(count * sizeof(Attribute)));
+  node->attributes = static_cast<Attribute*>(Allocate(AttributeBytes(count)));
   node->attribute_count = node->attribute_capacity = count;
+  if (count > AttributeIndex::kFew) AttributeIndex(*node).Clear();
   return node->attributes;
 }
 

@@ -1,0 +1,52 @@
+// The index of the attributes of a node that has many.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "rytree_host/export.h"
+
+namespace rytesavc {
+
+struct Attribute;
+struct Name;
+struct Node;
+
+// Lies behind the attributes, in their block, and is made and brought up to date by the searches. It is without
+// meaning after a removal other than of the last attribute. Then the searches go through the attributes, and once
+// they have gone as far as a new index takes, it is made.
+class AttributeIndex {
+ public:
+  static constexpr std::uint32_t kFew = 64;  // attributes that are searched without an index
+
+  // Of the index of a block.
+  static std::size_t Bytes(std::uint32_t capacity);
+  explicit AttributeIndex(const Node& node);
+
+  Attribute* Find(const Name* name);
+  // All attributes are new, or elsewhere.
+  void Clear();
+  // The attribute at the place is about to go.
+  void Remove(std::uint32_t place);
+
+ private:
+  struct Head {
+    std::uint64_t walked;   // how far searches have gone since the index lost its meaning; 0: it has not
+    std::uint32_t indexed;  // attributes, from the first on
+    std::uint32_t filled;   // slots
+  };
+
+  Attribute* Walk(const Name* name);
+  void Update();
+  std::uint32_t SlotOf(std::uint32_t hash) const { return hash & last_slot_; }
+
+  const Node& node_;
+  Head* head_;
+  std::uint32_t* slots_;  // the place of an attribute, counted from 1; 0: empty
+  std::uint32_t last_slot_;
+};
+
+// The attribute of a node with many; null for none.
+[[gnu::cold]] RYTREE_API Attribute* FindByIndex(const Node& node, const Name* name);
+
+}  // namespace rytesavc
