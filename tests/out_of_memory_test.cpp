@@ -210,6 +210,13 @@ TEST(OutOfMemory, LeavesTreesSoundAfterEveryExport) {
 
 const std::string kLong(100, 'x');
 
+// A node that has so many attributes that with one more they get an index.
+const std::string kMany = [] {
+  std::string xml = "<Many";
+  for (int i = 1; i <= 64; ++i) xml += " a" + std::to_string(i) + "=\"a text of some length\"";
+  return xml + "/>";
+}();
+
 // Calls under another code page than UTF-8.
 template <class Work>
 int under_page(int page, const Work& work) {
@@ -244,6 +251,13 @@ const std::vector<ExportCall> kOperations = {
     {"RemoveProperty", 1, [](S& s) { return s.tree.RemoveProperty("Label"); }},
     {"CopyAllAttributes", 1, [](S& s) { return s.other.CopyAllAttributes(s.tree, 0); }},
     {"CopyAllAttributes to a bare node", 1, [](S& s) { return s.made.CopyAllAttributes(s.tree, 0); }},
+    {"CopyAllAttributes to many", 1, [](S& s) { return s.tree.CopyAllAttributes(s.other, 0); },
+     kMany.c_str()},
+    {"CopyAllAttributes of many", 1, [](S& s) { return s.other.CopyAllAttributes(s.tree, 0); },
+     kMany.c_str()},
+    {"SetPropertyValue of many", 1, [](S& s) { return s.tree.SetPropertyValue("New", kLong.c_str()); },
+     kMany.c_str()},
+    {"AddNodeCopy of many", 1, [](S& s) { return s.made.AddNodeCopy(s.tree, 0); }, kMany.c_str()},
     {"NodeValue double", 1, [](S& s) { return s.made.NodeValue(s.numbers[2], 0); }},
     {"NodeValue doubles", 1, [](S& s) { return s.made.NodeValue(s.doubles.array(), 0); }},
     {"NodeValue doubles read", 1, [](S& s) { return s.tree.NodeValue(s.doubles.array(), 1); },
