@@ -130,6 +130,13 @@ constexpr GrowthRow kRows[] = {
        for (int i = 0; i < s.nodes; ++i) value += "::{a" + std::to_string(i) + "=1}";
        make_value(s, value);
      }},
+    {"vctree_set_values_by_ids, decorations in a page of double bytes",
+     [](Scene& s) {
+       RYXmlWrapperBase::SetDefaultCodePage(932);
+       apply_value(s);
+       RYXmlWrapperBase::SetDefaultCodePage(65001);
+     },
+     [](Scene& s) { make_value(s, repeated("::{a=\x83\x7D}", s.nodes)); }},
     {"rytree_check_add_all_enumerated_nodes, all there", [](Scene& s) { add_all_enumerated(s, s.made); },
      make_vector},
     {"rytree_check_add_all_enumerated_nodes, names elsewhere",

@@ -4,6 +4,7 @@
 #include <rytree_Utils/homologous.h>
 
 #include <algorithm>
+#include <ranges>
 
 #include "frame/attributes.h"
 #include "frame/children.h"
@@ -189,9 +190,9 @@ const CString* MatchTarget::queued_extra(const CString& match) {
 void MatchTarget::finish() {
   if (queue_.empty()) return;
   // From the top down: a group made of others comes after them.
-  for (auto group = groups_.rbegin(); group != groups_.rend(); ++group) {
-    if (group->above >= 0 && group_at(group->above).queued >= 0)
-      group->queued = group_at(group->above).queued;
+  for (Group& group : std::views::reverse(groups_)) {
+    if (group.above >= 0 && group_at(group.above).queued >= 0)
+      group.queued = group_at(group.above).queued;
   }
   for (Entry& entry : entries_) {
     const int queued = group_at(entry.group).queued;

@@ -61,8 +61,12 @@ const char* _mbschr(const char* text, char character) noexcept {
   if (!text || !character) return nullptr;
   const NarrowCharacters characters;
   if (characters.StandsAlone(character)) return std::strchr(text, character);
-  const std::size_t place = characters.Find(text, {&character, 1}, 0);
-  return place == std::string_view::npos ? nullptr : text + place;
+  while (*text) {
+    const char* const start = text;
+    characters.Next(text);
+    if (text - start == 1 && *start == character) return start;
+  }
+  return nullptr;
 }
 
 int lstrlenA(const char* text) noexcept {
