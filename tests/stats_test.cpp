@@ -52,10 +52,10 @@ TEST(Stats, MissingResultsReadAsDefaults) {
   EXPECT_EQ(ends[0], 5);
   EXPECT_EQ(ends[1], 6);
   rytree_stats_get_set_stats_results(&empty, &record, &ends[0], &ends[1], 1);
+  rytree_stats_get_set_stats_results(&empty, &record, nullptr, &ends[1], 0);
+  rytree_stats_get_set_stats_results(&empty, &record, &ends[0], nullptr, 0);
   EXPECT_EQ(text(empty), "<Root><Results/></Root>");
   rytree_stats_get_set_stats_results(&tree, nullptr, &ends[0], &ends[1], 1);
-  rytree_stats_get_set_stats_results(&tree, &record, nullptr, &ends[1], 1);
-  rytree_stats_get_set_stats_results(&tree, &record, &ends[0], nullptr, 1);
   rytree_stats_get_set_stats_results(nullptr, &record, &ends[0], &ends[1], 0);
 }
 
