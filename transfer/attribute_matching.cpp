@@ -191,8 +191,7 @@ void MatchTarget::finish() {
   if (queue_.empty()) return;
   // From the top down: a group made of others comes after them.
   for (Group& group : std::views::reverse(groups_)) {
-    if (group.above >= 0 && group_at(group.above).queued >= 0)
-      group.queued = group_at(group.above).queued;
+    if (group.above >= 0 && group_at(group.above).queued >= 0) group.queued = group_at(group.above).queued;
   }
   for (Entry& entry : entries_) {
     const int queued = group_at(entry.group).queued;
