@@ -4,7 +4,6 @@
 #include <rytree_Utils/homologous.h>
 
 #include <algorithm>
-#include <ranges>
 
 #include "frame/attributes.h"
 #include "frame/children.h"
@@ -190,8 +189,10 @@ const CString* MatchTarget::queued_extra(const CString& match) {
 void MatchTarget::finish() {
   if (queue_.empty()) return;
   // From the top down: a group made of others comes after them.
-  for (Group& group : std::views::reverse(groups_)) {
-    if (group.above >= 0 && group_at(group.above).queued >= 0) group.queued = group_at(group.above).queued;
+  for (std::size_t at = groups_.size(); at-- > 0;) {
+    Group& group = groups_[at];
+    const int above = group.above >= 0 ? group_at(group.above).queued : -1;
+    if (above >= 0) group.queued = above;
   }
   for (Entry& entry : entries_) {
     const int queued = group_at(entry.group).queued;
