@@ -84,12 +84,20 @@ bool InputFile::Read(char* to, std::size_t room, std::size_t& length) {
     const ssize_t got = read(descriptor_, to + length, room - length);
     if (got == 0) break;
     if (got < 0 && errno != EINTR) return Fail(errno);
-    if (got > 0) length += static_cast<std::size_t>(got);
+    if (got < 0) continue;
+    const auto bytes = static_cast<std::size_t>(got);
+    const bool cut = bytes < room - length;
+    length += bytes;
+    done_ += bytes;
+    if (cut && done_ == size_) break;  // the end: nothing is gained by another call that says so
   }
   return true;
 }
 
-bool InputFile::Rewind() { return !failed_ && (lseek(descriptor_, 0, SEEK_SET) == 0 || Fail(errno)); }
+bool InputFile::Rewind() {
+  done_ = 0;
+  return !failed_ && (lseek(descriptor_, 0, SEEK_SET) == 0 || Fail(errno));
+}
 
 OutputFile::~OutputFile() {
   if (!beside_.empty()) unlink(beside_.c_str());

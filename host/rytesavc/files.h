@@ -28,6 +28,7 @@ class InputFile : public XmlInput {
 
   std::string path_;
   std::size_t size_ = 0;
+  std::size_t done_ = 0;  // how much of it was read
   bool failed_ = false;
   int descriptor_ = -1;
 };

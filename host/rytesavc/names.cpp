@@ -74,8 +74,8 @@ std::uint32_t Tree::HashLong(std::string_view name) {
   return Hash(all);
 }
 
-const Name* Tree::InternNew(std::string_view name, std::uint32_t hash) {
-  const Name* const found = FindName(name, TextWords::Of(name), hash);
+const Name* Tree::InternNew(std::string_view name, const TextWords& words, std::uint32_t hash) {
+  const Name* const found = FindName(name, words, hash);
   return found == nullptr && IsName(name) ? AddName(name, hash) : found;
 }
 
@@ -88,15 +88,15 @@ const Name* Tree::InternCopy(const Name* name, const Tree& of_tree) {
 }
 
 const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
-  if (2 * (name_count_ + 1) > name_slots_) GrowNames();
+  if (4 * (name_count_ + 1) > 3 * name_slots_) GrowNames();
   const std::size_t bytes = NameBytes(name.size());
   void* const block = memory_.Allocate(bytes);
   Name* const added = new (block) Name{static_cast<std::uint32_t>(name.size()), hash, 0, nullptr};
   char* const text = static_cast<char*>(block) + sizeof(Name);
   std::fill(std::copy(name.begin(), name.end(), text), static_cast<char*>(block) + bytes, '\0');
   std::uint32_t slot = hash & (name_slots_ - 1);
-  while (names_[slot] != nullptr) slot = (slot + 1) & (name_slots_ - 1);
-  names_[slot] = added;
+  while (names_[slot].name != nullptr) slot = (slot + 1) & (name_slots_ - 1);
+  names_[slot] = {added, hash};
   ++name_count_;
   if (name == "xml:space") space_name_ = added;
   return added;
@@ -105,11 +105,11 @@ const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
 void Tree::GrowNames() {
   constexpr std::uint32_t kMany = 4096;
   const std::uint32_t slots = (name_slots_ < kMany ? 4 : 2) * name_slots_;
-  auto names = std::make_unique<const Name*[]>(slots);
+  auto names = std::make_unique<NameSlot[]>(slots);
   for (std::uint32_t i = 0; i < name_slots_; ++i) {
-    if (names_[i] == nullptr) continue;
-    std::uint32_t slot = names_[i]->hash & (slots - 1);
-    while (names[slot] != nullptr) slot = (slot + 1) & (slots - 1);
+    if (names_[i].name == nullptr) continue;
+    std::uint32_t slot = names_[i].hash & (slots - 1);
+    while (names[slot].name != nullptr) slot = (slot + 1) & (slots - 1);
     names[slot] = names_[i];
   }
   more_names_ = std::move(names);

@@ -22,6 +22,14 @@ constexpr std::size_t kLongToken = std::size_t{1} << 18;
 // No decision needs more than so many bytes from the place that it is about.
 constexpr std::ptrdiff_t kLookahead = 32;
 
+// The place after the rest of an end tag, from its name on, if that is just the tag's name and '>'; else null.
+char* PlainEnd(const NameText& tag, char* name) {
+  const std::size_t length = tag.view.size();
+  const bool plain =
+      length <= TextWords::kBytes && name[length] == '>' && TextWords::OfPadded(name, length) == tag.words;
+  return plain ? name + length + 1 : nullptr;
+}
+
 template <char... kEnds>
 NameText NameAt(const char* at) {
   const std::size_t length = NameLength<kEnds...>(at);
@@ -41,14 +49,11 @@ struct KnownName {
     const bool kept = bytes <= TextWords::kBytes;
     length = kept ? bytes : 0;
     words = TextWords::OfPadded(at, length);
-    mask = kept ? TextWords{FirstBytes(std::min(bytes, sizeof(Word))),
-                            FirstBytes(std::max(bytes, sizeof(Word)) - sizeof(Word))}
-                : kAll;
+    mask = kept ? kFirstBytes[bytes] : kAll;
     name = its_name;
   }
   bool IsAt(const char* at) const {
-    return (((LoadWord(at) ^ words.low) & mask.low) |
-            ((LoadWord(at + sizeof(Word)) ^ words.high) & mask.high)) == 0;
+    return (TextWords{LoadWord(at), LoadWord(at + sizeof(Word))} & mask) == words;
   }
 
   static constexpr TextWords kAll{~Word{0}, ~Word{0}};
@@ -80,7 +85,6 @@ class Reader {
   char* Inside(char* at);
   char* Text(char* at);
   bool IsLayout(char next) const;
-  char* LongText(char* at);
   char* CData(char* at);
   char* StartTag(char* at);
   char* AttributeName(char* at, KnownName& known);
@@ -219,24 +223,10 @@ char* Reader::Inside(char* at) {
 // ---- Texts.
 
 char* Reader::Text(char* at) {
-  char* const end = SkipLayout(at);
+  char* end = SkipLayout(at);
   if (*end == '<' && IsLayout(end[1])) return end;
-  const std::size_t length = FirstStop<0x20, '<', '&', ']'>(at);
-  if (at[length] == '<' && at[length + 1] == '/' && length <= Value::kInPlace &&
-      builder_.ShortLastText(length, TextWords::OfPadded(at, length)))
-    return at + length;
-  return LongText(at);
-}
-
-// Whether white space is layout before a '<' and this byte.
-bool Reader::IsLayout(char next) const {
-  return next != '!' && next != '?' && next != '\0' && builder_.IsLayout(next == '/');
-}
-
-char* Reader::LongText(char* at) {
   char* coded = nullptr;  // the first byte that does not mean itself
-  char* end = at;
-  for (; *(end = Skip<'<', '&', ']'>(end)) != '<'; ++end) {
+  for (end = at; *(end = Skip<'<', '&', ']'>(end)) != '<'; ++end) {
     if (*end == '&' || *end == '\r') {
       if (coded == nullptr) coded = end;
     } else if (*end == ']' ? end[1] == ']' && end[2] == '>' : !IsXmlBlank(*end)) {
@@ -249,6 +239,11 @@ char* Reader::LongText(char* at) {
   if (end[1] == '/') return builder_.LastText(text) ? end : Refuse();
   builder_.Text(text);
   return end;
+}
+
+// Whether white space is layout before a '<' and this byte.
+bool Reader::IsLayout(char next) const {
+  return next != '!' && next != '?' && next != '\0' && builder_.IsLayout(next == '/');
 }
 
 char* Reader::CData(char* at) {
@@ -289,9 +284,17 @@ char* Reader::StartTag(char* at) {
   const bool closed = *at == '/';
   if (closed) ++at;
   if (*at != '>') return Stop(at);
-  if (tag == nullptr) tag = tree_.InternNew(text.view, hash);
-  if (!builder_.Start(tag) || (closed && !builder_.End())) return Refuse();
-  return at + 1;
+  ++at;
+  if (tag == nullptr) tag = tree_.InternNew(text.view, text.words, hash);
+  if (closed) return builder_.Leaf(tag, 0, {}) ? at : Refuse();
+  // Most elements end right after a short text.
+  const std::size_t length = FirstStop<0x20, '<', '&', ']'>(at);
+  if (at[length] == '<' && at[length + 1] == '/' && length <= Value::kInPlace &&
+      builder_.StoresTextsAsTheyAre()) {
+    if (char* const end = PlainEnd(text, at + length + 2))
+      return builder_.Leaf(tag, length, TextWords::OfPadded(at, length)) ? end : Refuse();
+  }
+  return builder_.Start(tag) ? at : Refuse();
 }
 
 [[gnu::noinline]] char* Reader::AttributeName(char* at, KnownName& known) {

@@ -24,9 +24,10 @@ inline constexpr std::size_t kPadding = 2 * TextWords::kBytes;
 template <char kLeast, char... kStops>
 inline std::size_t FirstStop(const char* at) {
   const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-  // As signed numbers, bytes beyond ASCII are the lowest.
+  // Each byte of `stops` has the high bit where there is one. As signed numbers, bytes beyond ASCII are the lowest, and
+  // stay below 0.
   const __m128i stops =
-      _mm_cmplt_epi8(bytes, _mm_set1_epi8(kLeast)) | (_mm_cmpeq_epi8(bytes, _mm_set1_epi8(kStops)) | ...);
+      _mm_subs_epi8(bytes, _mm_set1_epi8(kLeast)) | (_mm_cmpeq_epi8(bytes, _mm_set1_epi8(kStops)) | ...);
   return static_cast<std::size_t>(
       std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(stops)) | 0x10000U));
 }

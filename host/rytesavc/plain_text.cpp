@@ -20,7 +20,7 @@ struct Reference {
   char character;
 };
 constexpr Reference Named(std::string_view text, char character) {
-  return {WordOf(text), FirstBytes(text.size()), text.size(), character};
+  return {WordOf(text), kFirstBytes[text.size()].low, text.size(), character};
 }
 constexpr Reference kReferences[] = {Named("amp;", '&'), Named("lt;", '<'), Named("gt;", '>'),
                                      Named("quot;", '"'), Named("apos;", '\'')};

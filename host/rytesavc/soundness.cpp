@@ -105,14 +105,14 @@ bool SoundnessCheck::CheckMemory() {
 
 bool SoundnessCheck::CheckNames() {
   const std::uint32_t slots = tree_.name_slots_;
-  const Name* const* const table =
+  const Tree::NameSlot* const table =
       tree_.more_names_ != nullptr ? tree_.more_names_.get() : tree_.first_names_;
   if (!Expect(tree_.names_ == table && std::has_single_bit(slots) && tree_.name_count_ < slots,
               "the table of names is broken")) {
     return false;
   }
   for (std::uint32_t slot = 0; slot < slots; ++slot) {
-    const Name* const name = table[slot];
+    const Name* const name = table[slot].name;
     if (name == nullptr) continue;
     if (!CheckBlock(name, Tree::NameBytes(name->length))) return false;
     if (!Expect(name->text()[name->length] == '\0' && tree_.FindName(name->view()) == name,

@@ -36,10 +36,10 @@ const char* XmlBuilder::FindLacking(std::string_view utf8) const {
 
 // ---- Elements.
 
-const Name* XmlBuilder::NewAttributeName(std::string_view name, std::uint32_t hash) {
-  if (name == kNodeId) return &id_name_;
-  if (name == kNodeEscape) return &escape_name_;
-  const Name* const interned = tree_.InternNew(name, hash);
+const Name* XmlBuilder::NewAttributeName(const NameText& name, std::uint32_t hash) {
+  if (name.view == kNodeId) return &id_name_;
+  if (name.view == kNodeEscape) return &escape_name_;
+  const Name* const interned = tree_.InternNew(name.view, name.words, hash);
   return interned != nullptr ? interned : &not_a_name_;
 }
 
@@ -85,41 +85,49 @@ bool XmlBuilder::LongValue(Value& value, std::string_view text) {
   return true;
 }
 
-inline bool XmlBuilder::PutAttributes(Node* node) {
+[[gnu::always_inline]] inline bool XmlBuilder::PutAttributes(Node* node) {
   rytesavc::Attribute* made =
       tree_.NewAttributes(node, static_cast<std::uint32_t>(attributes_end_ - attributes_));
   for (const rytesavc::Attribute* from = attributes_; from != attributes_end_; ++from) *made++ = *from;
-  if ((has_long_ || escaped_ || page_ != nullptr) && !PutLongValues(node)) return false;
-  if (const Name* const space = tree_.space_name()) {
-    bool& keeps_space = open_[level_ - 1].keeps_space;
-    keeps_space = KeepsWhiteSpace(*node, space, keeps_space);
+  return (!has_long_ && StoresTextsAsTheyAre()) || PutLongValues(node);
+}
+
+[[gnu::always_inline]] inline Node* XmlBuilder::NewElement(const Name* tag) {
+  const char* const problem = depth_ > Tree::kMaxDepth ? "nested deeper than 1,024 levels"
+                              : tag == nullptr         ? kNoName
+                              : page_ != nullptr && FindLacking(tag->view()) ? kNotInPage
+                                                                             : nullptr;
+  if (problem != nullptr) return Refuse(problem), nullptr;
+  Node* const node = tree_.NewNode(tag, id_, depth_);
+  if (is_open()) {
+    if (!IsRunEmpty()) EndRun(*innermost_);
+    tree_.Append(innermost_->node, node);
+  } else {
+    top_ = node;
   }
-  return true;
+  return attributes_end_ == attributes_ || PutAttributes(node) ? node : nullptr;
 }
 
 bool XmlBuilder::Start(const Name* tag) {
-  if (depth_ > Tree::kMaxDepth) return Refuse("nested deeper than 1,024 levels");
-  if (tag == nullptr) return Refuse(kNoName);
-  if (FindLacking(tag->view()) != nullptr) return Refuse(kNotInPage);
-  Node* const node = tree_.NewNode(tag, id_, depth_);
-  bool keeps_space = false;
-  if (level_ == 0) {
-    top_ = node;
-  } else {
-    Open& parent = open_[level_ - 1];
-    if (!IsRunEmpty()) EndRun(parent);
-    keeps_space = parent.keeps_space;
-    tree_.Append(parent.node, node);
-  }
-  open_[level_] = {node, run_, escaped_, keeps_space, false};
-  ++level_;
+  const bool inherited = is_open() && innermost_->keeps_space;
+  Node* const node = NewElement(tag);
+  if (node == nullptr) return false;
+  const Name* const space = tree_.space_name();
+  const bool keeps_space = space != nullptr ? KeepsWhiteSpace(*node, space, inherited) : inherited;
+  *++innermost_ = {node, run_, escaped_, keeps_space, false};
   ++depth_;
-  return attributes_end_ == attributes_ || PutAttributes(node);
+  return true;
+}
+
+bool XmlBuilder::Leaf(const Name* tag, std::size_t length, const TextWords& text) {
+  Node* const node = NewElement(tag);
+  if (node != nullptr) node->text = Value(length, text);
+  return node != nullptr;
 }
 
 // The long values, and those that must be converted.
 bool XmlBuilder::PutLongValues(Node* node) {
-  const bool convert = escaped_ || page_ != nullptr;
+  const bool convert = !StoresTextsAsTheyAre();
   const auto count = static_cast<std::size_t>(attributes_end_ - attributes_);
   for (std::size_t i = 0; i < count; ++i) {
     if (attributes_[i].value.kind() == Value::kLong) node->attributes[i].value = Value();
@@ -145,7 +153,7 @@ bool XmlBuilder::EndWithText(Open& element) {
 // ---- Texts.
 
 bool XmlBuilder::LastText(std::string_view text) {
-  const Open& element = open_[level_ - 1];
+  const Open& element = *innermost_;
   if (element.node->first != nullptr || text_.size() != element.start) return Text(text), true;
   return PutText(element.node->text, text, element.escaped);
 }

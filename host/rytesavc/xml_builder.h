@@ -43,20 +43,20 @@ class XmlBuilder {
   // What is not in the nodes. The readers count what they pass over themselves.
   RYXmlPassedOver& passed_over() { return passed_over_; }
   bool has_top() const { return top_ != nullptr; }
-  bool is_open() const { return level_ != 0; }
+  bool is_open() const { return innermost_ != open_.data(); }
   // The tag of the innermost open element.
-  const Name* tag() const { return open_[level_ - 1].node->tag; }
+  const Name* tag() const { return innermost_->node->tag; }
   // Whether white space here would be layout, if a tag of that kind comes next.
   bool IsLayout(bool before_end_tag) const {
-    const Open& element = open_[level_ - 1];
-    return IsRunEmpty() && !element.keeps_space && (!before_end_tag || element.node->first != nullptr);
+    return IsRunEmpty() && !innermost_->keeps_space &&
+           (!before_end_tag || innermost_->node->first != nullptr);
   }
 
   // The first character of the text that the page of the strings lacks, null for none.
   const char* FindLacking(std::string_view utf8) const;
 
-  // A start tag: Begin, an Attribute for each, Start. The values must stay where they are until then. Without the
-  // Start nothing is made.
+  // A start tag: Begin, an Attribute for each, Start or Leaf. The values must stay where they are until then. Without
+  // the last nothing is made.
   void Begin() {
     attributes_end_ = attributes_;
     has_long_ = false;
@@ -65,10 +65,10 @@ class XmlBuilder {
     stamp_ = tree_.NewStamp();
   }
   const Name* AttributeName(const NameText& name) {
-    if (FindLacking(name.view) != nullptr) return &not_a_name_;
+    if (page_ != nullptr && FindLacking(name.view) != nullptr) return &not_a_name_;
     const std::uint32_t hash = Tree::Hash(name.view, name.words);
     const Name* const known = tree_.FindName(name.view, name.words, hash);
-    return known != nullptr ? known : NewAttributeName(name.view, hash);
+    return known != nullptr ? known : NewAttributeName(name, hash);
   }
   // The name is what AttributeName gave.
   bool Attribute(const Name* name, std::string_view value);
@@ -84,8 +84,11 @@ class XmlBuilder {
   }
   // A tag of null is not a name.
   bool Start(const Name* tag);
+  // The whole of an element that has only a short text, which must be stored as it is if it is not empty.
+  bool Leaf(const Name* tag, std::size_t length, const TextWords& text);
+  bool StoresTextsAsTheyAre() const { return !escaped_ && page_ == nullptr; }
   bool End() {
-    Open& element = open_[--level_];
+    Open& element = *innermost_--;
     --depth_;
     if (text_.size() != element.start) return EndWithText(element);
     run_ = element.start;
@@ -96,15 +99,6 @@ class XmlBuilder {
   void Text(std::string_view text) { text_ += text; }
   // The same if the element's end tag comes next.
   bool LastText(std::string_view text);
-  // The same for the simplest and most common texts: false if it must be done by the other.
-  [[gnu::always_inline]] bool ShortLastText(std::size_t length, const TextWords& text) {
-    const Open& element = open_[level_ - 1];
-    if (element.node->first != nullptr || text_.size() != element.start || element.escaped ||
-        page_ != nullptr) [[unlikely]]
-      return false;
-    element.node->text = Value(length, text);
-    return true;
-  }
 
   Node* Take() { return std::exchange(top_, nullptr); }
 
@@ -124,10 +118,11 @@ class XmlBuilder {
     problem_ = problem;
     return false;
   }
-  const Name* NewAttributeName(std::string_view name, std::uint32_t hash);
+  const Name* NewAttributeName(const NameText& name, std::uint32_t hash);
   bool OddAttribute(const Name* name, std::string_view value);
   void GrowAttributes();
   bool LongValue(Value& value, std::string_view text);
+  Node* NewElement(const Name* tag);
   bool PutAttributes(Node* node);
   bool PutLongValues(Node* node);
   bool EndWithText(Open& element);
@@ -140,10 +135,9 @@ class XmlBuilder {
   Tree& tree_;
   const CodePage* page_;
   Node* top_ = nullptr;
-  std::uint32_t depth_;      // of the next element
-  std::uint32_t level_ = 0;  // how many elements are open
-  std::string text_;         // of all open elements, one after the other
-  std::size_t run_ = 0;      // where the text since the last tag starts in it
+  std::uint32_t depth_;  // of the next element
+  std::string text_;     // of all open elements, one after the other
+  std::size_t run_ = 0;  // where the text since the last tag starts in it
   std::string converted_;
   const char* problem_ = nullptr;
   RYXmlPassedOver passed_over_{};
@@ -164,7 +158,9 @@ class XmlBuilder {
   const Name escape_name_ = kOddName;
   const Name not_a_name_ = kOddName;
 
-  std::array<Open, Tree::kMaxDepth> open_;  // from the top element to the innermost
+  // From the top element, which is the second, to the innermost open one.
+  Open* innermost_ = open_.data();
+  std::array<Open, Tree::kMaxDepth + 1> open_;
 };
 
 }  // namespace rytesavc

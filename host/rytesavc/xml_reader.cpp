@@ -16,6 +16,7 @@ namespace {
 
 // A piece fits in the processor's cache.
 constexpr std::size_t kPiece = std::size_t{1} << 18;
+constexpr std::size_t kFirstMemory = std::size_t{1} << 16;
 
 // The node that was made. Notes what is not in it.
 Node* Take(XmlBuilder& builder) {
@@ -61,7 +62,8 @@ Node* ReadXml(std::string_view utf8, Tree& tree, std::uint32_t depth, const Code
 
 Tree* ReadXml(InputFile& file, const CodePage* page) {
   const auto release = [](Tree* tree) { tree->Release(); };
-  std::unique_ptr<Tree, decltype(release)> tree(Tree::Create());
+  // Most trees need some times as many bytes as their files. A small one is spared many small steps.
+  std::unique_ptr<Tree, decltype(release)> tree(Tree::Create(std::min(file.size(), kFirstMemory)));
   tree->root = ReadPlain(file, *tree, 1, page);
   if (tree->root != nullptr) return tree.release();
   // A new tree, so that its nodes follow each other in memory.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -28,8 +29,22 @@ inline Word LoadWord(const char* from) {
   return LittleEndian(word);
 }
 
-// The bits of the first bytes of a word, up to all eight.
-constexpr Word FirstBytes(std::size_t bytes) { return (Word{1} << (4 * bytes) << (4 * bytes)) - 1; }
+// Of up to eight bytes, with zeros after them.
+inline Word LoadShort(const char* from, std::size_t length) {
+  if (length == sizeof(Word)) return LoadWord(from);
+  Word word = 0;
+  if (length < sizeof(std::uint32_t)) {
+    for (std::size_t i = 0; i < length; ++i) word |= Word{static_cast<unsigned char>(from[i])} << (8 * i);
+    return word;
+  }
+  // The first four and the last four, which may be the same in part.
+  const auto half = [](const char* at) {
+    std::uint32_t bytes;
+    std::memcpy(&bytes, at, sizeof bytes);
+    return std::endian::native == std::endian::little ? Word{bytes} : LittleEndian(bytes) >> 32;
+  };
+  return half(from) | half(from + length - sizeof(std::uint32_t)) << (8 * (length - sizeof(std::uint32_t)));
+}
 
 // A text of up to eight bytes.
 constexpr Word WordOf(std::string_view text) {
@@ -43,7 +58,7 @@ inline void StoreWord(Word word, char* to) {
   std::memcpy(to, &word, sizeof word);
 }
 
-// The first 16 bytes of a text as two words, with zeros behind its end. Names and short texts are hashed,
+// The first 16 bytes of a text as two words, with zeros after its end. Names and short texts are hashed,
 // compared and stored this way.
 struct TextWords {
   static constexpr std::size_t kBytes = 16;
@@ -51,20 +66,34 @@ struct TextWords {
   Word low = 0;
   Word high = 0;
 
-  // Of a text behind whose start 16 bytes can be read, whatever they are.
-  static TextWords OfPadded(const char* text, std::size_t length) {
-    if (length <= sizeof(Word)) return {LoadWord(text) & FirstBytes(length), 0};
-    return {LoadWord(text),
-            LoadWord(text + sizeof(Word)) & FirstBytes(std::min(length, kBytes) - sizeof(Word))};
-  }
+  // Of a text from whose start on 16 bytes can be read, whatever comes after it.
+  static TextWords OfPadded(const char* text, std::size_t length);
   static TextWords Of(std::string_view text) {
-    if (text.size() >= kBytes) return {LoadWord(text.data()), LoadWord(text.data() + 8)};
-    char bytes[kBytes] = {};
-    std::copy_n(text.data(), text.size(), bytes);
-    return {LoadWord(bytes), LoadWord(bytes + 8)};
+    const char* const from = text.data();
+    const std::size_t length = text.size();
+    if (length <= sizeof(Word)) return {LoadShort(from, length), 0};
+    if (length >= kBytes) return {LoadWord(from), LoadWord(from + sizeof(Word))};
+    return {LoadWord(from), LoadWord(from + length - sizeof(Word)) >> (8 * (kBytes - length))};
   }
 
+  constexpr TextWords operator&(const TextWords& mask) const { return {low & mask.low, high & mask.high}; }
   bool operator==(const TextWords& other) const { return ((low ^ other.low) | (high ^ other.high)) == 0; }
 };
+
+// The bits of the first bytes of a text, up to all 16. Looked up, because a branch that asks for the length would be
+// guessed wrong for every other name.
+inline constexpr std::array<TextWords, TextWords::kBytes + 1> kFirstBytes = [] {
+  std::array<TextWords, TextWords::kBytes + 1> masks{};
+  for (std::size_t bytes = 1; bytes < masks.size(); ++bytes) {
+    masks[bytes] = masks[bytes - 1];
+    Word& word = bytes <= sizeof(Word) ? masks[bytes].low : masks[bytes].high;
+    word = word << 8 | 0xFF;
+  }
+  return masks;
+}();
+
+inline TextWords TextWords::OfPadded(const char* text, std::size_t length) {
+  return TextWords{LoadWord(text), LoadWord(text + sizeof(Word))} & kFirstBytes[std::min(length, kBytes)];
+}
 
 }  // namespace rytesavc

@@ -177,7 +177,7 @@ class RYTREE_API Tree {
     const TextWords words = TextWords::Of(name);
     const std::uint32_t hash = Hash(name, words);
     const Name* const found = FindName(name, words, hash);
-    return found != nullptr ? found : InternNew(name, hash);
+    return found != nullptr ? found : InternNew(name, words, hash);
   }
   const Name* Intern(const Name* name, const Tree& of_tree) {
     if (&of_tree == this) return name;
@@ -196,11 +196,11 @@ class RYTREE_API Tree {
   const Name* FindName(std::string_view name, const TextWords& words, std::uint32_t hash) const {
     const std::uint32_t mask = name_slots_ - 1;
     for (std::uint32_t slot = hash & mask;; slot = (slot + 1) & mask) {
-      const Name* const at = names_[slot];
-      if (at == nullptr || at->Is(name, words)) return at;
+      const auto& [known, its_hash] = names_[slot];
+      if (known == nullptr || (its_hash == hash && known->Is(name, words))) return known;
     }
   }
-  const Name* InternNew(std::string_view name, std::uint32_t hash);
+  const Name* InternNew(std::string_view name, const TextWords& words, std::uint32_t hash);
   // "xml:space", which says whether white space is text; null if the tree does not hold it.
   const Name* space_name() const { return space_name_; }
   // Higher than the stamp of any name of the tree.
@@ -251,7 +251,12 @@ class RYTREE_API Tree {
   friend class SoundnessCheck;
   class TextBlocks;
   static constexpr std::size_t kFirstChunk = 1536;
-  static constexpr std::uint32_t kFirstNames = 32;
+  // A place in the table of names. With the hash there, names that are not meant need not be looked at.
+  struct NameSlot {
+    const Name* name;
+    std::uint32_t hash;
+  };
+  static constexpr std::uint32_t kFirstNames = 16;
   static std::size_t NameBytes(std::size_t length) {
     return sizeof(Name) + std::max(length + 1, TextWords::kBytes);
   }
@@ -298,9 +303,9 @@ class RYTREE_API Tree {
   std::uint32_t name_count_ = 0;
   const Name* space_name_ = nullptr;
   std::uint32_t name_slots_ = kFirstNames;
-  const Name** names_ = first_names_;
-  const Name* first_names_[kFirstNames] = {};
-  std::unique_ptr<const Name*[]> more_names_;
+  NameSlot* names_ = first_names_;
+  NameSlot first_names_[kFirstNames] = {};
+  std::unique_ptr<NameSlot[]> more_names_;
 };
 
 // What removed nodes hold is used before new memory is.
