@@ -7,6 +7,7 @@
 #include "frame/flag.h"
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
+#include "transfer/equal_texts.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ struct Comparison {
     if (index == saved.GetSize()) return mark.clear(node);
     const CString& before = saved[index++];
     read_value(node, value);
-    if (_mbscmp(value, before) == 0) return mark.clear(node);
+    if (value == before) return mark.clear(node);
     mark.set(node, before);
     ++changed;
   }
@@ -92,9 +93,10 @@ extern "C" int flagged_VCTreeGetChanged(CStringArray* first, CStringArray* secon
   if (first == nullptr || second == nullptr) return -1;
   const int size = first->GetSize();
   if (second->GetSize() != size) return -2;
-  const auto compare = is_set(caseSensitive) ? _mbscmp : _mbsicmp;
   for (int i = 0; i < size; ++i) {
-    if (compare((*first)[i], (*second)[i]) != 0) return i;
+    const CString& one = (*first)[i];
+    const CString& other = (*second)[i];
+    if (!(is_set(caseSensitive) ? one == other : equal_ignoring_case(one, other))) return i;
   }
   return -1;
 }

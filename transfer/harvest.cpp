@@ -104,7 +104,7 @@ class Harvest {
   /// The change test: a value that differs from the old one becomes the old one.
   bool note_change(RYXmlWrapperBase& node) {
     CString old;
-    if (node.GetPropertyValue(old_value_, old) == 0 || _mbscmp(old, value_) == 0) return false;
+    if (node.GetPropertyValue(old_value_, old) == 0 || old == value_) return false;
     node.SetPropertyValue(old_value_, value_);
     return true;
   }

@@ -5,6 +5,7 @@
 #include "frame/id_index.h"
 #include "transfer/composite_id.h"
 #include "transfer/decoration.h"
+#include "transfer/equal_texts.h"
 #include "transfer/records.h"
 
 namespace {
@@ -42,7 +43,7 @@ class Prune {
     const int place = id >= 0 ? index_.find(id) : -1;
     if (place < 0) return false;
     present_.read_leaf(leaf, value_);
-    return _mbsicmp(value_, values_[place]) == 0;
+    return equal_ignoring_case(value_, values_[place]);
   }
 
   static void remove(RYXmlWrapperBase& node, Children& child) {
