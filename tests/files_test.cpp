@@ -335,6 +335,9 @@ TEST_F(Files, CannotBeReadOrWrittenEverywhere) {
   }
   EXPECT_EQ(entries(), 2);
 
+  const std::string last = Node::LastFailure().text;
+  EXPECT_EQ(Node(tree).load(Node::LastFailure().text, 0), 0);
+  EXPECT_EQ(Node::LastFailure().text, "cannot read '" + last + "': No such file or directory");
   const std::string end(320, 'n');
   EXPECT_EQ(tree.Save((path() + end).c_str()), 0);
   EXPECT_EQ(Node::LastFailure().text, "cannot write '..." + end + "': File name too long");

@@ -16,19 +16,28 @@ struct Failure {
   TextPosition position;
 };
 
-// It needs no destructor, so threads may outlive the library.
-thread_local Failure last{};
+// They need no destructor, so threads may outlive the library.
+thread_local Failure failures[2]{};  // used in turns
+thread_local unsigned present = 0;
+Failure& last() { return failures[present]; }
+
 thread_local RYXmlPassedOver passed_over{};
 
 }  // namespace
 
+void BeginRecord() {
+  present ^= 1U;
+  ClearFailure();
+}
+
 void ClearFailure() { NoteFailure({}); }
 
 void NoteFailure(std::string_view text, TextPosition position) {
-  const std::size_t length = std::min(text.size(), sizeof last.text - 1);
-  std::copy_n(text.data(), length, last.text);
-  last.text[length] = '\0';
-  last.position = position;
+  Failure& failure = last();
+  const std::size_t length = std::min(text.size(), sizeof failure.text - 1);
+  std::copy_n(text.data(), length, failure.text);
+  failure.text[length] = '\0';
+  failure.position = position;
 }
 
 void NoteSystemFailure(std::string_view step, std::string_view path, int error) {
@@ -48,15 +57,15 @@ std::string LackOf(char32_t code, const CodePage& page) {
   return text;
 }
 
-long long FailureOffset() { return last.position.offset; }
-void MoveFailure(long long offset) { last.position.offset = offset; }
+long long FailureOffset() { return last().position.offset; }
+void MoveFailure(long long offset) { last().position.offset = offset; }
 
 void NotePassedOver(const RYXmlPassedOver& what) { passed_over = what; }
 
 }  // namespace rytesavc
 
 RYXmlFailure RYXmlWrapperBase::LastFailure() {
-  const auto& [text, position] = rytesavc::last;
+  const auto& [text, position] = rytesavc::last();
   return {text, position.line, position.column, position.offset};
 }
 

@@ -18,7 +18,7 @@ namespace {
 // Runs an operation whose failure the thread's record tells.
 template <class Work>
 int Noted(const Work& work) {
-  rytesavc::ClearFailure();
+  rytesavc::BeginRecord();
   try {
     return work() ? 1 : 0;
   } catch (const std::bad_alloc&) {
@@ -32,7 +32,7 @@ bool Refuse(std::string_view why) {
   return false;
 }
 
-// Notes where there are bytes that are no character.
+// Notes where there are bytes that are not a character.
 bool ConvertFromPage(std::string_view text, const CodePage& page, std::string& utf8) {
   const std::size_t done = page.ToUtf8(text, utf8);
   if (done == text.size()) return true;
@@ -66,7 +66,7 @@ void MoveFailureToPage(std::string_view text, const CodePage& page) {
 int RYXmlWrapperBase::GetXmlText(CString* text) const {
   return Noted([&] {
     const Node* const node = NodeAccess::node(*this);
-    if (node == nullptr) return Refuse("the handle stands on no node");
+    if (node == nullptr) return Refuse("the handle is not on a node");
     if (text == nullptr) return Refuse("there is no place for the text");
     const CodePage* const page = CodePage::Default();
     const rytesavc::XmlText utf8 = rytesavc::WriteXml(*NodeAccess::tree(*this), node, page);
@@ -89,7 +89,7 @@ int RYXmlWrapperBase::SetXmlText(const char* text) {
   rytesavc::NotePassedOver({});
   return Noted([&] {
     Node* const node = NodeAccess::node(*this);
-    if (node == nullptr) return Refuse("the handle stands on no node");
+    if (node == nullptr) return Refuse("the handle is not on a node");
     if (text == nullptr) return Refuse("there is no text");
     const CodePage* const page = CodePage::Default();
     const std::string_view xml(text);
@@ -106,7 +106,7 @@ int RYXmlWrapperBase::SetXmlText(const char* text) {
 int RYXmlWrapperBase::Save(const char* path) const {
   return Noted([&] {
     const Node* const node = NodeAccess::node(*this);
-    if (node == nullptr) return Refuse("the handle stands on no node");
+    if (node == nullptr) return Refuse("the handle is not on a node");
     if (path == nullptr) return Refuse("there is no path");
     rytesavc::OutputFile file(path);
     return file.Open() && rytesavc::WriteXml(*NodeAccess::tree(*this), node, CodePage::Default(), file) &&
