@@ -6,6 +6,7 @@
 #include <rytree_host/Kelp60.h>
 #include <rytree_host/ryUtils.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "frame/host_arrays.h"
 #include "frame/node_text.h"
 #include "frame/text_index.h"
+#include "frame/words.h"
 
 namespace {
 
@@ -170,18 +172,18 @@ bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char*
                                            int* maxNodes) {
   CArray<double, double>* const array = open_doubles(values);
   if (parent == nullptr || array == nullptr) return false;
-  const auto start = static_cast<unsigned>(count != nullptr ? *count : parent->GetNodeCount());
+  const std::int64_t start = count != nullptr ? *count : parent->GetNodeCount();
   const int size = array->GetSize();
   PresentChildren present(*parent, size);
   for (int i = 0; i < size; ++i) {
     if (maxNodes != nullptr && parent->GetNodeCount() >= *maxNodes) break;
-    const int number = static_cast<int>(start + static_cast<unsigned>(i) + 1U);
+    const int number = low_word(start + i + 1);
     const CString tag = numbered_tag(prefix, number);
     RYXmlWrapperBase child = present.find(tag);
     if (child.IsNodeValid() == 0) parent->AddNode(child, tag, rytree_make_one_set_ID(id, number));
     if (lstrlenA(label) > 0) child.SetLabel(label);
     child.NodeValue((*array)[i], 0);
   }
-  if (count != nullptr) *count = static_cast<int>(start + static_cast<unsigned>(size));
+  if (count != nullptr) *count = low_word(start + size);
   return true;
 }
