@@ -141,16 +141,23 @@ constexpr GrowthRow kRows[] = {
        while (nodes.Get(s.found) != 0) ++s.number;
      }},
     {"rytree_nlf_set_bool_param_from_user_params_setting",
-     [](Scene& s) { rytree_nlf_set_bool_param_from_user_params_setting(&s.made, &s.bools, 0); },
+     [](Scene& s) {
+       static_cast<void>(rytree_nlf_set_bool_param_from_user_params_setting(&s.made, &s.bools, 0));
+     },
      [](Scene& s) {
        make_vector(s);
        for (int id = 1; id <= s.nodes; ++id) s.made.GetChild(s.found, id - 1), s.found.NodeValue(s.number, 0);
      }},
     {"rytree_nlf_set_double_param_from_user_params_setting",
-     [](Scene& s) { rytree_nlf_set_double_param_from_user_params_setting(&s.made, &s.doubles, 0); },
+     [](Scene& s) {
+       static_cast<void>(rytree_nlf_set_double_param_from_user_params_setting(&s.made, &s.doubles, 0));
+     },
      make_vector},
     {"rytree_nlf_set_int_param_from_user_params_setting",
-     [](Scene& s) { rytree_nlf_set_int_param_from_user_params_setting(&s.made, &s.ints, 0); }, make_vector},
+     [](Scene& s) {
+       static_cast<void>(rytree_nlf_set_int_param_from_user_params_setting(&s.made, &s.ints, 0));
+     },
+     make_vector},
     {"rytree_value_from_tree_sub_nodes_to_vector_bool",
      [](Scene& s) { rytree_value_from_tree_sub_nodes_to_vector_bool(&s.made, &s.bools); }, make_vector},
     {"rytree_value_from_tree_sub_nodes_to_vector_double",

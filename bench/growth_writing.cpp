@@ -99,7 +99,7 @@ constexpr GrowthRow kRows[] = {
     {"rytree_move_node, up", [](Scene& s) { rytree_move_node(&s.rows, s.nodes - 1, 0, 0, nullptr); }},
     {"rytree_move_node, down", [](Scene& s) { rytree_move_node(&s.rows, 0, s.nodes / 2, 0, nullptr); }},
     {"rytree_move_node, to the end", [](Scene& s) { rytree_move_node(&s.tree, 0, -1, 0, nullptr); }},
-    {"VCTreeSetTagName", [](Scene& s) { VCTreeSetTagName(&s.tree, "Other"); }},
+    {"VCTreeSetTagName", [](Scene& s) { static_cast<void>(VCTreeSetTagName(&s.tree, "Other")); }},
     {"VCTreePrepareForMenu",
      [](Scene& s) {
        DWORD id = 1;

@@ -46,7 +46,7 @@ std::string auto_label(const char* text) {
   CString label;
   int state = 0;
   int number = 0;
-  vctree_parse_auto_support_string(text, state, label, number);
+  EXPECT_EQ(vctree_parse_auto_support_string(text, state, label, number), 1);
   return std::string(label.View());
 }
 

@@ -12,11 +12,11 @@
 // entry 0: that is the start node's own, which a saved list does not have. With it in the list every node is
 // compared with the entry of the node before it.
 //
-// To undo by "OldValue", do so before a harvest with `changedOnly` (vctree_get_values_with_ids): it overwrites
-// "OldValue" with the present value, and the value before is lost. The marks differ too. VCTreeUpdateChanges
-// leaves the raw text, such a harvest the text with its decorations ("::{Auto=1}12.5"), and it compares with
-// that form: a node with decorations that VCTreeUpdateChanges has marked counts as changed there, even where
-// its text has come back to what it was.
+// To undo by "OldValue", do so before a harvest with `changedOnly` (vctree_get_values_with_ids): it
+// overwrites "OldValue" with the present value, and the value before is lost. The marks differ too.
+// VCTreeUpdateChanges leaves the raw text, such a harvest the text with its decorations ("::{Auto=1}12.5"),
+// and it compares with that form: a node with decorations that VCTreeUpdateChanges has marked counts as
+// changed there, even where its text has come back to what it was.
 
 extern "C" {
 

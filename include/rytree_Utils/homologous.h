@@ -37,7 +37,7 @@ extern "C" {
 
 /// Order: `source`, `target`. Writes the text of each leaf of `source` to an attribute of the nodes of
 /// `target` that match it. A leaf and a node match if both have `matchAttribute` and the two texts are
-/// equal; "7" is not "07".
+/// equal; "7" is not "07". They are compared up to a NUL, if they hold one.
 /// - `attribute`: what is written. Null: "Show".
 /// - `matchAttribute`: null means "DataID"; an empty name matches nothing.
 /// - `extraAttribute` (may be null): an attribute to copy as well, written after `attribute`. A leaf without

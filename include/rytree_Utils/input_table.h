@@ -18,9 +18,13 @@
 // The number of a row is data * variables + position + 1, and its node ID ((data | 0x2000) << 16) |
 // ((position + 1900) & 0xFFFF), both cut to 32 bits. Node IDs are given to new nodes only.
 //
-// Labels, "Dep" and "Indep" are localized unless VCTreeAccessBlockLocalization blocks that. The texts come
-// from "LocalizeString" of the host's module "ZANmsg.dll", which is loaded at the first label and unloaded
-// with this library. If it cannot be loaded the texts stay as they are, and it is not tried again.
+// Labels, "Dep" and "Indep" are localized unless VCTreeAccessBlockLocalization blocks that; "a", "b", "c" and
+// the names of weight methods are not. The texts come from "LocalizeString" of the host's module
+// "ZANmsg.dll", which is loaded at the first label and unloaded with this library. If it cannot be loaded the
+// texts stay as they are, and it is not tried again. The bundled module asks gettext for the domain "rytree":
+// a program that wants texts in the user's language calls setlocale(LC_ALL, "") first and, unless the
+// catalogues rytree.mo are where the system keeps them, bindtextdomain("rytree", folder). A text that no
+// catalogue has stays as it is.
 
 extern "C" {
 
@@ -30,21 +34,25 @@ extern "C" {
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
 #endif
 
-/// Makes the row of a variable, or writes it again: row and cells are found by their tags, and cells that
-/// only an earlier weight method needed stay.
+/// Order: `table`, `parameters`. Makes the row of a variable, or writes it again: row and cells are found by
+/// their tags, and cells that only an earlier weight method needed stay.
 /// - `data`: index of the data set.
 /// - `position`: place among all `variables` of a set, independents first.
 /// - `index`: place among the variables of its own kind.
 /// - `name`: for "SubHeader0"; null counts as empty.
-/// - `weightMethod`: of a dependent variable; an invalid one has an empty name and needs nothing.
-/// - `parameters`: its nodes 3 * `parameterIndex` + 0, 1 and 2 (numbered in pre-order as by rytree_get_node)
-///   hold a, b and c. If it is null, or there is no such node or no number in it, the cell keeps its value.
+/// - `weightMethod`: of a dependent variable, see weighting.h; one outside 0 to 14 has an empty name and
+///   needs nothing.
+/// - `parameters`: its nodes 3 * `parameterIndex` + 0, 1 and 2 (all nodes below it numbered from 0 in
+///   pre-order, branches too) hold a, b and c. If it is null, or there is no such node or no number in it,
+///   the cell keeps its value, a new one none. Each is counted up to from the start; for many variables of
+///   one tree report_update_input_data_table is quicker.
 /// - `parameterIndex`: if it is negative, `pass` is taken instead.
 /// - `xyz`: if nonzero, the data are named X1 for the independent of index 0, Y1 for the other independents
 ///   and Z1 for dependents, else X or Y and the index + 1.
 /// - `sets`, `reserved`: no effect.
 ///
-/// The row; invalid if `table` is null or invalid or the row cannot be made.
+/// The row; invalid if `table` is null or invalid or the row cannot be made. A cell that cannot be made is
+/// left out.
 RYTREE_API RYXmlWrapperBase report_make_input_data_table_var_row(
     RYXmlWrapperBase* table, int data, int position, int index, bool dependent, const char* name, int sets,
     int pass, int variables, int reserved, int weightMethod, RYXmlWrapperBase* parameters, int xyz,
@@ -54,11 +62,11 @@ RYTREE_API RYXmlWrapperBase report_make_input_data_table_var_row(
 #pragma clang diagnostic pop
 #endif
 
-/// Makes the rows of all variables of one data set, or writes them again, each as
-/// report_make_input_data_table_var_row does. There are `sets` passes over the same rows, which differ in the
-/// weight methods and parameters: a row ends with those of the last pass, and with the cells that any pass
-/// needed.
-/// - `sets` below 1, or a null `table`: nothing happens.
+/// Order: `table`, `parameters`. Makes the rows of all variables of one data set, or writes them again, each
+/// as report_make_input_data_table_var_row does. There are `sets` passes over the same rows, which differ in
+/// the weight methods and parameters: a row ends with those of the last pass, and with the cells that any
+/// pass needed. For several data sets call it once for each `data`, not with larger `sets`.
+/// - `sets` below 1, or a null or invalid `table`: nothing happens.
 /// - `dependents`, `independents`: numbers of variables; below 1 there are none of that kind.
 /// - `dependentNames`, `independentNames`: arrays of strings; a missing name is empty. Variables after the
 ///   65,536th of their kind, where the node IDs begin again, get a row only if the array has a name for them.

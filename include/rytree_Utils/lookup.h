@@ -145,7 +145,7 @@ RYTREE_API int tmxfu_tree_get_node(RYXmlWrapperBase& out, const RYXmlWrapperBase
                                    ...) RYTREE_ENDS_IN_NULL;
 
 /// Reads (`get` nonzero) or writes (0) the vector of the node at the end of the path. Only writing makes
-/// missing levels. 1, or 0 if the node was not reached or its text is no list of numbers; `vector` is then
+/// missing levels. 1, or 0 if the node was not reached or its text is not a list of numbers; `vector` is then
 /// untouched. An empty text is the empty list.
 RYTREE_API int tmxfu_tree_node_vector_value(RYXmlWrapperBase& start, tagRYSOBJVECT& vector, int get,
                                             const char* firstTag, ...) RYTREE_ENDS_IN_NULL;

@@ -14,14 +14,19 @@
 //     nested   <T> <Range1><X/><Y/></Range1> <Range2><X/><Y/></Range2> </T>
 //     flat     <T> <X/><Y/> <S/> <X/><Y/> </T>       "S" parts two ranges; any other tag is a sub-node
 //
-// The iterators hold handles on the caller's tree, which must not change during a walk. They go forward only;
-// a copy goes its own way from the same place. For an invalid node the first Get gives 0.
+// To visit all ranges, walk over a RangeTreeRanges (at the end of this header). The two iterators can be used
+// by themselves, but in the nested form this loop ends early, at the first range without children, because
+// Get gives 0 there too:
 //
 //     VCRangeTreeIterator ranges(tree);
 //     for (RYXmlWrapperBase first; ranges.Get(first) != 0;) {
 //       VCSubRangeTreeIterator sub_nodes(first);
 //       for (RYXmlWrapperBase node; sub_nodes.Get(node) != 0;) use(node);
 //     }
+//
+// The iterators hold handles on the caller's tree, which must not change during a walk. They go forward only;
+// a copy goes its own way from the same place. For an invalid node the first Get gives 0. Each step is O(1)
+// but for the range iterator in the flat form, which passes over the range that it hands out.
 
 /// Hands out the first sub-node of each range.
 class RYTREE_API VCRangeTreeIterator {

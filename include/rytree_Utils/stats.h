@@ -1,8 +1,9 @@
 // The results of descriptive statistics in their branch of a tree. Every operation moves one group of results
 // between the caller's variables and nodes with fixed tags below `tree`: `get` nonzero reads, 0 writes.
 // Writing makes missing nodes. A variable whose node is missing or cannot be read keeps its value, unless
-// said otherwise. Nothing reports an error. The plain forms do nothing (and give 0) if a pointer is null or
-// an object does not hold a double array.
+// said otherwise, so give it one before a read. Nothing reports an error: with an invalid `tree` nothing
+// changes, and a node that cannot be made is passed over. The plain forms do nothing (and give 0) if a
+// pointer is null or an object does not hold a double array.
 //
 //     Results   N, Missing (int), Mean … WeightSum, Min, Max (double)
 //     Counts, Percentiles (double arrays)
@@ -22,8 +23,9 @@ struct tagDescStatResults {
       SDx3, GeoMean, GeoSD, Mode, WeightSum;
 };
 
-/// Sets `out` to the child "Box", or "Whisker", of "BoxChart"; both nodes are made if missing. 1 if `out` is
-/// valid afterwards, else 0.
+/// Order: `tree`, `out`. Sets `out` to the child "Box", or "Whisker", of "BoxChart"; both nodes are made if
+/// missing. 1, or 0 if one cannot be made: `out` is then untouched if that is "BoxChart", as for an invalid
+/// `tree`, and invalid if it is the child.
 RYTREE_API int vctree_stats_get_boxchart_box_node(RYXmlWrapperBase& tree, RYXmlWrapperBase& out);
 RYTREE_API int vctree_stats_get_boxchart_whisker_node(RYXmlWrapperBase& tree, RYXmlWrapperBase& out);
 
@@ -33,8 +35,9 @@ RYTREE_API int vctree_stats_get_boxchart_whisker_node(RYXmlWrapperBase& tree, RY
 RYTREE_API void vctree_stats_get_set_stats_results(RYXmlWrapperBase& tree, tagDescStatResults& results,
                                                    double& minimum, double& maximum, int get);
 
-/// "Counts" and "Percentiles", which are made in both directions. A read replaces what the array held; an
-/// empty node is an empty array.
+/// "Counts" and "Percentiles", which are made in both directions. A read replaces what the array held: a node
+/// without text gives an empty array, and so does one that the read has made. A text that is not a list of
+/// numbers leaves the array alone.
 RYTREE_API void vctree_stats_get_set_counts(RYXmlWrapperBase& tree, CArray<double, double>& values, int get);
 RYTREE_API void vctree_stats_get_set_percentiles(RYXmlWrapperBase& tree, CArray<double, double>& values,
                                                  int get);
@@ -49,7 +52,8 @@ RYTREE_API void vctree_stats_get_set_box_info(RYXmlWrapperBase& tree, double& to
 RYTREE_API void vctree_stats_get_set_whisker_info(RYXmlWrapperBase& tree, double& top, double& bottom,
                                                   int get);
 
-/// "Auto" of "Bin": its value, or 1 if it is missing or not an int. Reading makes nothing.
+/// "Auto" of "Bin": its value, or 1 if it is missing or not an int or `tree` is invalid. Reading makes
+/// nothing.
 RYTREE_API int vctree_stats_is_bin_auto(RYXmlWrapperBase& tree);
 RYTREE_API void vctree_stats_set_bin_auto(RYXmlWrapperBase& tree, int automatic);
 
@@ -67,7 +71,7 @@ RYTREE_API void rytree_stats_get_set_box_info(RYXmlWrapperBase* tree, double* to
                                               double* bottom, double* bottomX, double* center, int get);
 RYTREE_API void rytree_stats_get_set_whisker_info(RYXmlWrapperBase* tree, double* top, double* bottom,
                                                   int get);
-/// 0 for a null pointer.
+/// 0 for a null pointer, where an invalid handle gives 1.
 RYTREE_API int rytree_stats_is_bin_auto(RYXmlWrapperBase* tree);
 RYTREE_API void rytree_stats_set_bin_auto(RYXmlWrapperBase* tree, int automatic);
 
