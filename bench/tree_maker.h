@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-/// A settings tree as XML text: 10 to 20 children a branch, at most 6 levels, 120 tags, "DataID" and "Label" on
-/// every node, "Show" on a third of them, texts of 1 to 24 bytes on the leaves. Where 6 levels cannot hold all
-/// nodes, branches have more children.
+/// A settings tree as XML text: 10 to 20 children a branch, at most 6 levels, 120 tags, "DataID" and "Label"
+/// on every node, "Show" on a third of them, texts of 1 to 24 bytes on the leaves. Where 6 levels cannot hold
+/// all nodes, branches have more children.
 struct MadeTree {
   std::string xml;
   std::string other_xml;                // the same tree with the new values

@@ -5,8 +5,8 @@
 
 #include <functional>
 
-/// A copy of a text argument, for a call that fills strings of the caller before it is done with the text: the
-/// text may be in one of them. Null stays null.
+/// A copy of a text argument, for a call that fills strings of the caller before it is done with the text:
+/// the text may be in one of them. Null stays null.
 class OwnText {
  public:
   explicit OwnText(const char* text) : is_null_(text == nullptr), copy_(text) {}

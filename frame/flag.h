@@ -3,14 +3,14 @@
 
 #include <cstring>
 
-/// A flag among the arguments of an export. A caller in another language may hand over any byte, and each but 0
-/// means true. A C++ function does not get that far: its compiler takes for granted that a bool is 0 or 1, and
-/// a 2 then counts as true in one place and as false in another. So a function with `Flag` where the export has
-/// `bool` does the work, and the export is an alias of it:
+/// A flag among the arguments of an export. A caller in another language may hand over any byte, and each but
+/// 0 means true. A C++ function does not get that far: its compiler takes for granted that a bool is 0 or 1,
+/// and a 2 then counts as true in one place and as false in another. So a function with `Flag` where the
+/// export has `bool` does the work, and the export is an alias of it:
 ///     extern "C" int flagged_NAME(RYXmlWrapperBase* node, Flag recursive) { … }
 ///     [[gnu::alias("flagged_NAME")]] decltype(NAME) NAME;
-/// The machine passes both in the same place: the flag is the low byte there, and what is above it is left over
-/// from other work. It is no class, which compilers may take apart in a call inside of one file.
+/// The machine passes both in the same place: the flag is the low byte there, and what is above it is left
+/// over from other work. It is not a class, which compilers may take apart in a call inside of one file.
 enum class Flag : unsigned {};
 
 inline bool is_set(Flag flag) { return (static_cast<unsigned>(flag) & 0xFF) != 0; }

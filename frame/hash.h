@@ -6,8 +6,8 @@
 #include <cstring>
 #include <string_view>
 
-/// An odd number made of the place of an index in memory. Nobody who writes a file knows that place, so nobody can
-/// choose texts or IDs that share a slot.
+/// An odd number made of the place of an index in memory. Nobody who writes a file knows that place, so
+/// nobody can choose texts or IDs that share a slot.
 inline std::uint64_t hash_seed(const void* index) {
   return static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(index)) * 0x9E3779B97F4A7C15U | 1U;
 }

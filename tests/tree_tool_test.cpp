@@ -145,9 +145,9 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
       2 | show '' | a file name is empty
       2 | show lost.xml | lost.xml: cannot read: No such file or directory
       2 | show t.xml --level 0 | --level is 1 to 256
-      2 | path t.xml 99999999999 | '99999999999' is no number
+      2 | path t.xml 99999999999 | '99999999999' is not a number
       2 | find t.xml =x | '=x' is not ATTRIBUTE=VALUE
-      2 | set t.xml 1 A=1 '1 B=2' --in-place | '1 B' is no name for an attribute
+      2 | set t.xml 1 A=1 '1 B=2' --in-place | '1 B' is not an attribute name
       2 | set t.xml 1 A=1 -o r.xml --in-place | -o and --in-place exclude each other
       2 | pairs t.xml Root.Set 'a, 1=2' --in-place | no pair in 'a, 1=2'
       2 | pairs t.xml Root.Set --key-separator '' | --key-separator is one character of ASCII

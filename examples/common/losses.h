@@ -3,7 +3,8 @@
 
 #include <string>
 
-/// What the last load passed over, as in "3 comments and 1 processing instruction are not kept"; "" if nothing.
+/// What the last load passed over, as in "3 comments and 1 processing instruction are not kept"; "" if
+/// nothing.
 std::string not_kept();
 
 /// Whether both names lead to one file that exists.

@@ -29,6 +29,6 @@ struct Outcome {
 };
 
 /// Does the job and writes both files. Calls `stage` with the name of each stage as it begins. Counts all
-/// changes and lists at most `change_limit` of them. Throws a Failure, with both files as they were; so they are too
-/// after a signal that asks the program to end, unless both are done.
+/// changes and lists at most `change_limit` of them. Throws a Failure, with both files as they were; so they
+/// are too after a signal that asks the program to end, unless both are done.
 Outcome transfer(const Arguments& arguments, int change_limit, const std::function<void(const char*)>& stage);

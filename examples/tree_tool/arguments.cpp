@@ -106,6 +106,6 @@ int whole_number(const std::string& text) {
   int number = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end) throw Failure("'" + text + "' is no number");
+  if (error != std::errc() || stop != end) throw Failure("'" + text + "' is not a number");
   return number;
 }

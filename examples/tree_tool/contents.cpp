@@ -37,7 +37,7 @@ Outcome set(Document& document, const Arguments& arguments) {
   Place place = document.at(arguments.words[1]);
   for (const auto& [name, value] : attributes) {
     if (place.node.SetPropertyValue(name.c_str(), value.c_str()) == 0)
-      throw Failure("'" + name + "' is no name for an attribute");
+      throw Failure("'" + name + "' is not an attribute name");
   }
   if (with_value) set_value(place.node, arguments.text("--value"));
   return {"set " + counted(static_cast<int>(attributes.size()), "attribute", "attributes") +

@@ -56,13 +56,13 @@ bool Matching::Search(const char* filter, const char* end) {
   constexpr std::ptrdiff_t kMostForEach = 8;
   std::ptrdiff_t allowed = 256;  // bytes to look at
   for (;; reader_.Next(text_), allowed += kMostForEach) {
-    const char* behind = text_;
-    if (Take(filter, end, behind)) {
-      text_ = behind;
+    const char* after = text_;
+    if (Take(filter, end, after)) {
+      text_ = after;
       return true;
     }
     if (!*text_) return false;
-    allowed -= behind - text_;
+    allowed -= after - text_;
     if (allowed < 0) return SearchCharacters(filter, end);
   }
 }

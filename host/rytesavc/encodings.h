@@ -10,7 +10,8 @@
 
 namespace rytesavc {
 
-// The platform's name of a declared encoding, whatever its case and punctuation; null for one that is not known.
+// The platform's name of a declared encoding, whatever its case and punctuation; null for one that is not
+// known.
 const char* CharsetOf(std::string_view declared);
 
 // Text of another encoding, read as UTF-8.
@@ -19,7 +20,7 @@ class ConvertedInput : public XmlInput {
   ConvertedInput(XmlInput& input, const char* charset);
   ~ConvertedInput() override;
 
-  // Fails, and notes where, at bytes that are no character.
+  // Fails, and notes where, at bytes that are not a character.
   bool Read(char* to, std::size_t room, std::size_t& length) override;
   std::size_t size() const override { return input_.size(); }
   // Where in `input` the end of what was read is.

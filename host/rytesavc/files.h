@@ -33,13 +33,14 @@ class InputFile : public XmlInput {
   int descriptor_ = -1;
 };
 
-// A file that replaces another as a whole: at every moment the path holds the old file or the new one. What was
-// written without a Finish is removed. A symbolic link at the path stays and its target is replaced; the old file's
-// mode, and its owner where that is allowed, are kept.
+// A file that replaces another as a whole: at every moment the path holds the old file or the new one. What
+// was written without a Finish is removed. A symbolic link at the path stays and its target is replaced; the
+// old file's mode, and its owner where that is allowed, are kept.
 //
-// Until it is whole the file has no name, where the system can do that, else one beside the target. The system cannot
-// put a file without a name in the place of another: it gets the name beside the target for the moment before it is
-// renamed. While a file has that name it is locked; one that is not was left by a process that was killed.
+// Until it is whole the file has no name, where the system can do that, else one beside the target. The
+// system cannot put a file without a name in the place of another: it gets the name beside the target for the
+// moment before it is renamed. While a file has that name it is locked; one that is not was left by a process
+// that was killed.
 class OutputFile {
  public:
   explicit OutputFile(const char* path) : path_(path) {}

@@ -1,8 +1,8 @@
-// A fast reader for what nearly all XML files are made of: UTF-8, an XML declaration, elements, attributes, text, the
-// five named and the numeric references, comments, CDATA, processing instructions.
+// A fast reader for what nearly all XML files are made of: UTF-8, an XML declaration, elements, attributes,
+// text, the five named and the numeric references, comments, CDATA, processing instructions.
 //
-// It accepts nothing that Expat would not, and makes the same of it. Whatever it does not know, whatever is wrong and
-// whatever is too much it refuses without giving a reason: that is left to Expat.
+// It accepts nothing that Expat would not, and makes the same of it. Whatever it does not know, whatever is
+// wrong and whatever is too much it refuses without giving a reason: that is left to Expat.
 #pragma once
 
 #include "rytree_host/export.h"

@@ -1,7 +1,7 @@
 // Finds the bytes of UTF-8 text at which a reader must stop, 16 at a time.
 //
-// The text must end with a NUL, which XML never has, and kPadding bytes from there on must be readable. So none of these
-// loops has to ask how much is left.
+// The text must end with a NUL, which XML never has, and kPadding bytes from there on must be readable. So
+// none of these loops has to ask how much is left.
 #pragma once
 
 #include <bit>
@@ -19,7 +19,8 @@ namespace rytesavc {
 
 inline constexpr std::size_t kPadding = 2 * TextWords::kBytes;
 
-// Which of the next 16 bytes is the first that is below `kLeast`, beyond ASCII or one of the stops; 16 for none.
+// Which of the next 16 bytes is the first that is below `kLeast`, beyond ASCII or one of the stops; 16 for
+// none.
 #if defined(__SSE2__)
 template <char kLeast, char... kStops>
 inline std::size_t FirstStop(const char* at) {
@@ -32,8 +33,8 @@ inline std::size_t FirstStop(const char* at) {
       std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(stops)) | 0x10000U));
 }
 #else
-// Marks such bytes by their high bits. Only the lowest mark can be relied on: a byte too small for what is subtracted
-// from it borrows from the next one.
+// Marks such bytes by their high bits. Only the lowest mark can be relied on: a byte too small for what is
+// subtracted from it borrows from the next one.
 template <char kLeast, char... kStops>
 constexpr Word MarkStops(Word word) {
   return (word | (word - EachByte(kLeast)) | (((word ^ EachByte(kStops)) - EachByte(1)) | ...)) &
@@ -51,7 +52,8 @@ inline std::size_t FirstStop(const char* at) {
 // Past the characters beyond ASCII that start at `at`: gives the first byte that belongs to none.
 char* SkipBeyondAscii(char* at);
 
-// Gives the first byte that is a stop, a control character (which most white space is) or part of no character.
+// Gives the first byte that is a stop, a control character (which most white space is) or part of no
+// character.
 template <char... kStops>
 inline char* Skip(char* at) {
   for (;;) {

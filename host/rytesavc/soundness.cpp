@@ -181,14 +181,16 @@ bool SoundnessCheck::CheckContent(const Node* node) {
     }
     return Expect(false, "a value is of no kind");
   };
-  if (!Expect(IsInterned(node->tag), "a tag is no name of the tree") || !is_sound(node->text)) return false;
+  if (!Expect(IsInterned(node->tag), "a tag is not a name of the tree") || !is_sound(node->text))
+    return false;
   const std::uint32_t count = node->attribute_count;
   if (!Expect(count <= node->attribute_capacity, "there are more attributes than room")) return false;
   if (node->attribute_capacity == 0) return true;
   if (!CheckBlock(node->attributes, Tree::AttributeBytes(node->attribute_capacity))) return false;
   std::vector<const Name*> seen;
   for (const Attribute* at = node->attributes; at != node->attributes + count; ++at) {
-    if (!Expect(IsInterned(at->name), "an attribute's name is no name of the tree") || !is_sound(at->value))
+    if (!Expect(IsInterned(at->name), "an attribute's name is not a name of the tree") ||
+        !is_sound(at->value))
       return false;
     seen.push_back(at->name);
   }

@@ -106,7 +106,7 @@ constexpr bool MayBeSpecial(std::uint64_t word) {
   return (marks & EachByte(0x80)) != 0;
 }
 
-// The functions below write to where `to` points and give the place behind what they wrote.
+// The functions below write to where `to` points and give the place after what they wrote.
 class Writer {
  public:
   // Without a file everything stays in the block.

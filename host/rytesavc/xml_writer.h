@@ -36,15 +36,16 @@ class Output {
   char* end_ = nullptr;
 };
 
-// The element and all below it, with no white space between the tags. The strings are in `page`, null for UTF-8.
+// The element and all below it, with no white space between the tags. The strings are in `page`, null for
+// UTF-8.
 struct XmlText {
   Output block;
   std::string_view text;
 };
 XmlText WriteXml(const Tree& tree, const Node* top, const CodePage* page);
 
-// The same as a file: with the declaration, and with indentation where that changes no text and xml:space allows it. False if the file
-// takes it no further.
+// The same as a file: with the declaration, and with indentation where that changes no text and xml:space
+// allows it. False if the file takes it no further.
 bool WriteXml(const Tree& tree, const Node* top, const CodePage* page, OutputFile& file);
 
 }  // namespace rytesavc

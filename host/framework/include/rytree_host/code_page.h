@@ -10,10 +10,10 @@
 #include "rytree_host/export.h"
 #include "rytree_host/utf8.h"
 
-/// An encoding other than UTF-8, with characters of one or two bytes. A byte below 0x80 that starts a character
-/// is the ASCII character. Characters are those that the platform's conversion takes to Unicode and back to the
-/// same bytes. The start of a pair, followed by a byte that can end one, is one character even if Unicode has
-/// nothing for it; any other byte that is no character stands for itself.
+/// An encoding other than UTF-8, with characters of one or two bytes. A byte below 0x80 that starts a
+/// character is the ASCII character. Characters are those that the platform's conversion takes to Unicode and
+/// back to the same bytes. The start of a pair, followed by a byte that can end one, is one character even if
+/// Unicode has nothing for it; any other byte that is not a character stands for itself.
 class RYTREE_API CodePage {
  public:
   /// The encoding of all narrow strings of the process: null for UTF-8, as at the start.
@@ -28,8 +28,8 @@ class RYTREE_API CodePage {
   }
   bool InPair(char byte) const noexcept { return roles_[static_cast<unsigned char>(byte)] != 0; }
 
-  /// Reads the character at `text` and moves past it. The text has at least one more byte, and ends with a NUL or
-  /// after `length` bytes. What Unicode has nothing for is read as utf8::kStray plus its bytes.
+  /// Reads the character at `text` and moves past it. The text has at least one more byte, and ends with a
+  /// NUL or after `length` bytes. What Unicode has nothing for is read as utf8::kStray plus its bytes.
   char32_t Next(const char*& text, std::size_t length = 2) const noexcept {
     const auto first = static_cast<unsigned char>(*text++);
     if (first < 0x80) return first;
@@ -38,7 +38,8 @@ class RYTREE_API CodePage {
     const char32_t code = codes_[bytes];
     return code != 0 ? code : utf8::kStray + static_cast<char32_t>(bytes);
   }
-  /// Appends a character; what Next gave is written as the bytes it was read from. False if the page lacks it.
+  /// Appends a character; what Next gave is written as the bytes it was read from. False if the page lacks
+  /// it.
   bool Append(std::string& text, char32_t code) const;
   bool Has(char32_t code) const noexcept { return code < 0x80 || (code < 0x10000 && bytes_[code] != 0); }
 
@@ -68,8 +69,8 @@ class RYTREE_API CodePage {
   char16_t bytes_[0x10000] = {};
 };
 
-/// The characters of narrow strings, in the encoding that was the default when this was made. A byte that belongs to
-/// no character is one by itself.
+/// The characters of narrow strings, in the encoding that was the default when this was made. A byte that
+/// belongs to no character is one by itself.
 class RYTREE_API NarrowCharacters {
  public:
   /// As CodePage::Next and utf8::next.
@@ -89,7 +90,8 @@ class RYTREE_API NarrowCharacters {
   bool IsWhole(std::string_view wanted) const noexcept {
     return wanted.empty() || (StandsAlone(wanted.front()) && StandsAlone(wanted.back())) || EndsWhole(wanted);
   }
-  /// The first place at or after `start`, where a character starts, at which `wanted` is found as whole characters.
+  /// The first place at or after `start`, where a character starts, at which `wanted` is found as whole
+  /// characters.
   std::size_t Find(std::string_view text, std::string_view wanted, std::size_t start) const;
 
  private:

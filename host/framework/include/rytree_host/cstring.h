@@ -17,8 +17,8 @@
 ///
 /// A null `const char*` counts as the empty string. Indexes and counts outside the string are cut to it,
 /// whatever their size: a read there gives 0, a write does nothing. Positions count bytes, and parts are cut
-/// at just those. Case, searches and trimming go by the characters of the default page (code_page.h), never by
-/// the locale: nothing is found in the middle of a character.
+/// at just those. Case, searches and trimming go by the characters of the default page (code_page.h), never
+/// by the locale: nothing is found in the middle of a character.
 class CString {
  public:
   CString() noexcept = default;

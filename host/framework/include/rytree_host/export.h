@@ -1,5 +1,5 @@
-// What the compiler is told about functions, and the plain form for compilers that lack it. These are the only
-// macros of the project.
+// What the compiler is told about functions, and the plain form for compilers that lack it. These are the
+// only macros of the project.
 #pragma once
 
 #ifdef __GNUC__

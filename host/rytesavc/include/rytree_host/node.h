@@ -19,7 +19,7 @@ class RYTREE_API TESAObj {
 
 /// Why the last Save, load, GetXmlText or SetXmlText of this thread failed.
 struct RYXmlFailure {
-  const char* text;  ///< one line of English; "" after a success; good until the thread's next such call
+  const char* text;  ///< one line of English; "" after a success; good until the thread's next such call ends
   int line;          ///< of the XML text, from 1; 0 where the failure has no place in a text
   int column;        ///< from 1, in characters; 0 as above
   long long offset;  ///< from the start of the text, in bytes of the text that was given; -1 as above
@@ -31,7 +31,7 @@ struct RYXmlPassedOver {
   int instructions;  ///< processing instructions, without the XML declaration
   int doctypes;      ///< 1 if there is a DOCTYPE
   int entities;      ///< declared in the DOCTYPE
-  int mixed_nodes;  ///< nodes with text behind a child: the text is kept, its place among the children is not
+  int mixed_nodes;   ///< nodes with text after a child: the text is kept, its place among the children is not
 };
 
 /// A handle on one node of a tree. A copy is a second handle on the same node. A tree lives as long as a
@@ -42,15 +42,16 @@ struct RYXmlPassedOver {
 ///
 /// Rules that hold for every operation:
 /// - Results are int, nonzero on success, unless said otherwise.
-/// - On an invalid or dead handle an operation fails: 0 (GetVector and SetVector: -1), nothing changed and the
-///   outputs left alone. Only CreateNew and `load` do not need a valid one.
+/// - On an invalid or dead handle an operation fails: 0 (GetVector and SetVector: -1), nothing changed and
+///   the outputs left alone. Only CreateNew and `load` do not need a valid one.
 /// - An `out` may be the handle itself. On a valid handle a step to a node that is not there makes `out`
 ///   invalid.
 /// - An operation that fails changes nothing. When memory runs out it changes nothing either and throws
-///   std::bad_alloc; load, Save, SetXmlText and GetXmlText give 0 instead. None makes a tree deeper than 1,024 levels.
+///   std::bad_alloc; load, Save, SetXmlText and GetXmlText give 0 instead. None makes a tree deeper than
+///   1,024 levels.
 /// - Tags and attribute names are XML names, compare byte for byte, and are in the default code page as all
-///   strings are (SetDefaultCodePage). One that the page has no characters for is refused. The names "_NodeID"
-///   and "_NodeEscape" belong to the file form and are refused.
+///   strings are (SetDefaultCodePage). One that the page has no characters for is refused. The names
+///   "_NodeID" and "_NodeEscape" belong to the file form and are refused.
 /// - Numbers are written in the shortest form that reads back to the same value. An int is read from a text
 ///   with blanks around it, a sign, or as a real number of integral value in range; a double takes NaN and
 ///   infinities too. A read that fails leaves the variable alone.
@@ -120,16 +121,16 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int GetTreeSize() const { return IsNodeValid() != 0 ? static_cast<int>(tree_->node_count()) : 0; }
   /// Whether the node has children. The argument has no effect.
   int HasChildren(int) const { return IsNodeValid() != 0 && node_->first != nullptr ? 1 : 0; }
-  /// Whether everything that the tree holds fits together: the links of all nodes, their depths, names, attributes
-  /// and values, every count, and the use of the tree's memory to the last byte. `fault` (may be null) becomes the
-  /// first fault found, or empty. Only a fault of this library or of a program that writes where it must not makes a
-  /// tree unsound. O(n log n), for tests.
+  /// Whether everything that the tree holds fits together: the links of all nodes, their depths, names,
+  /// attributes and values, every count, and the use of the tree's memory to the last byte. `fault` (may be
+  /// null) becomes the first fault found, or empty. Only a fault of this library or of a program that writes
+  /// where it must not makes a tree unsound. O(n log n), for tests.
   int IsTreeSound(CString* fault = nullptr) const;
   /// Whether the node is a leaf without text.
   int IsEmpty() const { return IsNodeValid() != 0 && node_->first == nullptr && node_->text.empty() ? 1 : 0; }
 
-  // ---- Attributes, in the order of their first writing. Among many attributes one is found as quickly as among few;
-  // removing one moves all that follow it.
+  // ---- Attributes, in the order of their first writing. Among many attributes one is found as quickly as
+  // among few; removing one moves all that follow it.
 
   int GetPropertyValue(const char* name, int& value) const { return ReadInt(FindAttribute(name), value); }
   int GetPropertyValue(const char* name, double& value) const {
@@ -209,8 +210,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
 
   // ---- Identity.
 
-  /// 0, with `tag` left alone, also for a tag that the default code page cannot write: one that came into the tree
-  /// under another page.
+  /// 0, with `tag` left alone, also for a tag that the default code page cannot write: one that came into the
+  /// tree under another page.
   int GetTagName(CString& tag) const {
     if (IsNodeValid() == 0) return 0;
     if (CodePage::Default() != nullptr) return GetTagNameInPage(tag);
@@ -288,8 +289,9 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   int ResetNode(int);
   /// One element without declaration or indentation, self-closed if the node has neither text nor children.
   virtual int GetXmlText(CString* text) const;
-  /// Parses exactly one element and puts it in this node's place, under the same handle; handles below it die.
-  /// What may come before and after the root of a file may do so here too. What is passed over is the same as in load.
+  /// Parses exactly one element and puts it in this node's place, under the same handle; handles below it
+  /// die. What may come before and after the root of a file may do so here too. What is passed over is the
+  /// same as in load.
   [[nodiscard]] virtual int SetXmlText(const char* text);
 
   // ---- Files.
@@ -299,26 +301,28 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// are repeated.
   ///
   /// The new file has no name before it is whole. Only where the system cannot do that, and between the two
-  /// last steps over an old file, it is ".NAME.unfinished-save-0" beside the target (or 1, 2, … if others save
-  /// to it). A process that is killed there leaves that file, and the next Save to the same path removes it.
+  /// last steps over an old file, it is ".NAME.unfinished-save-0" beside the target (or 1, 2, … if others
+  /// save to it). A process that is killed there leaves that file, and the next Save to the same path removes
+  /// it.
   [[nodiscard]] int Save(const char* path) const;
-  /// Puts the handle on the root of the tree in the file. The int has no effect. The file is in UTF-8, in UTF-16
-  /// with a byte order mark, or in the encoding that its XML declaration names, under any of its usual names in
-  /// any case: ASCII, ISO 8859, Windows 125x, KOI8-R and -U, CP437 to CP866, Shift_JIS, EUC-JP, GB2312, GBK,
-  /// GB18030, Big5, EUC-KR. Another encoding is refused.
+  /// Puts the handle on the root of the tree in the file. The int has no effect. The file is in UTF-8, in
+  /// UTF-16 with a byte order mark, or in the encoding that its XML declaration names, under any of its usual
+  /// names in any case: ASCII, ISO 8859, Windows 125x, KOI8-R and -U, CP437 to CP866, Shift_JIS, EUC-JP,
+  /// GB2312, GBK, GB18030, Big5, EUC-KR. Another encoding is refused.
   ///
-  /// Not in the tree, and so not in a file that it is saved to, are comments, processing instructions, a DOCTYPE
-  /// with the entities it declares, and the places of text among children: all text of a node is put together.
-  /// LastPassedOver tells how many there were. White space between the tags of a branch is layout and not text,
-  /// unless xml:space="preserve" on the node or above it says otherwise; under that, Save adds no layout. Refused
-  /// are entities that are not declared, a _NodeID that is not an int and a _NodeEscape that is not 1.
+  /// Not in the tree, and so not in a file that it is saved to, are comments, processing instructions, a
+  /// DOCTYPE with the entities it declares, and the places of text among children: all text of a node is put
+  /// together. LastPassedOver tells how many there were. White space between the tags of a branch is layout
+  /// and not text, unless xml:space="preserve" on the node or above it says otherwise; under that, Save adds
+  /// no layout. Refused are entities that are not declared, a _NodeID that is not an int and a _NodeEscape
+  /// that is not 1.
   [[nodiscard]] int load(const char* path, int);
   /// The encoding of all strings given and taken, of texts, attribute values, tags and names, and of what is
-  /// compared and searched: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949, 950, 28591. It holds for
-  /// the process, and is set before trees are made or read: a text that is in a tree keeps its bytes, while tags
-  /// and names are kept in UTF-8 and are told in the page that is set. Files are written in UTF-8 under every
-  /// page. `load` and SetXmlText refuse a character that the page lacks, and SetXmlText bytes that are none of
-  /// its characters. An unknown page gives 0 and changes nothing.
+  /// compared and searched: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949, 950, 28591. It holds
+  /// for the process, and is set before trees are made or read: a text that is in a tree keeps its bytes,
+  /// while tags and names are kept in UTF-8 and are told in the page that is set. Files are written in UTF-8
+  /// under every page. `load` and SetXmlText refuse a character that the page lacks, and SetXmlText bytes
+  /// that are none of its characters. An unknown page gives 0 and changes nothing.
   static int SetDefaultCodePage(int page);
   static RYXmlFailure LastFailure();
   /// Of the last load or SetXmlText of this thread; all 0 if that failed.

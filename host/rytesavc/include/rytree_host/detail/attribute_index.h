@@ -12,9 +12,9 @@ struct Attribute;
 struct Name;
 struct Node;
 
-// Lies behind the attributes, in their block, and is made and brought up to date by the searches. It is without
-// meaning after a removal other than of the last attribute. Then the searches go through the attributes, and once
-// they have gone as far as a new index takes, it is made.
+// Lies after the attributes, in their block, and is made and brought up to date by the searches. It is
+// without meaning after a removal other than of the last attribute. Then the searches go through the
+// attributes, and once they have gone as far as a new index takes, it is made.
 class AttributeIndex {
  public:
   static constexpr std::uint32_t kFew = 64;  // attributes that are searched without an index

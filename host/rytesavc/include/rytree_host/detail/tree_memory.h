@@ -43,7 +43,8 @@ class TreeMemory {
   }
   // What a block of so many bytes has room for.
   static std::size_t RoomFor(std::size_t bytes) { return bytes > kLargest ? bytes : Steps(bytes) * kStep; }
-  // Twice the size, for a block that has become too small; but blocks outside the chunks need no room to grow.
+  // Twice the size, for a block that has become too small; but blocks outside the chunks need no room to
+  // grow.
   static std::size_t Doubled(std::size_t bytes) {
     return bytes < kLargest ? std::min(2 * bytes, kLargest) : 0;
   }

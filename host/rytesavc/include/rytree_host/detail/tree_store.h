@@ -183,7 +183,8 @@ class RYTREE_API Tree {
     if (&of_tree == this) return name;
     return name->stamp == of_tree.stamps_ ? name->copied_as : InternCopy(name, of_tree);
   }
-  // The steps of these, for callers that have a name's words and hash. InternNew is for a name that was not found.
+  // The steps of these, for callers that have a name's words and hash. InternNew is for a name that was not
+  // found.
   static std::uint32_t Hash(std::string_view name, const TextWords& words) {
     return name.size() <= TextWords::kBytes ? Hash(words) : HashLong(name);
   }
