@@ -103,7 +103,7 @@ int rytree_move_node(RYXmlWrapperBase* tree, int from, int to, int flags, const 
   } else if (to >= 0) {
     return 0;
   }
-  CString tag;
+  CString tag("_");  // for the moment, where the tag cannot be told; the content brings it along
   moved.GetTagName(tag);
   RYXmlWrapperBase made = make_before(parent, place, tag);
   if (!take_content(made, moved)) return 0;
