@@ -1,5 +1,6 @@
 #include <rytree_Utils/transfer.h>
 
+#include "call_arguments.h"
 #include "transfer_model.h"
 
 namespace {
@@ -112,24 +113,18 @@ TEST(Apply, AnIdTwiceIsADuplicateOnlyWhereAsked) {
 
 TEST(Apply, RefusesBadArguments) {
   RYXmlWrapperBase tree = parse_ids("<R><a #1/></R>");
-  RYXmlWrapperBase dead = dead_node();
-  HostIntArray no_ids;
-  HostIntArray ids;
-  HostStringArray no_values;
-  HostStringArray one;
-  HostStringArray two;
-  fill("1=v", ids.array(), one.array());
-  fill("1=v;2=w", no_ids.array(), two.array());
-  no_ids.array().RemoveAll();
-  const Rows<RYXmlWrapperBase*, HostArrayObject*, HostArrayObject*, int> cases = {
-      {&tree, &no_ids, &one, -2}, {&tree, &ids, &no_values, -2}, {&tree, &ids, &two, -3},
-      {nullptr, &ids, &one, -1},  {&dead, &ids, &one, -1},       {&tree, nullptr, &one, -1},
-      {&tree, &one, &one, -1},    {&tree, &ids, nullptr, -1},    {&tree, &ids, &ids, -1}};
-  for (const auto& [node, first, second, result] : cases) {
-    EXPECT_EQ(rytree_set_values_by_ids(node, first, second, 0, nullptr, 0, nullptr, nullptr, 0), result);
-  }
-  EXPECT_EQ(vctree_set_values_by_ids(&tree, nullptr, &one.array(), 0, nullptr, 0, nullptr, nullptr), -1);
-  EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids.array(), nullptr, 0, nullptr, 0, nullptr, nullptr), -1);
+  Ints ids("1");
+  Ints no_ids;
+  Strings one("v");
+  Strings two("v,w");
+  const auto set = rytree_set_values_by_ids;
+  EXPECT_EQ(with_bad(set, &tree, &ids, &one, 0, nullptr, 0, "x", nullptr, 0), "-1 -1,-1 -1,-1 -1,0,1,0");
+  EXPECT_EQ(set(&tree, &no_ids, &one, 0, nullptr, 0, nullptr, nullptr, 0), -2);
+  EXPECT_EQ(set(&tree, &ids, &no_ids, 0, nullptr, 0, nullptr, nullptr, 0), -1);
+  EXPECT_EQ(set(&tree, &ids, &two, 0, nullptr, 0, nullptr, nullptr, 0), -3);
+  EXPECT_EQ(
+      with_bad(vctree_set_values_by_ids, &tree, &ids.array(), &one.array(), 0, nullptr, 0, "x", nullptr),
+      "-1 -1,-1,-1,0,1,0");
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <rytree_Utils/auto_support.h>
 
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
 
@@ -77,13 +77,12 @@ TEST(AutoSupport, GetAndReset) {
 }
 
 TEST(AutoSupport, NoNode) {
-  RYXmlWrapperBase dead = dead_node();
-  for (RYXmlWrapperBase* const none : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
-    EXPECT_EQ(rytree_set_auto_support(none, 1), 0);
-    EXPECT_EQ(rytree_get_auto_support(none), 0);
-    rytree_composite_range_set_entire_worksheet_support(none, 1);
-    EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(none), 0);
-  }
+  RYXmlWrapperBase node = with_auto("1");
+  EXPECT_EQ(with_bad(rytree_set_auto_support, &node, 1), "0 0");
+  EXPECT_EQ(with_bad(rytree_get_auto_support, &node), "0 0");
+  EXPECT_EQ(with_bad(rytree_composite_range_set_entire_worksheet_support, &node, 1), "v v");
+  node.SetPropertyValue("_EntireWorksheet", 1);
+  EXPECT_EQ(with_bad(rytree_composite_range_get_entire_worksheet_support, &node), "0 0");
 }
 
 TEST(EntireWorksheet, ThreeStates) {

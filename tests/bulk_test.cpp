@@ -1,35 +1,12 @@
 #include <rytree_Utils/bulk.h>
 #include <rytree_Utils/values.h>
 
+#include "call_arguments.h"
 #include "transfer_model.h"
 
 namespace {
 
 using Node = RYXmlWrapperBase;
-using Ints = CArray<int, int>;
-
-/// Arrays from their items, a comma between them, and back, a comma after each.
-CStringArray strings(const std::string& cell) {
-  CStringArray array;
-  std::istringstream items(cell);
-  for (std::string item; std::getline(items, item, ',');) array.Add(item.c_str());
-  return array;
-}
-Ints ints(const std::string& cell) {
-  Ints array;
-  for (const CString& item : strings(cell)) array.Add(std::stoi(item.GetString()));
-  return array;
-}
-std::string joined(const CStringArray& texts) {
-  std::string all;
-  for (const CString& one : texts) all.append(one.View()).append(",");
-  return all;
-}
-std::string joined(const Ints& numbers) {
-  std::string all;
-  for (const int number : numbers) all += std::to_string(number) + ",";
-  return all;
-}
 
 const char* or_null(const std::string& cell) { return cell == "-" ? nullptr : cell.c_str(); }
 
@@ -38,49 +15,47 @@ TEST(Bulk, ListsAttributes) {
       "<R k='r'><a k='a'><b/><c k='c'/><d><e/></d></a><f/><g k=''/><h/><i k='i'><j/><k k='k'/></i></R>");
   using List = int (*)(Node*, CStringArray*, const char*, bool);
   const Rows<List, const char*, bool, const char*> cases = {
-      {VCTreeGetAttributes, "k", false, "0,a,,c,,,,,,i,,k,"},
-      {VCTreeGetAttributes, "k", true, "0,a,,,,i,"},
-      {vctree_get_attributes, "k", false, "0,a,,c,c,,a,,,i,,k,"},
-      {vctree_get_attributes, "k", true, "0,a,a,,,i,"},
-      {vctree_get_attributes, nullptr, true, "0,,,,,,"},
+      {VCTreeGetAttributes, "k", false, "0,a,,c,,,,,,i,,k"},
+      {VCTreeGetAttributes, "k", true, "0,a,,,,i"},
+      {vctree_get_attributes, "k", false, "0,a,,c,c,,a,,,i,,k"},
+      {vctree_get_attributes, "k", true, "0,a,a,,,i"},
+      {vctree_get_attributes, nullptr, true, "0,,,,,"},
   };
   for (const auto& [get, attribute, children_only, expected] : cases) {
-    CStringArray values = strings("0");
+    CStringArray values = listed("0");
     EXPECT_EQ(get(&tree, &values, attribute, children_only), 0);
-    EXPECT_EQ(joined(values), expected);
+    EXPECT_EQ(list_of(values), expected);
   }
-  HostStringArray values;
-  HostIntArray no_texts;
+  Strings values;
   EXPECT_EQ(rytree_get_attributes(&tree, &values, "k", 2), 0);
   EXPECT_EQ(rytree_get_attributes(&tree, &values, "k", 0), 0);
-  EXPECT_EQ(joined(values.array()), "a,,,,i,a,,c,,,,,,i,,k,");
-  EXPECT_EQ(rytree_get_attributes(&tree, &no_texts, "k", 0), -1);
-  EXPECT_EQ(rytree_get_attributes(nullptr, &values, "k", 0), -1);
+  EXPECT_EQ(list_of(values.array()), "a,,,,i,a,,c,,,,,,i,,k");
+  EXPECT_EQ(with_bad(rytree_get_attributes, &tree, &values, "k", 0), "-1 0,-1 -1,0");
 }
 
 TEST(Bulk, CollectsWritesAndRemovesInts) {
   const char* const xml = "<R k='1'><a k='2'><b/><c k='x'/></a><d k='-1'/></R>";
   // the value, whether there is an array, whether to remove and the top
   for (const auto& [value, collects, remove, top, after, collected] : rows<6>(R"(
-      -1 | y | 1 | 0 | <R k='1'><a k='2'><b/><c k='x'/></a><d k='-1'/></R>                | 9,2,-1,-1,-1,
-      5  | y | 0 | 1 | <R k='1'><a k='2'><b/><c k='x'/></a><d k='-1'/></R>                | 9,1,2,-1,-1,-1,
-      -1 |   | 0 | 0 | <R k='1'><a k='-1'><b k='-1'/><c k='-1'/></a><d k='-1'/></R>       | 9,
-      -1 |   | 0 | 7 | <R k='-1'><a k='-1'><b k='-1'/><c k='-1'/></a><d k='-1'/></R>      | 9,
-      -1 |   | 1 | 1 | <R><a><b/><c/></a><d/></R>                                         | 9,
-      0  |   | 1 | 0 | <R k='1'><a k='0'><b k='0'/><c k='0'/></a><d k='0'/></R>           | 9,)")) {
+      -1 | y | 1 | 0 | <R k='1'><a k='2'><b/><c k='x'/></a><d k='-1'/></R>                | 9,2,-1,-1,-1
+      5  | y | 0 | 1 | <R k='1'><a k='2'><b/><c k='x'/></a><d k='-1'/></R>                | 9,1,2,-1,-1,-1
+      -1 |   | 0 | 0 | <R k='1'><a k='-1'><b k='-1'/><c k='-1'/></a><d k='-1'/></R>       | 9
+      -1 |   | 0 | 7 | <R k='-1'><a k='-1'><b k='-1'/><c k='-1'/></a><d k='-1'/></R>      | 9
+      -1 |   | 1 | 1 | <R><a><b/><c/></a><d/></R>                                         | 9
+      0  |   | 1 | 0 | <R k='1'><a k='0'><b k='0'/><c k='0'/></a><d k='0'/></R>           | 9)")) {
     Node tree = parse(xml);
-    Ints found = ints("9");
-    EXPECT_EQ(VCTreeAttributeValues(&tree, "k", std::stoi(value), collects == "y" ? &found : nullptr,
+    Ints found("9");
+    EXPECT_EQ(VCTreeAttributeValues(&tree, "k", std::stoi(value), collects == "y" ? &found.array() : nullptr,
                                     std::stoi(remove), std::stoi(top)),
               0);
     EXPECT_EQ(text(tree), text(parse(after)));
-    EXPECT_EQ(joined(found), collected);
+    EXPECT_EQ(list_of(found.array()), collected);
   }
   Node tree = parse(xml);
-  HostStringArray no_ints;
-  HostIntArray found;
+  Strings no_ints;
+  Ints found;
   EXPECT_EQ(rytree_attribute_values(&tree, "k", 5, &found, 0), 0);
-  EXPECT_EQ(joined(found.array()), "2,-1,-1,-1,");
+  EXPECT_EQ(list_of(found.array()), "2,-1,-1,-1");
   EXPECT_EQ(rytree_attribute_values(&tree, "k", -5, &no_ints, 1), 0);
   EXPECT_EQ(text(tree), text(parse("<R k='1'><a><b/><c/></a><d/></R>")));
   EXPECT_EQ(rytree_attribute_values(nullptr, "k", -5, nullptr, 1), -1);
@@ -92,28 +67,25 @@ TEST(Bulk, WritesLeavesByNodeId) {
                     <f NodeID='x'/></R>)");
   };
   for (const auto& [id_list, texts, result, expected] : rows<4>(R"(
-      1,2    | A,B   | 3  | ,,B,A,A,,,
-      2,1,2  | A,,C  | 3  | ,,A,,,,,
-      0,3,-1 | A,B,C | 0  | ,,,o,,,,
-             | A     | -2 | ,,,o,,,,
-      1      |       | -2 | ,,,o,,,,
-      1      | A,B   | -3 | ,,,o,,,,)")) {
+      1,2    | A,B   | 3  | ,,B,A,A,,
+      2,1,2  | A,,C  | 3  | ,,A,,,,
+      0,3,-1 | A,B,C | 0  | ,,,o,,,
+             | A     | -2 | ,,,o,,,
+      1      |       | -2 | ,,,o,,,
+      1      | A,B   | -3 | ,,,o,,,)")) {
     Node tree = make();
-    HostIntArray ids;
-    HostStringArray values;
-    ids.array() = ints(id_list);
-    values.array() = strings(texts);
+    Ints ids(id_list);
+    Strings values(texts);
     EXPECT_EQ(rytree_set_values_by_nodeids(&tree, &ids, &values), std::stoi(result));
     CStringArray after;
     VCTreeGetValues(&tree, &after, false);
-    EXPECT_EQ(joined(after), expected);
-    EXPECT_EQ(rytree_set_values_by_nodeids(&tree, &ids, &ids), -1);
+    EXPECT_EQ(list_of(after), expected);
   }
   Node tree = make();
-  Node dead = dead_node();
-  CStringArray values = strings("A");
-  EXPECT_EQ(vctree_set_values_by_nodeids(&dead, nullptr, &values), -1);
-  EXPECT_EQ(vctree_set_values_by_nodeids(&tree, nullptr, &values), -2);
+  Ints ids("1");
+  Strings values("A");
+  EXPECT_EQ(with_bad(rytree_set_values_by_nodeids, &tree, &ids, &values), "-1 -1,-2 -2,-1 -1");
+  EXPECT_EQ(with_bad(vctree_set_values_by_nodeids, &tree, &ids.array(), &values.array()), "-1 -1,-2,-2");
 }
 
 TEST(Bulk, SetsAttributesByIds) {
@@ -127,14 +99,14 @@ TEST(Bulk, SetsAttributesByIds) {
       1,2   | v | w      |   | 1 | 0 | <R><a #1><b #2/></a><c DataID='02' k='2'/><d #1/></R>
             | v | -      | - | 1 | 0 | <R><a #1><b #2/></a><c DataID='02' k='2'/><d #1/></R>)")) {
     Node tree = parse_ids("<R><a #1><b #2/></a><c DataID='02' k='2'/><d #1/></R>");
-    HostIntArray ids;
-    ids.array() = ints(id_list);
+    Ints ids(id_list);
     const bool deep = recursive == "1";
     EXPECT_EQ(set(&tree, &ids, or_null(value), or_null(attribute), or_null(match), deep), result == "1");
     EXPECT_EQ(text(tree), text(parse_ids(after)));
-    EXPECT_FALSE(set(&tree, nullptr, "v", nullptr, nullptr, true));
-    EXPECT_FALSE(set(nullptr, &ids, "v", nullptr, nullptr, true));
   }
+  Node tree = parse_ids("<R><a #1/></R>");
+  Ints ids("1");
+  EXPECT_EQ(with_bad(set, &tree, &ids, "v", "w", "x", true), "0 0,0 0,0,0,1");
 }
 
 }  // namespace

@@ -1,16 +1,8 @@
 #include <rytree_Utils/changes.h>
 
-#include <vector>
-
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
-
-CStringArray list(const std::vector<const char*>& strings) {
-  CStringArray array;
-  for (const char* const string : strings) array.Add(string);
-  return array;
-}
 
 TEST(Changes, MarkIsSetReadAndCleared) {
   RYXmlWrapperBase node = parse("<A OldName='n' Label='l'/>");
@@ -26,15 +18,13 @@ TEST(Changes, MarkIsSetReadAndCleared) {
 TEST(Changes, NodesAreMarkedAgainstAList) {
   // Each comparison starts with the marks of the one before, and none of them may stay.
   RYXmlWrapperBase tree = parse("<R>r<A>a</A><B>b<C OldName='n'>c</C></B><D OldValue='e'>d</D></R>");
-  using R = Row<std::vector<const char*>, int, const char*>;
-  for (const auto& [strings, changed, after] :
-       Rows{R{{"A", "", "c", "d", "e"}, 1, "<R>r<A OldValue='A'>a</A><B>b<C>c</C></B><D>d</D></R>"},
-            R{{"a", "b"}, 1, "<R>r<A>a</A><B OldValue='b'>b<C>c</C></B><D>d</D></R>"},
-            R{{"", "", "x"}, 2, "<R>r<A OldValue=''>a</A><B>b<C OldValue='x'>c</C></B><D>d</D></R>"},
-            R{{}, 0, "<R>r<A>a</A><B>b<C>c</C></B><D>d</D></R>"}}) {
-    HostStringArray saved;
-    saved.array() = list(strings);
-    EXPECT_EQ(rytree_update_changes(&tree, &saved), changed);
+  for (const auto& [strings, changed, after] : rows<3>(R"(
+      A,,c,d,e | 1 | <R>r<A OldValue='A'>a</A><B>b<C>c</C></B><D>d</D></R>
+      a,b      | 1 | <R>r<A>a</A><B OldValue='b'>b<C>c</C></B><D>d</D></R>
+      ,,x      | 2 | <R>r<A OldValue=''>a</A><B>b<C OldValue='x'>c</C></B><D>d</D></R>
+               | 0 | <R>r<A>a</A><B>b<C>c</C></B><D>d</D></R>)")) {
+    Strings saved(strings);
+    EXPECT_EQ(rytree_update_changes(&tree, &saved), std::stoi(changed));
     EXPECT_EQ(text(tree), text(parse(after)));
   }
   RYXmlWrapperBase dead = dead_node();
@@ -47,44 +37,32 @@ TEST(Changes, NodesAreMarkedAgainstAList) {
   }
 }
 
-TEST(Changes, ListsOfIntsAreCompared) {
-  HostIntArray a;
-  HostIntArray b;
-  a.array().Add(1);
-  EXPECT_EQ(ry_is_same(&a, &b), 0);
-  EXPECT_EQ(ry_is_same(&b, &a), 0);
-  b.array().Add(2);
-  EXPECT_EQ(ry_is_same(&a, &b), 0);
-  EXPECT_EQ(ry_is_same(&a, &a), 1);
-}
-
 TEST(Changes, FirstDifferenceOfLists) {
-  using Strings = std::vector<const char*>;
-  for (const auto& [strings, others, exact, ignoring_case] : Rows<Strings, Strings, int, int>{
-           {{"a"}, {}, -2, -2}, {{"a", "b"}, {"a", "b"}, -1, -1}, {{"a", "É", "c"}, {"a", "é", "d"}, 1, 2}}) {
-    HostStringArray first;
-    HostStringArray second;
-    first.array() = list(strings);
-    second.array() = list(others);
-    EXPECT_EQ(ryget_changed(&first, &second, 256), exact);
-    EXPECT_EQ(ryget_changed(&first, &second, 0), ignoring_case);
+  using R = Row<const char*, const char*, int, int>;
+  for (const auto& [first, second, exact, ignoring_case] :
+       Rows{R{"a", "", -2, -2}, R{"a,b", "a,b", -1, -1}, R{"a,É,c", "a,é,d", 1, 2}}) {
+    Strings strings(first);
+    Strings others(second);
+    EXPECT_EQ(ryget_changed(&strings, &others, 256), exact);
+    EXPECT_EQ(ryget_changed(&strings, &others, 0), ignoring_case);
   }
+  Ints one("1");
+  Ints two("2");
+  Ints none;
+  for (const auto& [first, second, same] :
+       Rows<Ints*, Ints*, int>{{&one, &none, 0}, {&none, &one, 0}, {&one, &two, 0}, {&one, &one, 1}})
+    EXPECT_EQ(ry_is_same(first, second), same);
 }
 
 TEST(Changes, BadArguments) {
-  HostStringArray strings;
-  HostIntArray ints;
-  RYXmlWrapperBase dead = dead_node();
-  EXPECT_EQ(rytree_update_changes(&dead, &ints), -1);
-  EXPECT_EQ(rytree_update_changes(nullptr, &strings), -1);
-  EXPECT_EQ(rytree_node_changed(nullptr, 1, "a"), 0);
-  EXPECT_EQ(rytree_node_changed(&dead, 0, nullptr), 0);
-  EXPECT_EQ(rytree_node_changed(&dead, 1, "a"), 1);
-  EXPECT_EQ(rytree_node_changed(&dead, 1, nullptr), 1);
-  EXPECT_EQ(ry_is_same(nullptr, &ints), 0);
-  EXPECT_EQ(ry_is_same(&ints, &strings), 0);
-  EXPECT_EQ(ryget_changed(nullptr, &strings, 1), -1);
-  EXPECT_EQ(ryget_changed(&strings, &ints, 1), -1);
+  Strings strings;
+  Ints ints;
+  RYXmlWrapperBase node = parse("<A/>");
+  EXPECT_EQ(with_bad(rytree_update_changes, &node, &strings), "-1 0,-1 -1");
+  EXPECT_EQ(with_bad(rytree_node_changed, &node, 0, "a"), "0 0,0");
+  EXPECT_EQ(with_bad(rytree_node_changed, &node, 1, "a"), "0 1,1");
+  EXPECT_EQ(with_bad(ry_is_same, &ints, &ints), "0 0,0 0");
+  EXPECT_EQ(with_bad(ryget_changed, &strings, &strings, 1), "-1 -1,-1 -1");
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <climits>
 
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
 
@@ -56,17 +56,15 @@ TEST(CompositeRange, Layouts) {
 
 TEST(CompositeRange, CountsAndBadInput) {
   RYXmlWrapperBase tree = parse("<T/>");
-  RYXmlWrapperBase dead = dead_node();
   RYXmlWrapperBase out;
-  using R = Row<RYXmlWrapperBase*, RYXmlWrapperBase*, Text, int, int>;
-  for (const auto& [to, parent, name, count, result] :
-       Rows{R{&out, &tree, "C", INT_MAX, 0}, R{&out, &tree, "1", 1, 0}, R{&out, &dead, "C", 1, 0},
-            R{&out, nullptr, "C", 1, 0}, R{nullptr, &tree, "C", 1, 0}, R{&out, &tree, "C", -1, 1}})
-    EXPECT_EQ(rytree_create_composite_range_node(to, parent, name, nullptr, count, 7, ""), result);
-  EXPECT_EQ(vctree_add_subrange_to_composite_range(dead, dead, 8, 9, 2), 0);
-  EXPECT_EQ(rytree_set_composite_subrange_values(&dead, "1", "2", "3", 4), 0);
-  EXPECT_EQ(rytree_set_composite_subrange_values(nullptr, "1", "2", "3", 4), 0);
-  vctree_reenum_subranges_in_range_tree(dead, 1);
+  const auto create = rytree_create_composite_range_node;
+  EXPECT_EQ(with_bad(create, &out, &tree, "1", nullptr, 1, 7, nullptr), "0 0,0 0,0,0,0");
+  EXPECT_EQ(with_bad(vctree_add_subrange_to_composite_range, out, out, 8, 9, 2), "0,0");
+  EXPECT_EQ(with_bad(rytree_set_composite_subrange_values, &out, "1", "2", "3", 4), "0 0,0,0,0");
+  vctree_reenum_subranges_in_range_tree(out, 1);
+  EXPECT_EQ(create(&out, &tree, "C", nullptr, INT_MAX, 7, ""), 0);
+  EXPECT_EQ(create(&out, &tree, "1", nullptr, 1, 7, ""), 0);
+  EXPECT_EQ(create(&out, &tree, "C", nullptr, -1, 7, ""), 1);
   EXPECT_EQ(text(tree), "<T><C/></T>");
 
   EXPECT_EQ(rytree_create_composite_range_node(&out, &tree, "C", "", 2043, 3, nullptr), 1);

@@ -1,7 +1,8 @@
 // Thinning trees.
 #include <rytree_Utils/filter.h>
 
-#include "search_model.h"
+#include "call_arguments.h"
+#include "transfer_model.h"
 
 namespace {
 
@@ -21,19 +22,17 @@ TEST(Filter, TestsTheTextsBelow) {
   const RYXmlWrapperBase tree = parse_ids(
       "<R><A #1><t #2>x</t><t #3>p</t></A><B #1><t #2>X<u><t #2>é</t></u></t><t #3>p</t><t #3>Q</t></B>"
       "<C #1/><D #2>x<E #1><t #2>z</t></E></D><F #1><G #1><t #2>x</t></G></F><H #1><t #2/></H></R>");
-  HostStringArray includes;
-  HostStringArray excludes;
-  const Rows<int, Text, int, Text, Text> cases = {{0, "x|É", 1, "", "BD"},
-                                                  {1, "x|é", 2, "", "ABDFG"},
-                                                  {0, "|", 1, "", "DH"},
+  const Rows<int, Text, int, Text, Text> cases = {{0, "x,É", 1, "", "BD"},
+                                                  {1, "x,é", 2, "", "ABDFG"},
+                                                  {0, ",", 1, "", "DH"},
                                                   {2, "", 1, "", "D"},
                                                   {0, "", 0, "", "D"},
                                                   {0, "x", 0, "p", "ADFG"},
-                                                  {1, "x|É|z", 0, "p", "ABDEFG"},
+                                                  {1, "x,É,z", 0, "p", "ABDEFG"},
                                                   {0, "", 1, "P", "CDEFGH"},
-                                                  {0, "", 1, "r|q", "ACDEFGH"},
-                                                  {0, "", 2, "q|p", "ACDEFGH"},
-                                                  {0, "", 2, "p|r", "ABCDEFGH"},
+                                                  {0, "", 1, "r,q", "ACDEFGH"},
+                                                  {0, "", 2, "q,p", "ACDEFGH"},
+                                                  {0, "", 2, "p,r", "ABCDEFGH"},
                                                   {0, "", 3, "", "D"},
                                                   {-1, "x", 1, "", "D"},
                                                   {1, "x", 1, "q", "ADFG"}};
@@ -41,8 +40,8 @@ TEST(Filter, TestsTheTextsBelow) {
     for (const int repeats : {1, 9}) {  // the same texts again change nothing
       RYXmlWrapperBase copy;
       tree.Clone(copy, 1);
-      includes.array() = listed(in, repeats);
-      excludes.array() = listed(out, repeats);
+      Strings includes(in, repeats);
+      Strings excludes(out, repeats);
       EXPECT_EQ(rytree_filter(&copy, 1, include, 2, &includes, exclude, 3, &excludes), 1);
       EXPECT_EQ(capitals(copy), left);
     }
@@ -68,8 +67,7 @@ TEST(Filter, TestsOneAttribute) {
 }
 
 TEST(Filter, TestsAStartNodeAlone) {
-  HostStringArray texts;
-  texts.array() = listed("x");
+  Strings texts("x");
   RYXmlWrapperBase top = parse_ids("<R #1 k='v'><A #1/><B #2>x</B></R>");
   EXPECT_EQ(rytree_filter(&top, 1, 0, 2, &texts, 0, 3, &texts), 1);
   EXPECT_EQ(rytree_filter_by_attrib_match(&top, 1, "k", "v", 0), 1);
@@ -79,21 +77,12 @@ TEST(Filter, TestsAStartNodeAlone) {
 }
 
 TEST(Filter, RefusesBadArguments) {
-  HostStringArray list;
-  HostIntArray ints;
+  Strings list;
   RYXmlWrapperBase tree = parse_ids("<R #1/>");
-  RYXmlWrapperBase dead = dead_node();
-  using Node = RYXmlWrapperBase*;
-  const Rows<Node, HostArrayObject*, HostArrayObject*, int> cases = {
-      {&tree, nullptr, &list, -1}, {&tree, &list, &ints, -1},  {nullptr, &ints, &list, -1},
-      {&dead, &ints, &list, -1},   {nullptr, &list, &list, 0}, {&dead, &list, &list, 0}};
-  for (const auto& [node, includes, excludes, result] : cases)
-    EXPECT_EQ(rytree_filter(node, 1, 9, 2, includes, 1, 3, excludes), result);
-  for (const auto& [node, attribute, wanted] : Rows<Node, Text, Text>{
-           {nullptr, "k", ""}, {&dead, "k", ""}, {&tree, nullptr, "x"}, {&tree, "k", nullptr}}) {
-    EXPECT_EQ(rytree_filter_by_attrib_find(node, 1, attribute, wanted, 0, 0), 0);
-    EXPECT_EQ(rytree_filter_by_attrib_match(node, 1, attribute, wanted, 0), 0);
-  }
+  EXPECT_EQ(with_bad(rytree_filter, &tree, 1, 9, 2, &list, 1, 3, &list), "0 0,-1 -1,-1 -1");
+  EXPECT_EQ(rytree_filter(nullptr, 1, 9, 2, nullptr, 1, 3, &list), -1);
+  EXPECT_EQ(with_bad(rytree_filter_by_attrib_find, &tree, 1, "k", "x", 0, 0), "0 0,0,0");
+  EXPECT_EQ(with_bad(rytree_filter_by_attrib_match, &tree, 1, "k", "x", 0), "0 0,0,0");
   EXPECT_TRUE(tree.IsNodeValid());
 }
 

@@ -1,5 +1,6 @@
 #include <rytree_Utils/transfer.h>
 
+#include "call_arguments.h"
 #include "transfer_model.h"
 
 namespace {
@@ -82,37 +83,25 @@ TEST(Harvest, ReadsValuesWithIds) {
 
 TEST(Harvest, LabelsAndTheErrorTextAreNotEmptied) {
   RYXmlWrapperBase tree = parse_ids("<R><a #1/><a/><B #2 Label=''><a #3 Label='l'/></B></R>");
-  HostIntArray ids;
-  HostStringArray values;
-  HostStringArray labels;
+  Ints ids;
+  Strings values;
+  Strings labels;
   CString error("former");
-  std::string all;
   for (int round = 0; round < 2; ++round) {
     EXPECT_EQ(rytree_get_values_with_ids(&tree, &ids, &values, &labels, 1, 0, 0, nullptr, 1, &error), 3);
   }
-  for (const CString& label : labels.array()) all.append(label.View()).append(",");
-  EXPECT_EQ(all, "a,,l,a,,l,");
+  EXPECT_EQ(list_of(labels.array()), "a,,l,a,,l");
   EXPECT_EQ(error, "former");
 }
 
 TEST(Harvest, CombinesIdsAndRepeats) {
-  const Rows<int, int, int, int, int, int> cases = {{0, 7, 3, 3, 0x30007, -9},
-                                                    {0, 7, 0x10003, 3, 0x30007, -9},
-                                                    {0, -1, 3, 0, -1, -9},
-                                                    {0, 7, 0, 0, 7, -9},
-                                                    {0, 7, -3, 0, 7, -9},
-                                                    {0, 0xFFFF, 1, 3, 0x1FFFF, -9},
-                                                    {0, 0x10000, 1, -1, 0x10000, -9},
-                                                    {0, 5, 0xFFFF, 3, -65531, -9},
-                                                    {4, 7, 3, 2, 7, 7},
-                                                    {4, 7, 0, 1, 7, 4},
-                                                    {4, 7, -1, 1, 7, 4},
-                                                    {4, 7, 6, -2, 7, -9},
-                                                    {32767, 7, 0, -3, 7, -9},
-                                                    {32766, 7, 1, 2, 7, 32767},
-                                                    {32768, 7, 1, 3, 0x10007, -9},
-                                                    {-1, 7, 1, 3, 0x10007, -9}};
-  for (const auto& [own, given, repeat, code, id_after, repeat_after] : cases) {
+  using R = Row<int, int, int, int, int, int>;
+  for (const auto& [own, given, repeat, code, id_after, repeat_after] :
+       Rows{R{0, 7, 3, 3, 0x30007, -9}, R{0, 7, 0x10003, 3, 0x30007, -9}, R{0, -1, 3, 0, -1, -9},
+            R{0, 7, 0, 0, 7, -9}, R{0, 7, -3, 0, 7, -9}, R{0, 0xFFFF, 1, 3, 0x1FFFF, -9},
+            R{0, 0x10000, 1, -1, 0x10000, -9}, R{0, 5, 0xFFFF, 3, -65531, -9}, R{4, 7, 3, 2, 7, 7},
+            R{4, 7, 0, 1, 7, 4}, R{4, 7, -1, 1, 7, 4}, R{4, 7, 6, -2, 7, -9}, R{32767, 7, 0, -3, 7, -9},
+            R{32766, 7, 1, 2, 7, 32767}, R{32768, 7, 1, 3, 0x10007, -9}, R{-1, 7, 1, 3, 0x10007, -9}}) {
     RYXmlWrapperBase node = parse("<a/>");
     if (own != 0) node.SetPropertyValue("RepeatID", own);
     int id = given;
@@ -128,25 +117,16 @@ TEST(Harvest, CombinesIdsAndRepeats) {
 
 TEST(Harvest, RefusesBadArguments) {
   RYXmlWrapperBase tree = parse_ids("<R><a #1>x</a></R>");
-  RYXmlWrapperBase dead = dead_node();
-  HostIntArray ids;
-  HostStringArray values;
-  ids.array().Add(5);
-  values.array().Add("kept");
-  const Rows<RYXmlWrapperBase*, HostArrayObject*, HostArrayObject*, HostArrayObject*> cases = {
-      {nullptr, &ids, &values, nullptr},  {&dead, &ids, &values, nullptr}, {&tree, nullptr, &values, nullptr},
-      {&tree, &values, &values, nullptr}, {&tree, &ids, nullptr, nullptr}, {&tree, &ids, &ids, nullptr},
-      {&tree, &ids, &values, &ids}};
-  for (const auto& [node, first, second, third] : cases) {
-    EXPECT_EQ(rytree_get_values_with_ids(node, first, second, third, 1, 0, 0, nullptr, 1, nullptr), -1);
-  }
-  const auto plain = [&](RYXmlWrapperBase* node, CArray<int, int>* first, CStringArray* second) {
-    return vctree_get_values_with_ids(node, first, second, 1, 0, 0, nullptr, 1, nullptr);
-  };
-  EXPECT_EQ(plain(nullptr, &ids.array(), &values.array()), -1);
-  EXPECT_EQ(plain(&tree, nullptr, &values.array()), -1);
+  Ints ids("5");
+  Strings values("kept");
+  EXPECT_EQ(rytree_get_values_with_ids(&tree, &ids, &values, &ids, 1, 0, 0, nullptr, 1, nullptr), -1);
   EXPECT_EQ(entries(ids.array(), values.array()), "5=kept;");
-  EXPECT_EQ(plain(&tree, &ids.array(), nullptr), 0);
+  EXPECT_EQ(with_bad(rytree_get_values_with_ids, &tree, &ids, &values, &values, 1, 0, 0, "x", 1, nullptr),
+            "-1 -1,-1 -1,-1 -1,0 -1,1,0");
+  const auto typed = vctree_get_values_with_ids;
+  EXPECT_EQ(with_bad(typed, &tree, &ids.array(), &values.array(), 1, 0, 0, "x", 1, nullptr),
+            "-1 -1,-1,0,1,0");
+  EXPECT_EQ(typed(&tree, &ids.array(), nullptr, 1, 0, 0, nullptr, 1, nullptr), 0);
   EXPECT_TRUE(ids.array().IsEmpty());
 }
 

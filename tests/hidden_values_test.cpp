@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
 
@@ -15,17 +15,13 @@ TEST(HiddenValues, ResetByNodeId) {
                  "<I _NodeID='10'>1</I></R>");
   };
   RYXmlWrapperBase tree = tree_of("5", "x", "1", "6");
-  HostIntArray ids;
-  HostStringArray no_ids;
-  ids.array().Add(3);
+  Ints ids("3");
   EXPECT_EQ(rytree_GETN_reset_hidden_values(&tree, &ids, true), 2);
   EXPECT_EQ(text(tree), text(tree_of("0", "x", "1", "0")));
-  ids.array().RemoveAll();
-  for (const int id : {-1, 0, 3, 4, 5, 6}) ids.array().Add(id);
-  EXPECT_EQ(rytree_GETN_reset_hidden_values(&tree, &ids, false), 6);
+  Ints more("-1,0,3,4,5,6");
+  EXPECT_EQ(rytree_GETN_reset_hidden_values(&tree, &more, false), 6);
   EXPECT_EQ(text(tree), text(tree_of("0", "0", "", "0")));
-  EXPECT_EQ(rytree_GETN_reset_hidden_values(nullptr, &ids, true), 0);
-  EXPECT_EQ(rytree_GETN_reset_hidden_values(&tree, &no_ids, true), 0);
+  EXPECT_EQ(with_bad(rytree_GETN_reset_hidden_values, &tree, &ids, true), "0 0,0 0");
 }
 
 TEST(HiddenValues, SearchIsAScanThatGivesUp) {

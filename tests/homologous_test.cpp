@@ -5,8 +5,8 @@
 #include <random>
 #include <utility>
 
+#include "call_arguments.h"
 #include "frame/children.h"
-#include "tree_text.h"
 
 namespace {
 
@@ -154,8 +154,7 @@ TEST(Homologous, CopiesByAttributeAndTagAgreeWithTheSlowWay) {
 
 TEST(Homologous, CopiesAsFarAsTheShapesAgree) {
   const char* const source = "<R k='1'><a L='s'>1</a><b L='s'>2<c L='s'>3</c></b><d L='s'>4</d></R>";
-  CStringArray keep;
-  for (const char* const name : {"none", "L", "1x", "L"}) keep.Add(name);
+  CStringArray keep = listed("none,L,1x,L");
   for (const auto& [before, result, after] : rows<3>(R"(
       <R><a L=''/><b L='o'>o<c L='o'/></b><d/></R> | 0 | \
           <R k='1'><a L='s'>1</a><b L='o'>o<c L='o'>3</c></b><d L='s'>4</d></R>
@@ -176,14 +175,9 @@ TEST(Homologous, CopiesAsFarAsTheShapesAgree) {
   Node from_first = at(from, {1});
   EXPECT_EQ(rytree_copy_values_between_homologous_trees(&first, &from_first, 0), 0);
   EXPECT_EQ(text(dest), "<R><a/><b><c>3</c></b><d>4</d></R>");
+  EXPECT_EQ(with_bad(rytree_copy_values_between_homologous_trees, &dest, &from, 1), "-1 1,-1 1");
   Node none;
-  Node dead = dead_node();
-  const auto plain = rytree_copy_values_between_homologous_trees;
-  EXPECT_EQ(plain(&none, &dead, 1), 0);
-  EXPECT_EQ(plain(&none, &from, 1), 1);
-  EXPECT_EQ(plain(&dest, &dead, 1), 1);
-  EXPECT_EQ(plain(&dest, nullptr, 1), -1);
-  EXPECT_EQ(plain(nullptr, &dest, 1), -1);
+  EXPECT_EQ(rytree_copy_values_between_homologous_trees(&none, &none, 1), 0);
 }
 
 TEST(Homologous, MatchingGivesTheResultOfTheLastStep) {
@@ -236,18 +230,11 @@ TEST(Homologous, CopiesSingleAttributes) {
 
 TEST(Homologous, BadNodesGiveNothing) {
   Node tree = parse("<R k='1'><a k='1' Branch='1'/></R>");
-  Node dead = dead_node();
-  for (Node* const bad : {static_cast<Node*>(nullptr), &dead}) {
-    for (const auto& [from, to] : Rows<Node*, Node*>{{bad, &tree}, {bad, bad}}) {
-      EXPECT_EQ(rytree_node_copy_attribute(from, to, "k"), 0);
-      EXPECT_EQ(rytree_copy_atts(from, to, "k", 0), 0);
-    }
-    for (const auto& [from, to] : Rows<Node*, Node*>{{bad, &tree}, {bad, bad}, {&tree, bad}}) {
-      EXPECT_EQ(matching(from, to, "w", "k", "x", 1, 1, 1), 0);
-      EXPECT_EQ(rytree_copy_ids_by_tagname(from, to, false), 0);
-      EXPECT_EQ(vctree_copy_branch_options(to, from, 1), 0);
-    }
-  }
+  EXPECT_EQ(with_bad(rytree_node_copy_attribute, &tree, &tree, "k"), "0 0,0 1,0");
+  EXPECT_EQ(with_bad(rytree_copy_atts, &tree, &tree, "k", 0), "0 0,0 1,0");
+  EXPECT_EQ(with_bad(matching, &tree, &tree, "w", "k", "x", 1, 1, 1), "0 0,0 0,1,0,1");
+  EXPECT_EQ(with_bad(rytree_copy_ids_by_tagname, &tree, &tree, false), "0 0,0 0");
+  EXPECT_EQ(with_bad(vctree_copy_branch_options, &tree, &tree, 1), "0 0,0 0");
 }
 
 }  // namespace

@@ -1,14 +1,12 @@
 #include <rytree_Utils/input_data.h>
 
-#include "tree_text.h"
+#include "call_arguments.h"
 
 using Text = const char*;
 
 TEST(InputData, Branch) {
-  HostStringArray tags;
-  HostStringArray labels;
-  for (const Text name : {"A", "B", "", "D", "D"}) tags.array().Add(name);
-  for (const Text label : {"a", ""}) labels.array().Add(label);
+  Strings tags("A,B,,D,D");
+  Strings labels("a,");
   // Before, range number, value index and value; after ("@": the node ID of a new child), and the child that
   // `out` ends on (-1: the parent).
   using R = Row<Text, int, int, Text, Text, int>;
@@ -35,15 +33,10 @@ TEST(InputData, Branch) {
 
 TEST(InputData, BadArguments) {
   RYXmlWrapperBase tree = parse("<T/>");
-  RYXmlWrapperBase dead = dead_node();
-  HostStringArray names;
-  HostIntArray ints;
-  names.array().Add("A");
-  using R = Row<RYXmlWrapperBase*, RYXmlWrapperBase*, HostArrayObject*>;
-  for (const auto& [out, parent, other] : Rows{R{nullptr, &tree, &names}, R{&tree, nullptr, &names},
-                                               R{&tree, &tree, &ints}, R{&dead, &dead, &names}}) {
-    EXPECT_TRUE(rytree_tree_check_add_input_data_branch(out, parent, &names, other, 0, 3, -1, "w"));
-    EXPECT_TRUE(rytree_tree_check_add_input_data_branch(out, parent, other, &names, 0, 3, -1, "w"));
-  }
-  EXPECT_EQ(text(tree), "<T/>");
+  RYXmlWrapperBase out;
+  Strings names("A");
+  const auto add = rytree_tree_check_add_input_data_branch;
+  EXPECT_EQ(with_bad(add, &out, &tree, &names, &names, 0, 3, -1, nullptr), "1 1,1 1,1 1,1 1,1");
+  const Text written = "<T><Range3 Label='Range 3'><A _NodeID='35' Label='A'/></Range3></T>";
+  EXPECT_EQ(text(tree), text(parse(written))) << "by the calls with a dead `out` and without a value";
 }

@@ -1,7 +1,7 @@
 // Flat branches as lines of text.
 #include <rytree_Utils/key_value.h>
 
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
 
@@ -17,10 +17,10 @@ TEST(KeyValue, IsWritten) {
     CString line("old");
     EXPECT_EQ(rytree_branch_to_key_value_pairs_str(&tree, &line, '=', ','), result);
     EXPECT_STREQ(line, wanted);
-    EXPECT_EQ(rytree_branch_to_key_value_pairs_str(&tree, nullptr, '=', ','), 0);
   }
   CString line("old");
-  EXPECT_EQ(rytree_branch_to_key_value_pairs_str(nullptr, &line, '=', ','), 0);
+  RYXmlWrapperBase tree = parse("<R><a/></R>");
+  EXPECT_EQ(with_bad(rytree_branch_to_key_value_pairs_str, &tree, &line, '=', ','), "0 0,0");
   EXPECT_STREQ(line, "");
 }
 
@@ -39,9 +39,8 @@ TEST(KeyValue, IsRead) {
     EXPECT_EQ(rytree_key_value_pairs_str_to_branch(&tree, line, '=', ','), result);
     EXPECT_EQ(text(tree), wanted);
   }
-  RYXmlWrapperBase dead = dead_node();
-  EXPECT_EQ(rytree_key_value_pairs_str_to_branch(&dead, "a=1", '=', ','), 0);
-  EXPECT_EQ(rytree_key_value_pairs_str_to_branch(nullptr, "a=1", '=', ','), 0);
+  RYXmlWrapperBase tree = parse("<R/>");
+  EXPECT_EQ(with_bad(rytree_key_value_pairs_str_to_branch, &tree, "a=1", '=', ','), "0 0,0");
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <climits>
 
+#include "call_arguments.h"
 #include "frame/tag_path.h"
-#include "tree_text.h"
 
 namespace {
 
@@ -221,34 +221,25 @@ TEST(TagPath, Ends) {
 TEST(Lookup, BadArguments) {
   RYXmlWrapperBase tree = parse("<R/>");
   RYXmlWrapperBase dead = dead_node();
-  RYXmlWrapperBase none;
+  RYXmlWrapperBase out;
   int counter = 0;
-  using R = Row<RYXmlWrapperBase*, RYXmlWrapperBase*>;
-  for (const auto& [from, to] : Rows{R{nullptr, &none}, R{&dead, &none}, R{&tree, nullptr}}) {
-    EXPECT_EQ(rytree_get_node(from, to, 0, &counter, -1, nullptr, true, false, 0), 0);
-    EXPECT_EQ(rytree_get_node_ex(from, to, 0, 0, nullptr), to != nullptr);
-    EXPECT_EQ(rytree_get_node_by_id(from, to, 1, true), 0);
-    EXPECT_EQ(rytree_get_root_node(from, to), 0);
-    EXPECT_FALSE(rytree_get_node_by_tagname(from, to, "Gone", true, true, false));
-    EXPECT_EQ(rytree_find_node(from, to, "DataID", 1, true, 0, -1), 0);
-    EXPECT_FALSE(rytree_find_node_by_dataID(to, from, 1, 0, -1, 0, -1));
-    EXPECT_EQ(rytree_tree_check_get_node(to, from, "A", 0, "k", "v", 1), 0);
-    EXPECT_FALSE(rytree_tree_check_get_node_by_attribute(to, from, "k", "v", 1));
-    EXPECT_TRUE(rytree_check_get_node_by_dataid(from, to, "A", 1, "k", "v"));
-    EXPECT_FALSE(none.IsNodeValid());
-  }
-  EXPECT_EQ(rytree_get_node(&tree, &dead, 0, nullptr, -1, nullptr, true, false, 0), 0);
-  EXPECT_FALSE(rytree_get_node_by_tagname(&tree, &dead, nullptr, true, false, false));
-  EXPECT_FALSE(rytree_tree_check_get_node_by_attribute(&dead, &tree, "k", nullptr, 1));
-  EXPECT_FALSE(rytree_tree_check_get_node_by_attribute(&dead, &tree, nullptr, "v", 1));
-  EXPECT_EQ(rytree_find_node(&tree, &dead, nullptr, 1, true, 0, -1), 0);
-  EXPECT_EQ(rytree_find_node_ex(&tree, &none, nullptr, 0, 0, -1, 0, -1), -1);
+  EXPECT_EQ(with_bad(rytree_get_node, &tree, &out, 0, &counter, -1, nullptr, true, false, 0), "0 0,0 0,0,0");
+  EXPECT_EQ(with_bad(rytree_get_node_ex, &tree, &out, 0, 0, nullptr), "1 1,0 1,1");
+  EXPECT_EQ(with_bad(rytree_get_node_by_id, &tree, &out, 1, true), "0 0,0 0");
+  EXPECT_EQ(with_bad(rytree_get_root_node, &tree, &out), "0 0,0 1");
+  EXPECT_EQ(with_bad(rytree_get_node_by_tagname, &tree, &out, "R", true, true, false), "0 0,1 1,0");
+  EXPECT_EQ(with_bad(rytree_find_node, &tree, &out, "DataID", 1, true, 0, -1), "0 0,0 0,0");
+  EXPECT_EQ(with_bad(rytree_find_node_ex, &tree, &out, "DataID", 0, 0, -1, 0, -1), "-1 -2,-1 -2,-1");
+  EXPECT_EQ(with_bad(rytree_find_node_by_dataID, &out, &tree, 1, 0, -1, 0, -1), "0 0,0 0");
+  EXPECT_EQ(with_bad(rytree_tree_check_get_node_by_attribute, &out, &tree, "k", "1", 1), "0 1,0 0,0,0");
+  EXPECT_EQ(with_bad(rytree_tree_check_get_node, &out, &tree, "A", 0, "k", "v", 1), "0 1,0 0,0,1,1");
+  EXPECT_EQ(with_bad(rytree_check_get_node_by_dataid, &tree, &out, "B", 1, "k", "v"), "1 1,1 1,1,1,1");
+  EXPECT_EQ(text(tree), R"(<R><_1 k="1"/><A k="v"/><B k="v" DataID="1"/></R>)");
   EXPECT_EQ(tmxfu_tree_check_get_node(tree, dead, "A", nullptr), 0);
   EXPECT_EQ(tmxfu_tree_get_node(dead, dead, nullptr, nullptr), 0);
   EXPECT_EQ(VCTreeSetRepeatId(dead, 5), 0);
   EXPECT_EQ(VCTreeGetRepeatId(dead, counter), 0);
   EXPECT_EQ(counter, -1);
-  EXPECT_EQ(text(tree), "<R/>");
 }
 
 TEST(Lookup, DeepTrees) {

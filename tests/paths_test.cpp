@@ -1,8 +1,8 @@
 // Rows, levels and paths; labels and tags.
 #include <rytree_Utils/paths.h>
 
+#include "call_arguments.h"
 #include "frame/children.h"
-#include "tree_text.h"
 
 namespace {
 
@@ -74,39 +74,33 @@ TEST(Names, AreLabelsOrTags) {
   CString all;
   for (RYXmlWrapperBase node : {tree, at(tree, {0}), at(tree, {0, 0})})
     all += rytree_get_node_label(&node, true) + "," + rytree_get_node_label(&node, false) + ";";
-  HostStringArray names;
+  EXPECT_STREQ(all, "R,R;,A;b,B;");
+  Strings names;
   EXPECT_EQ(rytree_get_node_names(&tree, &names, 2), 1);
   EXPECT_EQ(rytree_get_node_names(&tree, &names, 0), 1);
-  for (const CString& name : names.array()) all += name;
-  EXPECT_STREQ(all, "R,R;,A;b,B;ACABC");
+  EXPECT_EQ(list_of(names.array()), "A,C,A,B,C");
 }
 
 TEST(Paths, RefuseBadArguments) {
   RYXmlWrapperBase tree = parse("<R/>");
   RYXmlWrapperBase dead = dead_node();
-  HostStringArray names;
-  HostIntArray ints;
-  for (RYXmlWrapperBase* const bad : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
-    CString path("old");
-    EXPECT_EQ(rytree_get_level(&path, bad, &dead, 0), -1);
-    EXPECT_STREQ(path, "old");
-    EXPECT_EQ(rytree_get_level(&path, bad, nullptr, 1), -1);
-    EXPECT_STREQ(path, bad == nullptr ? "old" : "");
-    path = "old";
-    EXPECT_FALSE(VCTreeGetPathStr(path, bad));
-    EXPECT_STREQ(path, "");
-    EXPECT_EQ(rytree_get_row_number(bad, "Gone"), -1);
-    EXPECT_EQ(rytree_add_path_str(bad, "p", 1, 1), 0);
-    EXPECT_STREQ(rytree_get_node_label(bad, true), "");
-    EXPECT_EQ(rytree_get_node_names(bad, &names, 0), bad == nullptr ? -1 : 1);
-    vctree_get_node_names(bad, &names.array(), false);
-  }
-  EXPECT_EQ(rytree_get_row_number(&tree, nullptr), -1);
-  EXPECT_EQ(rytree_get_level(nullptr, &tree, nullptr, 1), -1);
-  EXPECT_EQ(rytree_get_node_names(&tree, &ints, 0), -1);
-  vctree_get_node_names(&tree, nullptr, false);
-  for (const auto& [attribute, result] : Rows<Text, int>{{nullptr, 0}, {"", 0}, {"1 2", 1}})
-    EXPECT_EQ(rytree_add_path_str(&tree, attribute, 1, 1), result);
+  Strings names;
+  CString path("old");
+  EXPECT_EQ(with_bad(rytree_get_level, &path, nullptr, &dead, 0), "-1,-1 -1,-1 -1");
+  EXPECT_STREQ(path, "old");
+  EXPECT_EQ(rytree_get_level(&path, &dead, nullptr, 1), -1);
+  EXPECT_STREQ(path, "");
+  path = "old";
+  EXPECT_EQ(with_bad(VCTreeGetPathStr, path, &dead), "0 0");
+  EXPECT_STREQ(path, "");
+  EXPECT_EQ(with_bad(rytree_get_row_number, &tree, "Gone"), "-1 -1,-1");
+  EXPECT_EQ(with_bad(rytree_get_node_names, &tree, &names, 0), "-1 1,-1 -1");
+  EXPECT_EQ(with_bad(vctree_get_node_names, &tree, &names.array(), false), "v v,v");
+  EXPECT_STREQ(rytree_get_node_label(nullptr, true), "");
+  EXPECT_STREQ(rytree_get_node_label(&dead, true), "");
+  EXPECT_EQ(with_bad(rytree_add_path_str, &tree, "1 2", 1, 1), "0 0,0");
+  EXPECT_EQ(rytree_add_path_str(&tree, "1 2", 1, 1), 1);
+  EXPECT_EQ(rytree_add_path_str(&tree, "", 1, 1), 0);
   EXPECT_EQ(text(tree), "<R/>");
 }
 

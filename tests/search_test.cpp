@@ -3,38 +3,28 @@
 
 #include <climits>
 
-#include "frame/decimal.h"
-#include "search_model.h"
+#include "call_arguments.h"
+#include "transfer_model.h"
 
 namespace {
 
 using Text = const char*;
 
-/// The two arrays of a set of attributes; a value is taken as a text or as the number that it begins with.
-struct Attributes {
-  Attributes(Text name_list, Text value_list, int times = 1) {
-    names.array() = listed(name_list, times);
-    texts.array() = listed(value_list, times);
-    for (const CString& value : texts.array()) ints.array().Add(leading_int(value));
-  }
-  HostStringArray names;
-  HostStringArray texts;
-  HostIntArray ints;
-};
-
 TEST(Attributes, MatchAsTextsAndInts) {
   RYXmlWrapperBase node = parse("<N k='Éa' n='5' m='05' t=''/>");
   const Rows<Text, Text, int, int, int> cases = {
       {"", "", 1, 1, 1},       {"k", "Éa", 1, 1, 0},     {"k", "éA", 0, 1, 0},     {"k", "0", 0, 0, 0},
-      {"n", "5", 1, 1, 1},     {"m", "5", 0, 0, 1},      {"n|m", "5|6", 0, 0, 0},  {"t|n", "|5", 1, 1, 0},
-      {"x|n", "|5", 0, 0, 0},  {"n|n", "5", 0, 0, 0},    {"n", "5|5", 0, 0, 0},    {"n|k", "4|Éa", 0, 0, 0},
-      {"n|n", "5|6", 0, 0, 0}, {"n|m", "5|05", 1, 1, 1}, {"k|k", "Éa|éA", 0, 1, 0}};
+      {"n", "5", 1, 1, 1},     {"m", "5", 0, 0, 1},      {"n,m", "5,6", 0, 0, 0},  {"t,n", ",5", 1, 1, 0},
+      {"x,n", ",5", 0, 0, 0},  {"n,n", "5", 0, 0, 0},    {"n", "5,5", 0, 0, 0},    {"n,k", "4,Éa", 0, 0, 0},
+      {"n,n", "5,6", 0, 0, 0}, {"n,m", "5,05", 1, 1, 1}, {"k,k", "Éa,éA", 0, 1, 0}};
   for (const auto& [names, values, exact, any_case, number] : cases) {
     for (const int times : {1, 9}) {  // the same attributes again change nothing
-      Attributes set(names, values, times);
-      EXPECT_EQ(rytree_check_node_str_attr(&node, &set.names, &set.texts, 0), exact);
-      EXPECT_EQ(rytree_check_node_str_attr(&node, &set.names, &set.texts, 2), any_case);
-      EXPECT_EQ(rytree_check_node_int_attr(&node, &set.names, &set.ints), number);
+      Strings name_list(names, times);
+      Strings texts(values, times);
+      Ints ints(values, times);
+      EXPECT_EQ(rytree_check_node_str_attr(&node, &name_list, &texts, 0), exact);
+      EXPECT_EQ(rytree_check_node_str_attr(&node, &name_list, &texts, 2), any_case);
+      EXPECT_EQ(rytree_check_node_int_attr(&node, &name_list, &ints), number);
     }
   }
 }
@@ -42,17 +32,19 @@ TEST(Attributes, MatchAsTextsAndInts) {
 TEST(Attributes, AreFoundByTheNumberOnTheirLevel) {
   const RYXmlWrapperBase tree = parse(
       "<T k='1'><A k='1'><B k='1'/><C k='2'/></A><E><F k='1'/><G k='1'><I k='1'/></G></E><H k='1'/></T>");
-  const Rows<int, int, Text> cases = {{0, 0, "A"}, {0, 1, "H"}, {0, 2, ""},  {0, -1, ""}, {2, 0, "A"},
-                                      {2, 1, "B"}, {2, 2, "G"}, {2, 3, "I"}, {2, 4, ""},  {2, INT_MIN, ""}};
+  const Rows<int, int, Text> cases = {{0, 0, "A"}, {0, 1, "H"}, {0, 2, "T"}, {0, -1, "T"}, {2, 0, "A"},
+                                      {2, 1, "B"}, {2, 2, "G"}, {2, 3, "I"}, {2, 4, "T"},  {2, INT_MIN, "T"}};
+  Strings names("k");
+  Strings texts("1");
+  Ints ints("1");
   for (const auto& [deep, index, expected] : cases) {
-    Attributes set("k", "1");
-    const bool there = *expected != '\0';
-    RYXmlWrapperBase found(tree);
-    EXPECT_EQ(rytree_find_node_with_int_attr(&found, &found, &set.names, &set.ints, deep, index), there);
-    EXPECT_EQ(tag(found), there ? expected : "T");
-    found = tree;
-    EXPECT_EQ(rytree_find_node_with_str_attr(&found, &found, &set.names, &set.texts, deep, index), there);
-    EXPECT_EQ(tag(found), there ? expected : "T");
+    for (const bool as_text : {false, true}) {
+      RYXmlWrapperBase found(tree);
+      EXPECT_EQ(as_text ? rytree_find_node_with_str_attr(&found, &found, &names, &texts, deep, index)
+                        : rytree_find_node_with_int_attr(&found, &found, &names, &ints, deep, index),
+                *expected != 'T');
+      EXPECT_EQ(tag(found), expected);
+    }
   }
 }
 
@@ -96,32 +88,25 @@ TEST(Localization, FallsBack) {
 }
 
 TEST(Search, RefusesBadArguments) {
-  Attributes set("", "");
-  RYXmlWrapperBase tree = parse("<R><A/></R>");
-  RYXmlWrapperBase dead = dead_node();
-  // With an array of another kind every node is a match.
-  const Rows<RYXmlWrapperBase*, HostArrayObject*, HostArrayObject*, int, int> cases = {
-      {&dead, &set.names, &set.ints, 1, 0}, {nullptr, &set.names, &set.ints, 0, 0},
-      {&tree, &set.ints, &set.ints, -1, 1}, {&tree, &set.names, &set.texts, -1, 1},
-      {&tree, nullptr, &set.ints, 0, 0},    {&tree, &set.names, nullptr, 0, 0}};
-  for (const auto& [node, names, values, check, find] : cases) {
-    EXPECT_EQ(rytree_check_node_int_attr(node, names, values), check);
-    EXPECT_EQ(rytree_find_node_with_int_attr(node, nullptr, names, values, 1, 0), find);
-  }
-  for (RYXmlWrapperBase* const bad : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
-    EXPECT_EQ(rytree_count_items_by_attribute(bad, nullptr, nullptr, 1, 1), -1);
-    EXPECT_EQ(rytree_get_help_node(&dead, bad, 305, 256), 0);
-    EXPECT_EQ(rytree_get_help_node(nullptr, bad, 7, 256), 0);
-    EXPECT_EQ(rytree_get_localization_node(bad, &tree, 1, 1, 0, 1, 1), 0);
-    EXPECT_EQ(rytree_get_localization_node(&dead, bad, 1, 1, 0, 1, 1), 0);
-  }
+  RYXmlWrapperBase tree = parse_ids("<R><A #305/></R>");
+  RYXmlWrapperBase out;
+  Strings none;
+  Ints ints;
+  // With an array of another kind every node is a match, as it is for no attributes.
+  EXPECT_EQ(with_bad(rytree_check_node_int_attr, &tree, &none, &ints), "0 1,0 -1,0 -1");
+  EXPECT_EQ(with_bad(rytree_check_node_str_attr, &tree, &none, &none, 0), "0 1,0 -1,0 -1");
+  EXPECT_EQ(with_bad(rytree_find_node_with_int_attr, &tree, &out, &none, &ints, 1, 0), "0 0,1 1,0 1,0 1");
+  EXPECT_EQ(with_bad(rytree_find_node_with_str_attr, &tree, &out, &none, &none, 1, 0), "0 0,1 1,0 1,0 1");
+  EXPECT_EQ(with_bad(rytree_count_items_by_attribute, &tree, "k", "v", 1, 1), "-1 -1,1,1");
+  EXPECT_EQ(with_bad(rytree_get_help_node, &out, &tree, 305, 256), "0 1,0 0");
+  EXPECT_EQ(with_bad(rytree_get_localization_node, &out, &tree, 305, 305, 0, 1, 1), "0 1,0 0");
 }
 
 TEST(Search, GoesDownDeepTrees) {
   on_small_stack([] {
-    Attributes set("k", "1");
+    Strings names("k");
     RYXmlWrapperBase tree = deep_tree(1024);
-    EXPECT_EQ(rytree_find_node_with_str_attr(&tree, &tree, &set.names, &set.texts, 1, 0), 0);
+    EXPECT_EQ(rytree_find_node_with_str_attr(&tree, &tree, &names, &names, 1, 0), 0);
   });
 }
 

@@ -1,0 +1,85 @@
+// Arguments of the calls in tests: arrays that hold a list, and bad arguments.
+#pragma once
+
+#include <rytree_host/ryUtils.h>
+
+#include <cstdlib>
+#include <type_traits>
+
+#include "tree_text.h"
+
+/// The items of a list "a,b", so many times; "" is an empty list.
+inline CStringArray listed(const std::string& list, int times = 1) {
+  CStringArray items;
+  ryutilsGetTokens(list.c_str(), &items, ',', nullptr, 0, 0);
+  const CStringArray once = items;
+  for (int i = 1; i < times; ++i) items.Append(once);
+  return items;
+}
+
+/// A host array that holds a list.
+template <class HostArray>
+class Holding : public HostArrayObject {
+ public:
+  explicit Holding(const std::string& list = "", int times = 1) {
+    for (const CString& item : listed(list, times)) {
+      if constexpr (std::is_same_v<HostArray, HostStringArray>) {
+        array().Add(item);
+      } else {
+        array().Add(static_cast<int>(std::strtol(item, nullptr, 0)));
+      }
+    }
+  }
+  auto& array() { return host_.array(); }
+  void* GetInternalArray(int code, void* scratch) override { return host_.GetInternalArray(code, scratch); }
+
+ private:
+  HostArray host_;
+};
+using Strings = Holding<HostStringArray>;
+using Ints = Holding<HostIntArray>;
+
+/// The list that an array holds.
+inline std::string list_of(const CStringArray& items) {
+  std::string list;
+  for (const CString& item : items) list.append(&item == &items[0] ? "" : ",").append(item.View());
+  return list;
+}
+inline std::string list_of(const CArray<int, int>& items) {
+  CStringArray texts;
+  for (const int item : items) texts.Add(std::to_string(item).c_str());
+  return list_of(texts);
+}
+
+/// What a function gives when one argument is bad: a node null and dead, an array null and of no kind, any other
+/// pointer null. "0 -1,1" tells of two arguments, the first of which is bad in two ways; "v" is no result.
+template <class Result, class... Parameter>
+std::string with_bad(Result (*function)(Parameter...), std::type_identity_t<Parameter>... given) {
+  struct NoArray final : HostArrayObject {
+    void* GetInternalArray(int /*code*/, void* /*scratch*/) override { return nullptr; }
+  };
+  std::string results;
+  const auto call = [&](auto& place, auto bad) {
+    const auto good = std::exchange(place, bad);
+    if constexpr (std::is_void_v<Result>) {
+      function(given...);
+      results += "v ";
+    } else {
+      results += std::to_string(static_cast<int>(function(given...))) + " ";
+    }
+    place = good;
+  };
+  const auto spoil = [&](auto& place) {
+    using Place = std::remove_reference_t<decltype(place)>;
+    RYXmlWrapperBase dead = dead_node();
+    NoArray no_array;
+    if constexpr (std::is_same_v<Place, RYXmlWrapperBase>) call(place, dead);
+    if constexpr (std::is_pointer_v<Place>) call(place, Place{});
+    if constexpr (std::is_same_v<Place, RYXmlWrapperBase*>) call(place, &dead);
+    if constexpr (std::is_same_v<Place, HostArrayObject*>) call(place, &no_array);
+    if (results.ends_with(' ')) results.back() = ',';
+  };
+  (spoil(given), ...);
+  results.pop_back();
+  return results;
+}
