@@ -1,7 +1,8 @@
 #include <rytree_Utils/transfer.h>
 
+#include <random>
+
 #include "call_arguments.h"
-#include "transfer_model.h"
 
 namespace {
 
@@ -55,8 +56,8 @@ TEST(Apply, WritesValuesByIds) {
     const int repeat = std::atoi(with.c_str());
     const char* const attribute = with == "No" ? "No" : nullptr;
     RYXmlWrapperBase tree = parse_ids(before);
-    HostIntArray ids;
-    HostStringArray values;
+    Ints ids;
+    Strings values;
     fill(entries, ids.array(), values.array());
     int duplicate = -9;
     CString error;
@@ -85,13 +86,24 @@ TEST(Apply, TakesDecorationsOffOneByOne) {
       const std::string& piece = pieces[random() % std::size(pieces)];
       value += piece.size() == 8 ? piece.substr(random() % 8) : piece;
     }
-    RYXmlWrapperBase tree = parse_ids("<R><a #1 b='0'/></R>");
     RYXmlWrapperBase expected = parse_ids("<R><a #1 b='0'/></R>");
+    RYXmlWrapperBase node = at(expected, {0});
+    std::string rest = value;
+    for (std::size_t at = 0; value.size() >= 7 && (at = value.find("::{", at)) != std::string::npos; ++at) {
+      const std::size_t name = at + 3;
+      const std::size_t close = value.find('}', name);
+      const std::size_t equals = value.find('=', name);
+      if (close == std::string::npos || equals > close || equals == name || equals + 1 == close) continue;
+      rest = value.substr(close + 1);
+      node.SetPropertyValue(value.substr(name, equals - name).c_str(),
+                            value.substr(equals + 1, close - equals - 1).c_str());
+    }
+    node.CheckSetValue(0, rest.c_str(), 0);
+    RYXmlWrapperBase tree = parse_ids("<R><a #1 b='0'/></R>");
     CArray<int, int> ids;
     CStringArray values;
     fill("1=" + value, ids, values);
     vctree_set_values_by_ids(&tree, &ids, &values, 0, nullptr, 0, nullptr, nullptr);
-    slow::Apply{ids, values, nullptr, false}.walk(expected, 0, 0);
     ASSERT_EQ(text(tree), text(expected)) << value;
   }
 }

@@ -10,8 +10,6 @@
 #include "call_arguments.h"
 #include "edit/exchange_order.h"
 
-namespace {
-
 // Short lists of few keys in all orders, then long ones of far keys, against the exchanges as they are told.
 TEST(Sort, OrdersAsTheExchangesDo) {
   std::mt19937 random(5);
@@ -146,5 +144,3 @@ TEST(Arrange, RefusesBadArguments) {
   EXPECT_EQ(with_bad(VCTreeSetTagName, &tree, "b"), "0 0,0");
   EXPECT_EQ(with_bad(VCTreePrepareForMenu, &tree, next), "0 0");
 }
-
-}  // namespace

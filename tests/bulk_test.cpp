@@ -2,7 +2,6 @@
 #include <rytree_Utils/values.h>
 
 #include "call_arguments.h"
-#include "transfer_model.h"
 
 namespace {
 

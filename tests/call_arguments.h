@@ -52,20 +52,20 @@ inline std::string list_of(const CArray<int, int>& items) {
 }
 
 /// What a function gives when one argument is bad: a node null and dead, an array null and of no kind, any other
-/// pointer null. "0 -1,1" tells of two arguments, the first of which is bad in two ways; "v" is no result.
+/// pointer null. "0 -1,1" tells of two arguments, the first of which is bad in two ways; "" is of a void function.
 template <class Result, class... Parameter>
 std::string with_bad(Result (*function)(Parameter...), std::type_identity_t<Parameter>... given) {
   struct NoArray final : HostArrayObject {
     void* GetInternalArray(int /*code*/, void* /*scratch*/) override { return nullptr; }
   };
   std::string results;
-  const auto call = [&](auto& place, auto bad) {
+  const auto call = [&](auto& place, auto bad, const char* separator) {
     const auto good = std::exchange(place, bad);
     if constexpr (std::is_void_v<Result>) {
       function(given...);
-      results += "v ";
     } else {
-      results += std::to_string(static_cast<int>(function(given...))) + " ";
+      const int result = static_cast<int>(function(given...));
+      results.append(results.empty() ? "" : separator).append(std::to_string(result));
     }
     place = good;
   };
@@ -73,13 +73,11 @@ std::string with_bad(Result (*function)(Parameter...), std::type_identity_t<Para
     using Place = std::remove_reference_t<decltype(place)>;
     RYXmlWrapperBase dead = dead_node();
     NoArray no_array;
-    if constexpr (std::is_same_v<Place, RYXmlWrapperBase>) call(place, dead);
-    if constexpr (std::is_pointer_v<Place>) call(place, Place{});
-    if constexpr (std::is_same_v<Place, RYXmlWrapperBase*>) call(place, &dead);
-    if constexpr (std::is_same_v<Place, HostArrayObject*>) call(place, &no_array);
-    if (results.ends_with(' ')) results.back() = ',';
+    if constexpr (std::is_same_v<Place, RYXmlWrapperBase>) call(place, dead, ",");
+    if constexpr (std::is_pointer_v<Place>) call(place, Place{}, ",");
+    if constexpr (std::is_same_v<Place, RYXmlWrapperBase*>) call(place, &dead, " ");
+    if constexpr (std::is_same_v<Place, HostArrayObject*>) call(place, &no_array, " ");
   };
   (spoil(given), ...);
-  results.pop_back();
   return results;
 }

@@ -2,8 +2,6 @@
 
 #include "call_arguments.h"
 
-namespace {
-
 TEST(Changes, MarkIsSetReadAndCleared) {
   RYXmlWrapperBase node = parse("<A OldName='n' Label='l'/>");
   EXPECT_EQ(rytree_node_changed(&node, 0, "old"), 0);
@@ -64,5 +62,3 @@ TEST(Changes, BadArguments) {
   EXPECT_EQ(with_bad(ry_is_same, &ints, &ints), "0 0,0 0");
   EXPECT_EQ(with_bad(ryget_changed, &strings, &strings, 1), "-1 -1,-1 -1");
 }
-
-}  // namespace

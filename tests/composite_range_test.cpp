@@ -6,7 +6,6 @@
 
 namespace {
 
-using Text = const char*;
 constexpr int kNone = -99;
 
 int number_of(const RYXmlWrapperBase& node, Text attribute) {

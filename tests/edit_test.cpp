@@ -91,15 +91,12 @@ TEST(Edit, RefusesBadArguments) {
 }
 
 TEST(Edit, ModifiesFlagWords) {
-  const Rows<const char*, DWORD, DWORD, const char*> cases = {
-      {"<R k='4'/>", 2, 3, R"(<R k="5"/>)"},
-      {"<R/>", 1, 0, "<R/>"},
-      {"<R/>", 1, 3, R"(<R k="2"/>)"},
-      {"<R k='6'/>", 2, 0, R"(<R k="4"/>)"},
-      {"<R k='-1'/>", 0x80000000, 0, R"(<R k="2147483647"/>)"},
-      {"<R k='0'/>", 0, 0x80000000, R"(<R k="-2147483648"/>)"},
-      {"<R k='x'/>", 1, 0, R"(<R k="x"/>)"}};
-  for (const auto& [before, clear, set, after] : cases) {
+  using R = Row<const char*, DWORD, DWORD, const char*>;
+  for (const auto& [before, clear, set, after] :
+       Rows{R{"<R k='4'/>", 2, 3, R"(<R k="5"/>)"}, R{"<R/>", 1, 0, "<R/>"}, R{"<R/>", 1, 3, R"(<R k="2"/>)"},
+            R{"<R k='6'/>", 2, 0, R"(<R k="4"/>)"}, R{"<R k='-1'/>", 0x80000000, 0, R"(<R k="2147483647"/>)"},
+            R{"<R k='0'/>", 0, 0x80000000, R"(<R k="-2147483648"/>)"},
+            R{"<R k='x'/>", 1, 0, R"(<R k="x"/>)"}}) {
     RYXmlWrapperBase tree = parse(before);
     vctree_modify_DWORD_attribute(tree, "k", clear, set);
     EXPECT_EQ(text(tree), after);

@@ -4,10 +4,6 @@
 
 #include "tree_text.h"
 
-namespace {
-
-using Text = const char*;
-
 TEST(EscapedString, Pieces) {
   using R = Row<int, int, char, char, int, char, int, Text>;
   for (const auto& [number, dot, kind, suffix, option, type, suffix_number, expected] :
@@ -40,5 +36,3 @@ TEST(EscapedString, ChangeOfType) {
   }
   EXPECT_EQ(report_set_escaped_data_string_type(nullptr, 'G'), 0);
 }
-
-}  // namespace

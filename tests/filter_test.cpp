@@ -2,11 +2,9 @@
 #include <rytree_Utils/filter.h>
 
 #include "call_arguments.h"
-#include "transfer_model.h"
+#include "frame/children.h"
 
 namespace {
-
-using Text = const char*;
 
 /// The tags in capitals below a node, without the rest.
 std::string capitals(const RYXmlWrapperBase& node) {
@@ -22,21 +20,13 @@ TEST(Filter, TestsTheTextsBelow) {
   const RYXmlWrapperBase tree = parse_ids(
       "<R><A #1><t #2>x</t><t #3>p</t></A><B #1><t #2>X<u><t #2>é</t></u></t><t #3>p</t><t #3>Q</t></B>"
       "<C #1/><D #2>x<E #1><t #2>z</t></E></D><F #1><G #1><t #2>x</t></G></F><H #1><t #2/></H></R>");
-  const Rows<int, Text, int, Text, Text> cases = {{0, "x,É", 1, "", "BD"},
-                                                  {1, "x,é", 2, "", "ABDFG"},
-                                                  {0, ",", 1, "", "DH"},
-                                                  {2, "", 1, "", "D"},
-                                                  {0, "", 0, "", "D"},
-                                                  {0, "x", 0, "p", "ADFG"},
-                                                  {1, "x,É,z", 0, "p", "ABDEFG"},
-                                                  {0, "", 1, "P", "CDEFGH"},
-                                                  {0, "", 1, "r,q", "ACDEFGH"},
-                                                  {0, "", 2, "q,p", "ACDEFGH"},
-                                                  {0, "", 2, "p,r", "ABCDEFGH"},
-                                                  {0, "", 3, "", "D"},
-                                                  {-1, "x", 1, "", "D"},
-                                                  {1, "x", 1, "q", "ADFG"}};
-  for (const auto& [include, in, exclude, out, left] : cases) {
+  using R = Row<int, Text, int, Text, Text>;
+  for (const auto& [include, in, exclude, out, left] :
+       Rows{R{0, "x,É", 1, "", "BD"}, R{1, "x,é", 2, "", "ABDFG"}, R{0, ",", 1, "", "DH"},
+            R{2, "", 1, "", "D"}, R{0, "", 0, "", "D"}, R{0, "x", 0, "p", "ADFG"},
+            R{1, "x,É,z", 0, "p", "ABDEFG"}, R{0, "", 1, "P", "CDEFGH"}, R{0, "", 1, "r,q", "ACDEFGH"},
+            R{0, "", 2, "q,p", "ACDEFGH"}, R{0, "", 2, "p,r", "ABCDEFGH"}, R{0, "", 3, "", "D"},
+            R{-1, "x", 1, "", "D"}, R{1, "x", 1, "q", "ADFG"}}) {
     for (const int repeats : {1, 9}) {  // the same texts again change nothing
       RYXmlWrapperBase copy;
       tree.Clone(copy, 1);

@@ -1,7 +1,6 @@
 #include <rytree_Utils/transfer.h>
 
 #include "call_arguments.h"
-#include "transfer_model.h"
 
 namespace {
 

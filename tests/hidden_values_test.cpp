@@ -4,8 +4,6 @@
 
 #include "call_arguments.h"
 
-namespace {
-
 TEST(HiddenValues, ResetByNodeId) {
   const auto tree_of = [](const std::string& a, const std::string& b, const char* use, const std::string& d) {
     return parse("<R><A _NodeID='10' DataID='3'>" + a + "</A><B _NodeID='13' DataID='4'>" + b +
@@ -41,5 +39,3 @@ TEST(HiddenValues, SearchIsAScanThatGivesUp) {
     }
   }
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 // IDs in rows, in strides and under many repeat numbers; a search that degrades would take minutes.
 TEST(IdIndex, FindsTheFirstPlaceQuickly) {
   for (const unsigned stride : {1u, 7u, 8u, 16u, 0x1000u, 0x10000u, 0x10001u, 12776u, 0xFFFFFFFFu}) {
@@ -19,5 +17,3 @@ TEST(IdIndex, FindsTheFirstPlaceQuickly) {
   EXPECT_EQ(growing.find(499), 499);
   EXPECT_EQ(growing.find(500), -1);
 }
-
-}  // namespace

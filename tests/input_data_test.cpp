@@ -2,8 +2,6 @@
 
 #include "call_arguments.h"
 
-using Text = const char*;
-
 TEST(InputData, Branch) {
   Strings tags("A,B,,D,D");
   Strings labels("a,");

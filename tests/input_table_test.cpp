@@ -8,8 +8,6 @@
 
 namespace {
 
-using Text = const char*;
-
 /// Tests of the table, with labels in source text.
 class InputTable : public testing::Test {
  protected:

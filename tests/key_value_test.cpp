@@ -3,16 +3,11 @@
 
 #include "call_arguments.h"
 
-namespace {
-
-using Text = const char*;
-
 TEST(KeyValue, IsWritten) {
-  const Rows<Text, int, Text> cases = {{"<R><a>1</a><b>2</b></R>", 1, "a=1,b=2,"},
-                                       {"<R>t<a k='1'/><b>x<c>y</c></b></R>", 1, "a=,b=x,"},
-                                       {"<R/>", 0, ""},
-                                       {"<R>t</R>", 0, ""}};
-  for (const auto& [xml, result, wanted] : cases) {
+  using R = Row<Text, int, Text>;
+  for (const auto& [xml, result, wanted] :
+       Rows{R{"<R><a>1</a><b>2</b></R>", 1, "a=1,b=2,"},
+            R{"<R>t<a k='1'/><b>x<c>y</c></b></R>", 1, "a=,b=x,"}, R{"<R/>", 0, ""}, R{"<R>t</R>", 0, ""}}) {
     RYXmlWrapperBase tree = parse(xml);
     CString line("old");
     EXPECT_EQ(rytree_branch_to_key_value_pairs_str(&tree, &line, '=', ','), result);
@@ -25,16 +20,13 @@ TEST(KeyValue, IsWritten) {
 }
 
 TEST(KeyValue, IsRead) {
-  const Rows<Text, int, Text> cases = {{"a=1,b=2,", 1, "<R><a>1</a><b>2</b></R>"},
-                                       {"a=1=2=,a=3", 1, "<R><a>1=2=</a><a>3</a></R>"},
-                                       {" a \t= \n1 2 ,", 1, "<R><a>1 2</a></R>"},
-                                       {"a,=1,,b=,1c=5", 1, "<R><b/></R>"},
-                                       {"a=\"1,2\",b=3", 1, "<R><a>\"1,2\"</a><b>3</b></R>"},
-                                       {"a=\"1,b=3", 1, "<R><a>\"1</a><b>3</b></R>"},
-                                       {"", 0, "<R/>"},
-                                       {nullptr, 0, "<R/>"},
-                                       {" =1", 0, "<R/>"}};
-  for (const auto& [line, result, wanted] : cases) {
+  using R = Row<Text, int, Text>;
+  for (const auto& [line, result, wanted] :
+       Rows{R{"a=1,b=2,", 1, "<R><a>1</a><b>2</b></R>"}, R{"a=1=2=,a=3", 1, "<R><a>1=2=</a><a>3</a></R>"},
+            R{" a \t= \n1 2 ,", 1, "<R><a>1 2</a></R>"}, R{"a,=1,,b=,1c=5", 1, "<R><b/></R>"},
+            R{"a=\"1,2\",b=3", 1, "<R><a>\"1,2\"</a><b>3</b></R>"},
+            R{"a=\"1,b=3", 1, "<R><a>\"1</a><b>3</b></R>"}, R{"", 0, "<R/>"}, R{nullptr, 0, "<R/>"},
+            R{" =1", 0, "<R/>"}}) {
     RYXmlWrapperBase tree = parse("<R><old/></R>");
     EXPECT_EQ(rytree_key_value_pairs_str_to_branch(&tree, line, '=', ','), result);
     EXPECT_EQ(text(tree), wanted);
@@ -42,5 +34,3 @@ TEST(KeyValue, IsRead) {
   RYXmlWrapperBase tree = parse("<R/>");
   EXPECT_EQ(with_bad(rytree_key_value_pairs_str_to_branch, &tree, "a=1", '=', ','), "0 0,0");
 }
-
-}  // namespace

@@ -5,10 +5,6 @@
 #include "call_arguments.h"
 #include "frame/tag_path.h"
 
-namespace {
-
-using Text = const char*;
-
 TEST(Numbers, UnderAllFilters) {
   using R = Row<DWORD, Text, Text>;
   for (const auto& [flags, attribute, order] :
@@ -256,5 +252,3 @@ TEST(Lookup, DeepTrees) {
     EXPECT_EQ(rytree_tree_check_get_node(&out, &leaf, "L", 0, nullptr, nullptr, 1), 0);
   });
 }
-
-}  // namespace

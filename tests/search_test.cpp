@@ -4,11 +4,6 @@
 #include <climits>
 
 #include "call_arguments.h"
-#include "transfer_model.h"
-
-namespace {
-
-using Text = const char*;
 
 TEST(Attributes, MatchAsTextsAndInts) {
   RYXmlWrapperBase node = parse("<N k='Éa' n='5' m='05' t=''/>");
@@ -109,5 +104,3 @@ TEST(Search, GoesDownDeepTrees) {
     EXPECT_EQ(rytree_find_node_with_str_attr(&tree, &tree, &names, &names, 1, 0), 0);
   });
 }
-
-}  // namespace

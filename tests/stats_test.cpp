@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
 
@@ -52,78 +52,74 @@ TEST(Stats, MissingResultsReadAsDefaults) {
   EXPECT_EQ(ends[0], 5);
   EXPECT_EQ(ends[1], 6);
   rytree_stats_get_set_stats_results(&empty, &record, &ends[0], &ends[1], 1);
-  rytree_stats_get_set_stats_results(&empty, &record, nullptr, &ends[1], 0);
-  rytree_stats_get_set_stats_results(&empty, &record, &ends[0], nullptr, 0);
+  with_bad(rytree_stats_get_set_stats_results, &empty, &record, &ends[0], &ends[1], 0);
   EXPECT_EQ(text(empty), "<Root><Results/></Root>");
-  rytree_stats_get_set_stats_results(&tree, nullptr, &ends[0], &ends[1], 1);
-  rytree_stats_get_set_stats_results(nullptr, &record, &ends[0], &ends[1], 0);
 }
 
 TEST(Stats, ArraysAreMadeInBothDirections) {
   RYXmlWrapperBase tree = parse("<Root/>");
   HostDoubleArray array;
-  HostIntArray ints;
-  const auto both = [&tree](RYXmlWrapperBase* node, HostArrayObject& values, int get) {
-    rytree_stats_get_set_counts(node, &values, get);
-    rytree_stats_get_set_percentiles(node, &values, get);
-    return text(tree);
-  };
   array.array().Add(1.5);
-  EXPECT_EQ(both(&tree, array, 1), "<Root><Counts/><Percentiles/></Root>");
-  EXPECT_EQ(array.array().GetSize(), 0);
-  for (const double value : {1.5, -2.0}) array.array().Add(value);
   const std::string filled = "<Root><Counts>1.5 -2</Counts><Percentiles>1.5 -2</Percentiles></Root>";
-  EXPECT_EQ(both(&tree, array, 0), filled);
-  EXPECT_EQ(both(&tree, ints, 0), filled);
-  EXPECT_EQ(both(nullptr, array, 0), filled);
-  array.array().SetSize(0);
-  both(&tree, array, 1);
-  EXPECT_EQ(array.array()[1], -2);
+  for (const auto get_set : {rytree_stats_get_set_counts, rytree_stats_get_set_percentiles}) {
+    RYXmlWrapperBase made = parse("<Root/>");
+    get_set(&made, &array, 1);
+    EXPECT_EQ(at(made, {0}).IsEmpty(), 1);
+    EXPECT_EQ(array.array().GetSize(), 0);
+    for (const double value : {1.5, -2.0}) array.array().Add(value);
+    get_set(&tree, &array, 0);
+    with_bad(get_set, &tree, &array, 1);
+    EXPECT_EQ(array.array().GetSize(), 2);
+    array.array().SetSize(0);
+    with_bad(get_set, &tree, &array, 0);
+    get_set(&tree, &array, 1);
+    EXPECT_EQ(array.array()[1], -2);
+  }
+  EXPECT_EQ(text(tree), filled);
 }
 
 TEST(Stats, BinsAndBoxes) {
   RYXmlWrapperBase tree = parse("<Root/>");
-  const auto all = [&tree](double* values, int get, int null) {
-    const auto at = [&](int i) { return i == null ? nullptr : values + i; };
-    rytree_stats_get_set_box_info(&tree, at(0), at(1), at(2), at(3), at(4), get);
-    rytree_stats_get_set_whisker_info(&tree, at(5), at(6), get);
-    rytree_stats_get_set_bin_info(&tree, at(7), at(8), at(9), get);
+  const auto all = [&tree](double* v, int get) {
+    rytree_stats_get_set_box_info(&tree, v, v + 1, v + 2, v + 3, v + 4, get);
+    rytree_stats_get_set_whisker_info(&tree, v + 5, v + 6, get);
+    rytree_stats_get_set_bin_info(&tree, v + 7, v + 8, v + 9, get);
     return text(tree);
   };
   double v[10] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
-  EXPECT_EQ(all(v, 1, -1), "<Root><BoxChart><Box/><Whisker/></BoxChart></Root>") << "reading makes no bin";
-  const std::string filled = all(v, 0, -1);
+  EXPECT_EQ(all(v, 1), "<Root><BoxChart><Box/><Whisker/></BoxChart></Root>") << "reading makes no bin";
+  const std::string filled = all(v, 0);
   EXPECT_EQ(filled,
             "<Root><BoxChart><Box><Center>4</Center><Top>0</Top><TopX>1</TopX><Bottom>2</Bottom>"
             "<BottomX>3</BottomX></Box><Whisker><Top>5</Top><Bottom>6</Bottom></Whisker></BoxChart>"
             "<Bin><Min>7</Min><Max>8</Max><Size>9</Size></Bin></Root>");
   double back[10] = {};
-  all(back, 1, -1);
-  for (int i = 0; i < 10; ++i) {
-    EXPECT_EQ(back[i], i);
-    EXPECT_EQ(all(v, 0, i), filled) << i;
-  }
+  all(back, 1);
+  EXPECT_EQ(std::vector<double>(back, back + 10), std::vector<double>(v, v + 10));
+  double* const other = v + 9;
+  with_bad(rytree_stats_get_set_box_info, &tree, other, other, other, other, other, 0);
+  with_bad(rytree_stats_get_set_whisker_info, &tree, other, other, 0);
+  with_bad(rytree_stats_get_set_bin_info, &tree, other, other, other, 0);
+  EXPECT_EQ(text(tree), filled);
 }
 
 TEST(Stats, BoxNodesAndAutomaticBins) {
   RYXmlWrapperBase tree = parse("<Root><Bin><Auto>x</Auto></Bin></Root>");
-  RYXmlWrapperBase none;
-  RYXmlWrapperBase out = tree;
+  RYXmlWrapperBase out;
   EXPECT_EQ(rytree_stats_is_bin_auto(&tree), 1);
   tree = parse("<Root/>");
   EXPECT_EQ(rytree_stats_is_bin_auto(&tree), 1);
-  EXPECT_EQ(rytree_stats_get_boxchart_whisker_node(&tree, nullptr), 0);
-  EXPECT_EQ(vctree_stats_get_boxchart_whisker_node(none, out), 0);
-  EXPECT_EQ(text(out), "<Root><Bin><Auto>x</Auto></Bin></Root>");
   EXPECT_EQ(rytree_stats_get_boxchart_box_node(&tree, &out), 1);
   EXPECT_EQ(tag(out), "Box");
   EXPECT_EQ(rytree_stats_get_boxchart_whisker_node(&tree, &out), 1);
   EXPECT_EQ(tag(out), "Whisker");
+  EXPECT_EQ(with_bad(rytree_stats_get_boxchart_whisker_node, &tree, &out), "0 0,0 1");
+  EXPECT_EQ(with_bad(vctree_stats_get_boxchart_whisker_node, tree, out), "0,1");
   rytree_stats_set_bin_auto(&tree, 0);
-  rytree_stats_set_bin_auto(nullptr, 1);
+  with_bad(rytree_stats_set_bin_auto, &tree, 1);
   EXPECT_EQ(text(tree), "<Root><BoxChart><Box/><Whisker/></BoxChart><Bin><Auto>0</Auto></Bin></Root>");
   EXPECT_EQ(rytree_stats_is_bin_auto(&tree), 0);
-  EXPECT_EQ(rytree_stats_is_bin_auto(nullptr), 0);
+  EXPECT_EQ(with_bad(rytree_stats_is_bin_auto, &tree), "0 1");
 }
 
 }  // namespace

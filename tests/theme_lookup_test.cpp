@@ -5,8 +5,6 @@
 
 #include "call_arguments.h"
 
-namespace {
-
 TEST(ThemeLookup, FindsByLowHalfOfEitherId) {
   RYXmlWrapperBase tree = parse(
       "<R DataID='1'><a DataID='74565'><b _NodeID='131073'/></a><c DataID='1'><d DataID='7'/><e/></c>"
@@ -56,5 +54,3 @@ TEST(ThemeLookup, ReadsRectangles) {
   int n = 0;
   EXPECT_EQ(with_bad(range, &style, &n, &n, &n, &n), "0 0,0,0,0,0");
 }
-
-}  // namespace

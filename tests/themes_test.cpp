@@ -9,8 +9,6 @@
 
 namespace {
 
-using Text = const char*;
-
 /// The arrays of a call, inside host objects.
 struct Pairs {
   Pairs(Text id_list, Text value_list) : ids(id_list), values(value_list) {}

@@ -16,6 +16,8 @@
 #include <utility>
 #include <vector>
 
+using Text = const char*;
+
 /// Where in a test something was written; the default argument of what is written there.
 struct SourceLine {
   SourceLine(const char* source, int number) : file(source), line(number) {}
@@ -114,14 +116,19 @@ inline RYXmlWrapperBase parse(const char* xml) {
 }
 inline RYXmlWrapperBase parse(const std::string& xml) { return parse(xml.c_str()); }
 
-/// XML text in which <a@4> is short for a node ID, <a _NodeID="4">.
+/// XML text in which <a@4 #5 ^6 ~16> is short for a node ID, a DataID, a RepeatID and ThemeApplicability with bit 16.
 inline std::string with_ids(std::string xml) {
-  for (std::size_t at = 0; (at = xml.find('@', at)) != std::string::npos;) {
-    xml.insert(xml.find_first_not_of("-0123456789", at + 1), 1, '"');
-    xml.replace(at, 1, " _NodeID=\"");
+  for (const std::string name : {"@ _NodeID", "#DataID", "^RepeatID", "~ThemeApplicability"}) {
+    for (std::size_t at = 0; (at = xml.find(name[0], at)) != std::string::npos;) {
+      std::size_t length = 0;
+      const int number = std::stoi(xml.substr(at + 1), &length);
+      const std::string written = std::to_string(name[0] == '~' ? 1 << number : number);
+      xml.replace(at, length + 1, name.substr(1) + "=\"" + written + "\"");
+    }
   }
   return xml;
 }
+inline RYXmlWrapperBase parse_ids(const std::string& xml) { return parse(with_ids(xml)); }
 
 /// The node and all below it as XML text; "" for an invalid handle.
 inline std::string text(const RYXmlWrapperBase& node) {

@@ -4,8 +4,6 @@
 
 namespace {
 
-using Text = const char*;
-
 TEST(WeightMethods, NamesAndNeeds) {
   CString listed;
   CStringArray names;
