@@ -2,20 +2,6 @@
 
 #include "call_arguments.h"
 
-namespace {
-
-RYXmlWrapperBase with_auto(Text value) {
-  RYXmlWrapperBase node = parse("<A/>");
-  if (value != nullptr) node.SetPropertyValue("Auto", value);
-  return node;
-}
-
-CString auto_of(const RYXmlWrapperBase& node) {
-  CString value("none");
-  node.GetPropertyValue("Auto", value);
-  return value;
-}
-
 TEST(AutoSupport, StringsMade) {
   CString out;
   EXPECT_EQ(vctree_create_auto_support_string(out, 1, "A", 2), 1);
@@ -45,41 +31,46 @@ TEST(AutoSupport, StringsRead) {
 TEST(AutoSupport, Set) {
   using R = Row<Text, int, Text, int, int, Text>;
   for (const auto& [before, state, label, number, result, after] :
-       Rows{R{nullptr, 1, nullptr, -1, 1, "1||1"}, R{"1|A|2", -1, nullptr, -1, 1, "0|A|2"},
-            R{"0|A|2", 1, "", -2, 1, "1||-2"}, R{"1|A|2", 0, "B", 3, 0, "none"},
-            R{"1|A|2", 2, "B", 3, 0, "1|A|2"}, R{"\"", 1, nullptr, -1, 1, "1||1"}}) {
-    RYXmlWrapperBase node = with_auto(before);
+       Rows{R{"<A/>", 1, nullptr, -1, 1, "<A Auto='1||1'/>"}, R{"<A/>", 0, "B", 3, 0, "<A/>"},
+            R{"<A Auto='1|A|2'/>", -1, nullptr, -1, 1, "<A Auto='0|A|2'/>"},
+            R{"<A Auto='0|A|2'/>", 1, "", -2, 1, "<A Auto='1||-2'/>"},
+            R{"<A Auto='1|A|2'/>", 0, "B", 3, 0, "<A/>"},
+            R{"<A Auto='1|A|2'/>", 2, "B", 3, 0, "<A Auto='1|A|2'/>"},
+            R{"<A Auto='&quot;'/>", 1, nullptr, -1, 1, "<A Auto='1||1'/>"}}) {
+    RYXmlWrapperBase node = parse(before);
     EXPECT_EQ(vctree_set_auto_support(node, state, label, number), result);
-    EXPECT_EQ(auto_of(node), after);
+    EXPECT_EQ(text(node), text(parse(after)));
   }
-  RYXmlWrapperBase node = with_auto("0|A|2");
+  RYXmlWrapperBase node = parse("<A Auto='0|A|2'/>");
   EXPECT_EQ(rytree_set_auto_support(&node, 1), 1);
-  EXPECT_EQ(auto_of(node), "1|A|2");
+  EXPECT_EQ(text(node), "<A Auto=\"1|A|2\"/>");
 }
 
 TEST(AutoSupport, GetAndReset) {
   using R = Row<Text, int, Text, int, Text>;
   for (const auto& [before, state, label, number, reset] :
-       Rows{R{nullptr, 0, "old", 77, "none"}, R{"", 0, "old", 77, ""}, R{"0|A|2", -1, "A", 2, "0|A|2"},
-            R{"1|A|2|3", 1, "A", 2, "0|A|2"}, R{"5", 5, "Auto", 1, "0|Auto|1"},
-            R{"1|A|-1", 1, "A", -1, "0|A|-1"}}) {
-    RYXmlWrapperBase node = with_auto(before);
+       Rows{R{"<A/>", 0, "old", 77, "<A/>"}, R{"<A Auto=''/>", 0, "old", 77, "<A Auto=''/>"},
+            R{"<A Auto='0|A|2'/>", -1, "A", 2, "<A Auto='0|A|2'/>"},
+            R{"<A Auto='1|A|2|3'/>", 1, "A", 2, "<A Auto='0|A|2'/>"},
+            R{"<A Auto='5'/>", 5, "Auto", 1, "<A Auto='0|Auto|1'/>"},
+            R{"<A Auto='1|A|-1'/>", 1, "A", -1, "<A Auto='0|A|-1'/>"}}) {
+    RYXmlWrapperBase node = parse(before);
     CString label_read("old");
     int number_read = 77;
     EXPECT_EQ(vctree_get_auto_support(node, label_read, number_read), state);
-    EXPECT_EQ(std::tie(label_read, number_read), std::make_tuple(CString(label), number));
+    EXPECT_EQ(label_read, label);
+    EXPECT_EQ(number_read, number);
     EXPECT_EQ(rytree_get_auto_support(&node), state);
     vctree_check_reset_auto_support(node);
-    EXPECT_EQ(auto_of(node), reset);
+    EXPECT_EQ(text(node), text(parse(reset)));
   }
 }
 
 TEST(AutoSupport, NoNode) {
-  RYXmlWrapperBase node = with_auto("1");
+  RYXmlWrapperBase node = parse("<A Auto='1' _EntireWorksheet='1'/>");
   EXPECT_EQ(with_bad(rytree_set_auto_support, &node, 1), "0 0");
   EXPECT_EQ(with_bad(rytree_get_auto_support, &node), "0 0");
   with_bad(rytree_composite_range_set_entire_worksheet_support, &node, 1);
-  node.SetPropertyValue("_EntireWorksheet", 1);
   EXPECT_EQ(with_bad(rytree_composite_range_get_entire_worksheet_support, &node), "0 0");
 }
 
@@ -95,5 +86,3 @@ TEST(EntireWorksheet, ThreeStates) {
     EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), read);
   }
 }
-
-}  // namespace

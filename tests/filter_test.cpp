@@ -76,11 +76,4 @@ TEST(Filter, RefusesBadArguments) {
   EXPECT_TRUE(tree.IsNodeValid());
 }
 
-TEST(Filter, GoesDownDeepTrees) {
-  on_small_stack([] {
-    RYXmlWrapperBase tree = deep_tree(1024);
-    EXPECT_EQ(rytree_filter_by_attrib_find(&tree, 1, "k", "", 0, 0), 1);
-  });
-}
-
 }  // namespace

@@ -162,31 +162,6 @@ TEST(Homologous, CopiesAsFarAsTheShapesAgree) {
   EXPECT_EQ(rytree_copy_values_between_homologous_trees(&none, &none, 1), 0);
 }
 
-TEST(Homologous, MatchingGivesTheResultOfTheLastStep) {
-  // the source, whether recursive, whether all, the result and the target after it
-  for (const auto& [from, recursive, all, result, after] : rows<5>(R"(
-      // a branch without a match replaces the match before it; not so without recursion or all
-      <S><n k='a'>1</n></S> | 1 | 1 | 0 | <R><p k='a' w='1'/><q k='b'><r k='c'/></q><s k='d'/></R>
-      <S><n k='a'>1</n></S> |   | 1 | 1 | <R><p k='a' w='1'/><q k='b'><r k='c'/></q><s k='d'/></R>
-      <S><n k='a'>1</n></S> | 1 |   | 1 | <R><p k='a' w='1'/><q k='b'><r k='c'/></q><s k='d'/></R>
-      // the last leaf decides; a branch of the source is passed over without recursion
-      <S><n k='D'>1</n><n k='x'/></S>         | 1 | 1 | 0 | \
-          <R><p k='a'/><q k='b'><r k='c'/></q><s k='d' w='1'/></R>
-      <S><n k='d'>1</n><n k='a'><m/></n></S>  |   | 1 | 1 | \
-          <R><p k='a'/><q k='b'><r k='c'/></q><s k='d' w='1'/></R>
-      <S><n k='d'>1</n><n k='a'><m/></n></S>  | 1 | 1 | 0 | \
-          <R><p k='a'/><q k='b'><r k='c'/></q><s k='d' w='1'/></R>
-      // the extra text carries over within one child list
-      <S><n k='a' x='X'/><m><n k='b'/></m><n k='c'/></S> | 1 |  | 1 | \
-          <R><p k='a' w='' x='X'/><q k='b' w='' x=''><r k='c' w='' x='X'/></q><s k='d'/></R>)")) {
-    Node source = parse(from);
-    Node dest = parse("<R><p k='a'/><q k='b'><r k='c'/></q><s k='d'/></R>");
-    const char* const extra = from.find("x='") != std::string::npos ? "x" : nullptr;
-    EXPECT_EQ(matching(&source, &dest, "w", "k", extra, recursive == "1", all == "1", 0), std::stoi(result));
-    EXPECT_EQ(text(dest), text(parse(after)));
-  }
-}
-
 TEST(Homologous, CopiesSingleAttributes) {
   Node source = parse("<R k='1'><a k='2'><b k=''/></a><c/></R>");
   for (const auto& [before, skip_top, result, after] : rows<4>(R"(

@@ -237,18 +237,3 @@ TEST(Lookup, BadArguments) {
   EXPECT_EQ(VCTreeGetRepeatId(dead, counter), 0);
   EXPECT_EQ(counter, -1);
 }
-
-TEST(Lookup, DeepTrees) {
-  on_small_stack([] {
-    RYXmlWrapperBase tree = deep_tree(1024);
-    RYXmlWrapperBase leaf;
-    RYXmlWrapperBase out;
-    EXPECT_EQ(rytree_get_node_ex(&tree, &leaf, 1022, 0, nullptr), 1);
-    leaf.SetDataID(3);
-    EXPECT_EQ(rytree_get_node_by_id(&tree, &out, 3, true), 1);
-    EXPECT_EQ(rytree_find_node(&tree, &out, "DataID", 3, true, 0, -1), 1);
-    EXPECT_TRUE(rytree_get_node_by_tagname(&tree, &out, "l", true, false, true));
-    EXPECT_EQ(out, leaf);
-    EXPECT_EQ(rytree_tree_check_get_node(&out, &leaf, "L", 0, nullptr, nullptr, 1), 0);
-  });
-}

@@ -99,13 +99,3 @@ TEST(Paths, RefuseBadArguments) {
   EXPECT_EQ(rytree_add_path_str(&tree, "", 1, 1), 0);
   EXPECT_EQ(text(tree), "<R/>");
 }
-
-TEST(Paths, GoDownDeepTrees) {
-  on_small_stack([] {
-    RYXmlWrapperBase tree = deep_tree(1024);
-    RYXmlWrapperBase last;
-    tree.AddNode(last, "Last", -1);
-    EXPECT_EQ(rytree_add_path_str(&tree, "p", 1, 0), 1);
-    EXPECT_EQ(text(last), "<Last p=\"Last\"/>");
-  });
-}

@@ -96,11 +96,3 @@ TEST(Search, RefusesBadArguments) {
   EXPECT_EQ(with_bad(rytree_get_help_node, &out, &tree, 305, 256), "0 1,0 0");
   EXPECT_EQ(with_bad(rytree_get_localization_node, &out, &tree, 305, 305, 0, 1, 1), "0 1,0 0");
 }
-
-TEST(Search, GoesDownDeepTrees) {
-  on_small_stack([] {
-    Strings names("k");
-    RYXmlWrapperBase tree = deep_tree(1024);
-    EXPECT_EQ(rytree_find_node_with_str_attr(&tree, &tree, &names, &names, 1, 0), 0);
-  });
-}

@@ -41,52 +41,39 @@ std::string expanded(Text parent, int method, Text show, Text combo, Text data, 
   return text(parse(xml.GetString()));
 }
 
-struct Update {
-  int method;
-  Text data;
-  bool all;  // of the parameters
-  int check_same, disable;
-};
-
-int update(RYXmlWrapperBase& node, const Update& with, unsigned long& change) {
+// The result and the change; `all` gives all three parameters.
+std::string update(RYXmlWrapperBase& node, int method, Text data, bool all, int check_same, int disable) {
   double p[3] = {1.5, 2, -3};
-  const auto [method, data, all, check_same, disable] = with;
-  change = 9;
-  return vctree_update_fitter_data_weight_node(node, method, change, data, all ? &p[0] : nullptr,
-                                               all ? &p[1] : nullptr, all ? &p[2] : nullptr, check_same,
-                                               disable);
+  unsigned long change = 9;
+  const int result = vctree_update_fitter_data_weight_node(node, method, change, data, all ? &p[0] : nullptr,
+                                                           all ? &p[1] : nullptr, all ? &p[2] : nullptr,
+                                                           check_same, disable);
+  return std::to_string(result) + " " + std::to_string(change);
 }
 
 TEST(WeightNode, FollowsItsMethod) {
   RYXmlWrapperBase tree = parse("<P Combo='A|B'/>");
-  // The arguments, the result and the change; then the method, what is shown, the combo and the data.
-  using R = Row<Update, int, unsigned, int, Text, Text, Text>;
-  for (const auto& [with, result, changed, method, show, combo, data] :
-       Rows{R{{8, "col", true, 1, 1}, 1, 0, 8, "1111", "A|B", "col"},
-            R{{8, "no", true, 1, 1}, 0, 9, 8, "1111", "A|B", "col"},
-            R{{0, nullptr, false, 1, 0}, 1, 1, 0, "0000", "", "col"},
-            R{{6, "d2", false, 0, 0}, 1, 2, 6, "0110", "", "d2"},
-            R{{11, nullptr, false, 0, 0}, 1, 0, 11, "0110", "", "d2"},
-            R{{15, "x", true, 0, 5}, 0, 9, 11, "0110", "", "d2"}}) {
-    unsigned long change = 0;
-    EXPECT_EQ(update(tree, with, change), result);
-    EXPECT_EQ(change, changed);
-    const std::string parent = "DisableWeightMethod='" + std::to_string(with.disable) + "'";
+  // The arguments, the result; then the method, what is shown, the combo and the data.
+  using R = Row<int, Text, bool, int, int, Text, int, Text, Text, Text>;
+  for (const auto& [given, with, all, check_same, disable, result, method, show, combo, data] :
+       Rows{R{8, "col", true, 1, 1, "1 0", 8, "1111", "A|B", "col"},
+            R{8, "no", true, 1, 1, "0 9", 8, "1111", "A|B", "col"},
+            R{0, nullptr, false, 1, 0, "1 1", 0, "0000", "", "col"},
+            R{6, "d2", false, 0, 0, "1 2", 6, "0110", "", "d2"},
+            R{11, nullptr, false, 0, 0, "1 0", 11, "0110", "", "d2"},
+            R{15, "x", true, 0, 5, "0 9", 11, "0110", "", "d2"}}) {
+    EXPECT_EQ(update(tree, given, with, all, check_same, disable), result);
+    const std::string parent = "DisableWeightMethod='" + std::to_string(disable) + "'";
     EXPECT_EQ(text(tree), expanded(parent.c_str(), method, show, combo, data, "1.5", "2", "-3"));
   }
-}
-
-TEST(WeightNode, TextInPlaceOfAMethodIsNotMethod0) {
-  RYXmlWrapperBase tree =
+  // A text in place of a method is not method 0.
+  tree =
       parse("<P><WeightMethod _NodeID='3'>x</WeightMethod><WeightA _NodeID='5' Label='old'>7</WeightA></P>");
-  RYXmlWrapperBase none;
-  unsigned long change = 0;
-  EXPECT_EQ(update(tree, {0, nullptr, false, 1, 0}, change), 1);
-  EXPECT_EQ(change, 1U);
+  EXPECT_EQ(update(tree, 0, nullptr, false, 1, 0), "1 1");
   EXPECT_EQ(text(at(tree, {0})), "<WeightMethod _NodeID=\"3\" Show=\"0\">0</WeightMethod>");
   EXPECT_EQ(text(at(tree, {1})), "<WeightA _NodeID=\"5\" Label=\"a\" Show=\"0\">7</WeightA>");
-  EXPECT_EQ(update(none, {0, nullptr, false, 0, 0}, change), 0);
-  EXPECT_EQ(change, 9U);
+  tree = dead_node();
+  EXPECT_EQ(update(tree, 0, nullptr, false, 0, 0), "0 9");
 }
 
 TEST(WeightNode, ConvertedBothWays) {
@@ -115,8 +102,8 @@ TEST(WeightNode, ConvertedBothWays) {
   }
   EXPECT_EQ(text(source),
             "<P><WeightB>x</WeightB><WeightMethod>3</WeightMethod><WeightData/><WeightA/><WeightC/></P>");
-  EXPECT_EQ(with_bad(compact, target, source), "");
-  EXPECT_EQ(with_bad(expand, source, target), "");
+  EXPECT_EQ(with_bad(compact, target, source), "1,0");
+  EXPECT_EQ(with_bad(expand, source, target), "0,0");
   EXPECT_EQ(text(target), "<W Weight_B=\"9\" WeightMethod=\"3\"/>");
 }
 
