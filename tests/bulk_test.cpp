@@ -13,14 +13,13 @@ TEST(Bulk, ListsAttributes) {
   Node tree = parse(
       "<R k='r'><a k='a'><b/><c k='c'/><d><e/></d></a><f/><g k=''/><h/><i k='i'><j/><k k='k'/></i></R>");
   using List = int (*)(Node*, CStringArray*, const char*, bool);
-  const Rows<List, const char*, bool, const char*> cases = {
-      {VCTreeGetAttributes, "k", false, "0,a,,c,,,,,,i,,k"},
-      {VCTreeGetAttributes, "k", true, "0,a,,,,i"},
-      {vctree_get_attributes, "k", false, "0,a,,c,c,,a,,,i,,k"},
-      {vctree_get_attributes, "k", true, "0,a,a,,,i"},
-      {vctree_get_attributes, nullptr, true, "0,,,,,"},
-  };
-  for (const auto& [get, attribute, children_only, expected] : cases) {
+  using R = Row<List, Text, bool, Text>;
+  for (const auto& [get, attribute, children_only, expected] :
+       Rows{R{VCTreeGetAttributes, "k", false, "0,a,,c,,,,,,i,,k"},
+            R{VCTreeGetAttributes, "k", true, "0,a,,,,i"},
+            R{vctree_get_attributes, "k", false, "0,a,,c,c,,a,,,i,,k"},
+            R{vctree_get_attributes, "k", true, "0,a,a,,,i"},
+            R{vctree_get_attributes, nullptr, true, "0,,,,,"}}) {
     CStringArray values = listed("0");
     EXPECT_EQ(get(&tree, &values, attribute, children_only), 0);
     EXPECT_EQ(list_of(values), expected);

@@ -10,10 +10,10 @@
 
 /// The items of a list "a,b", so many times; "" is an empty list.
 inline CStringArray listed(const std::string& list, int times = 1) {
+  CStringArray once;
   CStringArray items;
-  ryutilsGetTokens(list.c_str(), &items, ',', nullptr, 0, 0);
-  const CStringArray once = items;
-  for (int i = 1; i < times; ++i) items.Append(once);
+  ryutilsGetTokens(list.c_str(), &once, ',', nullptr, 0, 0);
+  for (int i = 0; i < times; ++i) items.Append(once);
   return items;
 }
 
@@ -22,11 +22,12 @@ template <class HostArray>
 class Holding : public HostArrayObject {
  public:
   explicit Holding(const std::string& list = "", int times = 1) {
+    using Item = std::remove_cvref_t<decltype(array()[0])>;
     for (const CString& item : listed(list, times)) {
-      if constexpr (std::is_same_v<HostArray, HostStringArray>) {
+      if constexpr (std::is_same_v<Item, CString>) {
         array().Add(item);
       } else {
-        array().Add(static_cast<int>(std::strtol(item, nullptr, 0)));
+        array().Add(static_cast<Item>(std::strtod(item, nullptr)));
       }
     }
   }
@@ -38,17 +39,22 @@ class Holding : public HostArrayObject {
 };
 using Strings = Holding<HostStringArray>;
 using Ints = Holding<HostIntArray>;
+using Doubles = Holding<HostDoubleArray>;
+using Bools = Holding<HostBoolArray>;
 
 /// The list that an array holds.
-inline std::string list_of(const CStringArray& items) {
-  std::string list;
-  for (const CString& item : items) list.append(&item == &items[0] ? "" : ",").append(item.View());
-  return list;
-}
-inline std::string list_of(const CArray<int, int>& items) {
-  CStringArray texts;
-  for (const int item : items) texts.Add(std::to_string(item).c_str());
-  return list_of(texts);
+std::string list_of(const auto& items) {
+  std::ostringstream list;
+  const char* separator = "";
+  for (const auto& item : items) {
+    list << std::exchange(separator, ",");
+    if constexpr (std::is_same_v<decltype(item), const CString&>) {
+      list << item.View();
+    } else {
+      list << item;
+    }
+  }
+  return list.str();
 }
 
 /// What a function gives when one argument is bad: a node null and dead, an array null and of no kind, any other

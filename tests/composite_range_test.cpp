@@ -62,11 +62,10 @@ TEST(CompositeRange, CountsAndBadInput) {
   EXPECT_EQ(with_bad(rytree_set_composite_subrange_values, &out, "1", "2", "3", 4), "0 0,0,0,0");
   vctree_reenum_subranges_in_range_tree(out, 1);
   EXPECT_EQ(create(&out, &tree, "C", nullptr, INT_MAX, 7, ""), 0);
-  EXPECT_EQ(create(&out, &tree, "1", nullptr, 1, 7, ""), 0);
   EXPECT_EQ(create(&out, &tree, "C", nullptr, -1, 7, ""), 1);
   EXPECT_EQ(text(tree), "<T><C/></T>");
 
-  EXPECT_EQ(rytree_create_composite_range_node(&out, &tree, "C", "", 2043, 3, nullptr), 1);
+  EXPECT_EQ(create(&out, &tree, "C", "", 2043, 3, nullptr), 1);
   for (const auto& [index, id] : Rows<int, int>{{1, 144}, {2039, 32752}, {2040, 32768}, {2042, 32768}})
     EXPECT_EQ(number_of(at(out, {index}), "RepeatID"), id);
 }
@@ -102,18 +101,15 @@ TEST(CompositeRange, InteractiveOptions) {
 }
 
 TEST(CompositeRange, Renumbered) {
-  using R = Row<Text, int, Text>;
-  for (const auto& [before, rename, after] :
-       Rows{R{"<C>t</C>", 0, "<C>t</C>"}, R{"<C>t</C>", 1, "<C>t</C>"},
-            R{"<C><Range2 RepeatID='9'/><A Label='a'/></C>", 0,
-              "<C><Range2 RepeatID='128' Label='Range 1'/><A Label='Range 2' RepeatID='144'/></C>"},
-            R{"<C K='1'>t<Range3 _NodeID='8' A='1'>u<X DataID='5'>v</X></Range3><Range1/></C>", -1,
-              "<C K='1'>t<Range1 _NodeID='8' A='1' Label='Range 1' RepeatID='128'>u<X "
-              "DataID='5'>v</X></Range1>"
-              "<Range2 Label='Range 2' RepeatID='144'/></C>"}}) {
-    RYXmlWrapperBase tree = parse(before);
-    vctree_reenum_subranges_in_range_tree(tree, rename);
-    EXPECT_EQ(text(tree), text(parse(after)));
+  for (const auto& [before, rename, after] : rows<3>(R"(
+      <C>t</C> | 0 | <C>t</C>
+      <C>t</C> | 1 | <C>t</C>
+      <C><Range2 ^9/><A Label='a'/></C> | 0 | <C><Range2 ^128 Label='Range 1'/><A Label='Range 2' ^144/></C>
+      <C K='1'>t<Range3@8 A='1'>u<X #5>v</X></Range3><Range1/></C> | -1 | \
+          <C K='1'>t<Range1@8 A='1' Label='Range 1' ^128>u<X #5>v</X></Range1><Range2 Label='Range 2' ^144/></C>)")) {
+    RYXmlWrapperBase tree = parse_ids(before);
+    vctree_reenum_subranges_in_range_tree(tree, std::stoi(rename));
+    EXPECT_EQ(text(tree), text(parse_ids(after)));
   }
 }
 

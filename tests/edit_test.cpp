@@ -1,37 +1,30 @@
 // Bulk edits: removing nodes, attributes and values of a branch.
 #include <rytree_Utils/edit.h>
 
-#include <map>
-
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
 
 using Node = RYXmlWrapperBase*;
-struct Flags {
-  bool a, b, c;
-};
-const std::map<std::string, int (*)(Node, Flags)> kEdits = {
-    {"lacking",
-     [](Node n, Flags f) { return rytree_delete_nodes_by_missing_attribute(n, "k", f.a, f.b, f.c); }},
-    {"valued",
-     [](Node n, Flags f) { return rytree_delete_nodes_by_attribute(n, "v", 1, f.a, f.b ? "x" : nullptr); }},
-    {"hits", [](Node n, Flags) { return rytree_remove_nodes_by_attribute(n, "v", 1); }},
-    {"empty", [](Node n, Flags f) { return rytree_remove_empty_child_nodes(n, f.a); }},
-    {"hide", [](Node n, Flags f) { return rytree_hide_empty_nodes(n, f.a, f.b); }},
-    {"set",
-     [](Node n, Flags f) {
-       return rytree_set_attribute_to_all_nodes(n, "k", f.c ? nullptr : "1", f.a, f.b), 0;
-     }},
-    {"remove", [](Node n, Flags f) { return rytree_remove_attribute(n, "k", f.a); }},
-    {"bits", [](Node n, Flags f) { return rytree_set_attribute_bit_if_not_empty(n, "k", 3, f.a); }},
-    {"clear", [](Node n, Flags) { return rytree_clear_all_value(n), 0; }},
-};
+
+/// The edits that the tables name, with up to three flags.
+int edit(const std::string& name, Node n, bool a, bool b, bool c) {
+  if (name == "lacking") return rytree_delete_nodes_by_missing_attribute(n, "k", a, b, c);
+  if (name == "valued") return rytree_delete_nodes_by_attribute(n, "v", 1, a, b ? "x" : nullptr);
+  if (name == "hits") return rytree_remove_nodes_by_attribute(n, "v", 1);
+  if (name == "empty") return rytree_remove_empty_child_nodes(n, a);
+  if (name == "hide") return rytree_hide_empty_nodes(n, a, b);
+  if (name == "remove") return rytree_remove_attribute(n, "k", a);
+  if (name == "bits") return rytree_set_attribute_bit_if_not_empty(n, "k", 3, a);
+  if (name == "set") rytree_set_attribute_to_all_nodes(n, "k", c ? nullptr : "1", a, b);
+  if (name == "clear") rytree_clear_all_value(n);
+  return 0;
+}
 
 // Each edit starts with the tree above it; "=" leaves that as it was.
 TEST(Edit, ChangesTheBranch) {
   std::string tree;
-  for (const auto& [edit, flags, result, after] : rows<4>(R"(
+  for (const auto& [name, flags, result, after] : rows<4>(R"(
       <R><a/><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i></R> |
       lacking | 000 | 1 | <R><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i></R>
       lacking | 100 | 6 | <R><b k="">t</b><f><g k="1"/></f><i k="2"/></R>
@@ -70,23 +63,26 @@ TEST(Edit, ChangesTheBranch) {
       <R>r<a k="1">1</a><b>2<c>3</c></b></R> |
       clear   | 000 | 0 | <R>r<a k="1"/><b>2<c/></b></R>)")) {
     if (flags.empty()) {
-      tree = edit;
+      tree = name;
       continue;
     }
     RYXmlWrapperBase node = parse(tree);
-    EXPECT_EQ(kEdits.at(edit)(&node, {flags[0] == '1', flags[1] == '1', flags[2] == '1'}), std::stoi(result));
+    EXPECT_EQ(edit(name, &node, flags[0] == '1', flags[1] == '1', flags[2] == '1'), std::stoi(result));
     EXPECT_EQ(text(node), after == "=" ? tree : after);
   }
 }
 
 TEST(Edit, RefusesBadArguments) {
-  RYXmlWrapperBase dead = dead_node();
-  for (const auto& [name, edit] : kEdits) {
-    EXPECT_EQ(edit(nullptr, {true, true, true}), name == "hits" ? -1 : 0) << name;
-    EXPECT_EQ(edit(&dead, {true, true, true}), name == "hits" ? -1 : 0) << name;
-  }
   RYXmlWrapperBase tree = parse("<R><a/></R>");
-  EXPECT_EQ(rytree_delete_nodes_by_missing_attribute(&tree, nullptr, 1, 1, 0), 0);
+  EXPECT_EQ(with_bad(rytree_delete_nodes_by_missing_attribute, &tree, "a", 0, 1, 0), "0 0,0");
+  EXPECT_EQ(with_bad(rytree_delete_nodes_by_attribute, &tree, "v", 1, 1, "x"), "0 0,0,0");
+  EXPECT_EQ(with_bad(rytree_remove_nodes_by_attribute, &tree, "v", 1), "-1 -1,0");
+  EXPECT_EQ(with_bad(rytree_remove_attribute, &tree, "k", 1), "0 0,0");
+  EXPECT_EQ(with_bad(rytree_remove_empty_child_nodes, &tree, true), "0 0");
+  EXPECT_EQ(with_bad(rytree_hide_empty_nodes, &tree, true, true), "0 0");
+  EXPECT_EQ(with_bad(rytree_set_attribute_bit_if_not_empty, &tree, "k", 3, true), "0 0,0");
+  with_bad(rytree_set_attribute_to_all_nodes, &tree, nullptr, nullptr, true, true);
+  with_bad(rytree_clear_all_value, &tree);
   EXPECT_EQ(text(tree), "<R><a/></R>");
 }
 

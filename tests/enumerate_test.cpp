@@ -95,14 +95,12 @@ TEST(EnumNodes, HaveSetIds) {
 TEST(EnumNodes, AreAddedForEachValue) {
   for (const auto& [before, numbers, label, count, most, counted, after] : rows<7>(R"(
       <a/><b/>     | 1.5   | L |            |   | 0   | <a/><b/><N3@537067529 Label="L">1.5</N3>
-      <a/><b/>     | 7 8 9 |   |            | 4 | 0   | <a/><b/><N3@537067529>7</N3><N4@537133065>8</N4>
-                   | 7 8   |   | 10         | 1 | 12  | <N11@537591817>7</N11>
+      <a/><b/>     | 7,8,9 |   |            | 4 | 0   | <a/><b/><N3@537067529>7</N3><N4@537133065>8</N4>
+                   | 7,8   |   | 10         | 1 | 12  | <N11@537591817>7</N11>
       <N1@4>x</N1> | 7     | L | 0          |   | 1   | <N1@4 Label="L">7</N1>
                    | 1     |   | 2147483647 |   | -2147483648 | <N-2147483648@536870921>1</N-2147483648>)")) {
     RYXmlWrapperBase tree = parse(with_ids("<R>" + before + "</R>"));
-    HostDoubleArray values;
-    std::istringstream list(numbers);
-    for (double value = 0; list >> value;) values.array().Add(value);
+    Doubles values(numbers);
     int given = count.empty() ? 0 : std::stoi(count);
     int limit = most.empty() ? 0 : std::stoi(most);
     EXPECT_TRUE(rytree_check_add_all_enumerated_nodes(&tree, "N", &values, 9, label.c_str(),
@@ -112,17 +110,15 @@ TEST(EnumNodes, AreAddedForEachValue) {
     EXPECT_EQ(text(tree), with_ids("<R>" + after + "</R>"));
   }
   RYXmlWrapperBase tree = parse("<R/>");
-  HostDoubleArray values;
+  Doubles values("7,8");
   for (const int others : {0, 99}) {
     RYXmlWrapperBase parent = parse("<R><N2/><N1/><N2/></R>");
     RYXmlWrapperBase child;
     for (int i = 0; i < others; ++i) parent.AddNode(child, "x", -1);
     int from = 0;
-    for (const int all : {7, 8}) values.array().Add(all);
     EXPECT_TRUE(rytree_check_add_all_enumerated_nodes(&parent, "N", &values, 9, "", &from, nullptr));
     parent.SetSizeTrimFromEnd(3);
     EXPECT_EQ(text(parent), "<R><N2>8</N2><N1>7</N1><N2/></R>");
-    values.array().RemoveAll();
   }
   EXPECT_EQ(with_bad(rytree_check_add_all_enumerated_nodes, &tree, "N", &values, 9, "L", nullptr, nullptr),
             "0 1,1,0 0,1,1,1");

@@ -2,24 +2,17 @@
 
 #include <chrono>
 #include <climits>
-#include <sstream>
-#include <type_traits>
 
 #include "call_arguments.h"
 
 namespace {
 
-// Calls with a vector node and an array of these values: the result, and what the array then holds.
-template <class Host, class... Rest>
-std::string left(const std::string& values, auto call, RYXmlWrapperBase* vector, Rest... rest) {
-  Host host;
-  using Element = std::decay_t<decltype(*host.array().GetData())>;
-  std::istringstream in(values);
-  for (double value = 0; in >> value;) host.array().Add(static_cast<Element>(value));
-  std::ostringstream out;
-  out << call(vector, &host, rest...) << ":";
-  for (const Element value : host.array()) out << " " << value;
-  return out.str();
+// Calls with a vector node and an array that holds a list: the result, and the list that the array then holds.
+template <class Array, class... Rest>
+std::string left(const std::string& list, auto call, RYXmlWrapperBase* vector, Rest... rest) {
+  Array array(list);
+  const int result = call(vector, &array, rest...);
+  return std::to_string(result) + ": " + list_of(array.array());
 }
 
 std::string grid(int count) {
@@ -69,18 +62,18 @@ TEST(VectorValues, BlocksOfTheElementType) {
   const auto ints = rytree_nlf_set_int_param_from_user_params_setting;
   using R = Row<Text, int, Text>;
   for (const auto& [values, block, expected] :
-       Rows{R{"1 1", 0, "1: 0 1"}, R{"1", 2, "0: 1"}, R{"1", 3, "0: 1"}, R{"1 1 1", 0, "0: 0 1 1"},
-            R{"", 5, "1:"}, R{"1", 9, "0: 1"}, R{"1 1", INT_MIN, "0: 1 1"},
-            R{"1 1 1 1", 1 << 30, "0: 1 1 1 1"}})
-    EXPECT_EQ(left<HostBoolArray>(values, bools, &vector, block), expected);
-  EXPECT_EQ(left<HostDoubleArray>("40 41 42", doubles, &vector, 1), "1: 1.5 41 42");
-  EXPECT_EQ(left<HostDoubleArray>("4", doubles, &vector, 6), "0: 4");
-  EXPECT_EQ(left<HostIntArray>("9 9 9", ints, &vector, 0), "1: 0 1 2");
-  EXPECT_EQ(left<HostIntArray>("9", ints, &vector, 3), "0: 9");
+       Rows{R{"1,1", 0, "1: 0,1"}, R{"1", 2, "0: 1"}, R{"1", 3, "0: 1"}, R{"1,1,1", 0, "0: 0,1,1"},
+            R{"", 5, "1: "}, R{"1", 9, "0: 1"}, R{"1,1", INT_MIN, "0: 1,1"},
+            R{"1,1,1,1", 1 << 30, "0: 1,1,1,1"}})
+    EXPECT_EQ(left<Bools>(values, bools, &vector, block), expected);
+  EXPECT_EQ(left<Doubles>("40,41,42", doubles, &vector, 1), "1: 1.5,41,42");
+  EXPECT_EQ(left<Doubles>("4", doubles, &vector, 6), "0: 4");
+  EXPECT_EQ(left<Ints>("9,9,9", ints, &vector, 0), "1: 0,1,2");
+  EXPECT_EQ(left<Ints>("9", ints, &vector, 3), "0: 9");
   Ints nine("9");
   EXPECT_EQ(with_bad(ints, &vector, &nine, 0), "0 0,0 0");
   EXPECT_EQ(list_of(nine.array()), "9");
-  EXPECT_EQ(left<HostIntArray>("", ints, &lower, 0), "0:");
+  EXPECT_EQ(left<Ints>("", ints, &lower, 0), "0: ");
 }
 
 TEST(VectorValues, ReadingSkipsEmptyChildren) {
@@ -88,12 +81,12 @@ TEST(VectorValues, ReadingSkipsEmptyChildren) {
   const auto bools = rytree_value_from_tree_sub_nodes_to_vector_bool;
   const auto doubles = rytree_value_from_tree_sub_nodes_to_vector_double;
   const auto ints = rytree_value_from_tree_sub_nodes_to_vector_int;
-  EXPECT_EQ(left<HostIntArray>("90 90 90 90 90 90 90", ints, &vector), "5: 1 90 100 90 7 90 90");
-  EXPECT_EQ(left<HostIntArray>("90 90", ints, &vector), "2: 1 90");
-  EXPECT_EQ(left<HostIntArray>("", ints, &vector), "0:");
-  EXPECT_EQ(left<HostBoolArray>("0 0", bools, &vector), "2: 1 0");
-  EXPECT_EQ(left<HostDoubleArray>("0", doubles, &vector), "1: 1");
-  HostDoubleArray array;
+  EXPECT_EQ(left<Ints>("90,90,90,90,90,90,90", ints, &vector), "5: 1,90,100,90,7,90,90");
+  EXPECT_EQ(left<Ints>("90,90", ints, &vector), "2: 1,90");
+  EXPECT_EQ(left<Ints>("", ints, &vector), "0: ");
+  EXPECT_EQ(left<Bools>("0,0", bools, &vector), "2: 1,0");
+  EXPECT_EQ(left<Doubles>("0", doubles, &vector), "1: 1");
+  Doubles array;
   EXPECT_EQ(with_bad(doubles, &vector, &array), "-1 -1,-1 -1");
 }
 
@@ -107,26 +100,25 @@ TEST(VectorValues, WrittenByDataIdOrByPlace) {
   };
   using R = Row<Text, Text, Text>;
   for (const auto& [before, values, after] :
-       Rows{R{"<V DataID='10'><x DataID='12'/></V>", "1.5 2",
+       Rows{R{"<V DataID='10'><x DataID='12'/></V>", "1.5,2",
               "<V DataID='10'><x DataID='12'>2</x><Value1 DataID='11'>1.5</Value1></V>"},
-            R{"<V DataID='10'><x DataID='12'/><y/><z/></V>", "5 6",
+            R{"<V DataID='10'><x DataID='12'/><y/><z/></V>", "5,6",
               "<V DataID='10'><x DataID='12'>5</x><y>6</y></V>"},
-            R{"<V DataID='10'><x DataID='12'/><y DataID='11'/><z DataID='11'/></V>", "5 6 7 8",
+            R{"<V DataID='10'><x DataID='12'/><y DataID='11'/><z DataID='11'/></V>", "5,6,7,8",
               "<V DataID='10'><x DataID='12'>6</x><y DataID='11'>5</y><z DataID='11'/>"
               "<Value3 DataID='13'>7</Value3><Value4 DataID='14'>8</Value4></V>"},
-            R{"<V DataID='-3'><x/><y DataID='-2'/></V>", "5 6 7",
+            R{"<V DataID='-3'><x/><y DataID='-2'/></V>", "5,6,7",
               "<V DataID='-3'><x/><y DataID='-2'>5</y><Value2>6</Value2><Value3>7</Value3></V>"},
             R{"<V DataID='10'>t</V>", "", "<V DataID='10'>t</V>"}, R{"<V><x/></V>", "1", "<V><x/></V>"}}) {
     RYXmlWrapperBase vector = parse(before);
-    left<HostDoubleArray>(values, write, &vector);
+    left<Doubles>(values, write, &vector);
     EXPECT_EQ(text(vector), text(parse(after)));
   }
 }
 
 TEST(VectorValues, AtMost999AreWritten) {
   RYXmlWrapperBase vector = parse("<V DataID='1000'/>");
-  HostBoolArray many;
-  for (int i = 0; i < 1200; ++i) many.array().Add(i % 2 == 1);
+  Bools many("0,1", 600);
   rytree_value_from_vec_bool_to_tree_sub_nodes(&many, &vector);
   ASSERT_EQ(vector.GetNodeCount(), 999);
   EXPECT_EQ(text(at(vector, {997})), "<Value998 DataID=\"1998\">1</Value998>");

@@ -2,56 +2,45 @@
 
 #include "call_arguments.h"
 
-namespace {
-
-std::string entries(const CArray<int, int>& ids, const CStringArray& values) {
-  CString all;
-  for (int at = 0; at < ids.GetSize(); ++at) {
-    all.AppendFormat(ids[at] < 0x10000 ? "%d=%s;" : "0x%X=%s;", static_cast<unsigned>(ids[at]),
-                     values[at].GetString());
-  }
-  return std::string(all.View());
-}
-
 TEST(Harvest, ReadsValuesWithIds) {
-  // The tree, how to read it, the entries, the message and the tree after it unless it stays. F is not
+  // The tree, how to read it, IDs and values, the message and the tree after it unless it stays. F is not
   // recursive, C changed only, B not all branches, N by the attribute "No"; a number is the repeat in force.
-  for (const auto& [before, flags, found, message, after] : rows<5>(R"(
+  for (const auto& [before, flags, id_list, value_list, message, after] : rows<6>(R"(
     // Repeats, values of branches, a decoration.
     <R><P #1>12</P><Q #2 ^128 Use='1'><R #3>5</R><S #4 Label=''><T #5 Auto='2' Label='t'>7</T></S></Q></R> | \
-         | 1=12;2=1;0x800003=5;0x800004=-1;0x800005=::{Auto=2}7;
-    <R><a #0 Auto='x' DynaUseChck=''>v</a></R> |  | 0=::{Auto=x}::{DynaUseChck=}v;
+         | 1,2,0x800003,0x800004,0x800005 | 12,1,5,-1,::{Auto=2}7
+    <R><a #0 Auto='x' DynaUseChck=''>v</a></R> |  | 0 | ::{Auto=x}::{DynaUseChck=}v
     // A bare branch has no entry, a decorated one has.
-    <R><S #4>x<T #5>7</T></S></R> | B | 5=7;
+    <R><S #4>x<T #5>7</T></S></R> | B | 5 | 7
     <R><S #4 Auto=''/><S #5 Auto='x' Use='u'><T #6/></S><S #7 Auto=''><T #8/></S></R> | B | \
-        4=::{Auto=};5=::{Auto=x}u;6=;7=::{Auto=}-1;8=;
-    <R><P #1>a</P><Q #2 Use=''><S #3>b</S></Q></R> | F | 1=a;2=;
-    <R><a #-1>x</a><a #-2>x</a><B #-2><a #1>y</a></B><B><a #2>z</a></B></R> |  | -2=-1;1=y;2=z; | \
+        4,5,6,7,8 | ::{Auto=},::{Auto=x}u,,::{Auto=}-1,
+    <R><P #1>a</P><Q #2 Use=''><S #3>b</S></Q></R> | F | 1,2 | a,
+    <R><a #-1>x</a><a #-2>x</a><B #-2><a #1>y</a></B><B><a #2>z</a></B></R> |  | -2,1,2 | -1,y,z | \
         Missing DataID for Node with Name = , Label =
-    <R><a Name='n' Label='l'>x</a></R> |  |  | Missing DataID for Node with Name = n, Label = l
-    <R><a No='7'>x</a><a #1>y</a></R> | N | 7=x;
+    <R><a Name='n' Label='l'>x</a></R> |  |  |  | Missing DataID for Node with Name = n, Label = l
+    <R><a No='7'>x</a><a #1>y</a></R> | N | 7 | x
     // A repeat in force is joined with those below it; an ID that is too wide is read plain.
-    <R><a #7>x</a><a #65535/></R> | 3 | 0x30007=x;0x3FFFF=;
-    <R><B #1 ^4><a #2/></B></R> | 3 | 1=-1;0x70002=;
-    <R><a #65536 Label='l'>x</a><a #1/></R> | 3 | 0x10000=x;0x30001=; | \
+    <R><a #7>x</a><a #65535/></R> | 3 | 0x30007,0x3FFFF | x,
+    <R><B #1 ^4><a #2/></B></R> | 3 | 1,0x70002 | -1,
+    <R><a #65536 Label='l'>x</a><a #1/></R> | 3 | 0x10000,0x30001 | x, | \
         DataID conflict with RepeatID for Node with Name = a, Label = l, Repeat ID = 65536
     // Repeats that overlap are not joined, and the last message stays.
-    <R><a/><B #1 ^4 Label='l'><a #2/></B></R> | 6 | 1=-1;0x60002=; | \
+    <R><a/><B #1 ^4 Label='l'><a #2/></B></R> | 6 | 1,0x60002 | -1, | \
         Repeat ID conflict for Node with Name = B, Label = l, Repeat ID = 6
     <R><B #1 ^32767><a #2/></B><B #3 ^32768><a #4/></B><B #5 ^-4><a #6/></B></R> | 1 | \
-        1=-1;0x10002=;0x10003=-1;0x10004=;0x10005=-1;0x10006=; | \
+        1,0x10002,0x10003,0x10004,0x10005,0x10006 | -1,,-1,,-1, | \
         Repeat ID invalid for Node with Name = B, Label = , Repeat ID = 1
     // Bit 20: one value from Data. Only siblings that follow and what is below them lose all branches.
     <R><P #1><Q #2 ~20 Use='u' Data='d'><a #3/></Q><Q #4><Q #5><a #6/></Q></Q></P><P #7><a #8/></P></R> |  | \
-        1=-1;2=d;6=;7=-1;8=;
+        1,2,6,7,8 | -1,d,,-1,
     <R><P #1 ~20 Use='u'><a #2/></P><P #3 ~20 Auto='x'><a #4/></P><a #5 ~20 Data='d'>t</a></R> |  | \
-        3=::{Auto=x}-1;5=t;
+        3,5 | ::{Auto=x}-1,t
     <R>text</R> |  |
     <R><a #1>x</a><a #2 OldValue='x'>x</a><a #3 OldValue='x'>X</a><a #4 OldValue='x' Auto='1'>x</a></R> | \
-        C | 3=X;4=::{Auto=1}x; |  | <R><a #1>x</a><a #2 OldValue='x'>x</a><a #3 OldValue='X'>X</a>\
+        C | 3,4 | X,::{Auto=1}x |  | <R><a #1>x</a><a #2 OldValue='x'>x</a><a #3 OldValue='X'>X</a>\
         <a #4 OldValue='::{Auto=1}x' Auto='1'>x</a></R>
     <R><B #5 OldValue='' Use='u'><a/></B><B #6 OldValue='-1'><a/></B><B #7 OldValue=''><a/></B></R> | CB | \
-        5=u; | Missing DataID for Node with Name = , Label = | \
+        5 | u | Missing DataID for Node with Name = , Label = | \
         <R><B #5 OldValue='u' Use='u'><a/></B><B #6 OldValue='-1'><a/></B><B #7 OldValue=''><a/></B></R>)")) {
     const int recursive = flags != "F";
     const int changed_only = flags.starts_with('C');
@@ -59,12 +48,13 @@ TEST(Harvest, ReadsValuesWithIds) {
     const int repeat = std::atoi(flags.c_str());
     const char* const attribute = flags == "N" ? "No" : nullptr;
     RYXmlWrapperBase tree = parse_ids(before);
-    HostIntArray ids;
-    HostStringArray values;
-    HostStringArray labels;
+    Ints ids;
+    Strings values;
+    Strings labels;
     int count = rytree_get_values_with_ids(&tree, &ids, &values, &labels, recursive, changed_only, repeat,
                                            attribute, all_branches, nullptr);
-    EXPECT_EQ(entries(ids.array(), values.array()), found);
+    EXPECT_EQ(list_of(ids.array()), list_of(Ints(id_list).array()));
+    EXPECT_EQ(list_of(values.array()), value_list);
     EXPECT_EQ(labels.array().GetSize(), count);
     // Again into arrays that hold something.
     tree = parse_ids(before);
@@ -73,7 +63,8 @@ TEST(Harvest, ReadsValuesWithIds) {
     CString error;
     count = vctree_get_values_with_ids(&tree, &ids.array(), &values.array(), recursive, changed_only, repeat,
                                        attribute, all_branches, &error);
-    EXPECT_EQ(entries(ids.array(), values.array()), found);
+    EXPECT_EQ(list_of(ids.array()), list_of(Ints(id_list).array()));
+    EXPECT_EQ(list_of(values.array()), value_list);
     EXPECT_EQ(count, ids.array().GetSize());
     EXPECT_EQ(std::string(error.View()), message.ends_with('=') ? message + ' ' : message);
     EXPECT_EQ(text(tree), text(parse_ids(after.empty() ? before : after)));
@@ -119,7 +110,8 @@ TEST(Harvest, RefusesBadArguments) {
   Ints ids("5");
   Strings values("kept");
   EXPECT_EQ(rytree_get_values_with_ids(&tree, &ids, &values, &ids, 1, 0, 0, nullptr, 1, nullptr), -1);
-  EXPECT_EQ(entries(ids.array(), values.array()), "5=kept;");
+  EXPECT_EQ(list_of(ids.array()), "5");
+  EXPECT_EQ(list_of(values.array()), "kept");
   EXPECT_EQ(with_bad(rytree_get_values_with_ids, &tree, &ids, &values, &values, 1, 0, 0, "x", 1, nullptr),
             "-1 -1,-1 -1,-1 -1,0 -1,1,0");
   const auto typed = vctree_get_values_with_ids;
@@ -128,5 +120,3 @@ TEST(Harvest, RefusesBadArguments) {
   EXPECT_EQ(typed(&tree, &ids.array(), nullptr, 1, 0, 0, nullptr, 1, nullptr), 0);
   EXPECT_TRUE(ids.array().IsEmpty());
 }
-
-}  // namespace

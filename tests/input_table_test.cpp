@@ -2,9 +2,8 @@
 #include <rytree_Utils/localization.h>
 
 #include <climits>
-#include <vector>
 
-#include "tree_text.h"
+#include "call_arguments.h"
 
 namespace {
 
@@ -75,14 +74,9 @@ TEST_F(InputTable, WordsAreCutTo32Bits) {
 
 /// The arrays of a call.
 struct Arrays {
-  HostStringArray dependent, independent;
-  HostIntArray methods;
+  Strings dependent, independent;
+  Ints methods;
 
-  Arrays(const std::vector<Text>& y, const std::vector<Text>& x, const std::vector<int>& numbers) {
-    for (const Text name : y) dependent.array().Add(name);
-    for (const Text name : x) independent.array().Add(name);
-    for (const int number : numbers) methods.array().Add(number);
-  }
   void update(RYXmlWrapperBase* table, int sets, int y, int x, RYXmlWrapperBase* parameters) {
     report_update_input_data_table(table, 0, sets, y, x, &dependent, &independent, 0, &methods, parameters,
                                    0);
@@ -94,7 +88,7 @@ TEST_F(InputTable, LaterPassesWriteOverEarlierOnes) {
   for (const auto& [sets, method] :
        Rows<int, Text>{{2, "Variance = a*y^b"}, {3, "No Weighting"}, {INT_MAX, "No Weighting"}}) {
     RYXmlWrapperBase table = parse("<T><R2><C1>old</C1></R2><R2/><S/></T>");
-    Arrays({"y"}, {"t", "u"}, {8, 6}).update(&table, sets, 1, 2, &parameters_);
+    Arrays{Strings("y"), Strings("t,u"), Ints("8,6")}.update(&table, sets, 1, 2, &parameters_);
     EXPECT_EQ(text(at(table, {0, 0})), "<C1 Label=\"Dep/Indep\">Indep</C1>");
     EXPECT_EQ(text(at(table, {1})), "<R2/>");
     EXPECT_EQ(tag(at(table, {3})), "R1");
@@ -107,14 +101,14 @@ TEST_F(InputTable, LaterPassesWriteOverEarlierOnes) {
 }
 
 TEST_F(InputTable, MethodsAndBlocksOfEachPassAndVariable) {
-  Arrays({"y", "z"}, {}, {0, 0, 15, 6}).update(&table_, 2, 2, 0, &parameters_);
+  Arrays{Strings("y,z"), Strings(), Ints("0,0,15,6")}.update(&table_, 2, 2, 0, &parameters_);
   EXPECT_EQ(at(table_, {1}).GetNodeCount(), 6);  // its block is after the last parameter
   EXPECT_EQ(text(at(table_, {0, 3})), "<C4 _NodeID=\"118784\" Label=\"Weight Type\"/>");
   EXPECT_EQ(text(at(table_, {1, 4})), "<C6 _NodeID=\"131072\" Label=\"a\"/>");
 }
 
 TEST_F(InputTable, BadArguments) {
-  Arrays arrays({"y"}, {"x"}, {});
+  Arrays arrays{Strings("y"), Strings("x"), Ints()};
   RYXmlWrapperBase dead = dead_node();
   for (RYXmlWrapperBase* const table : {static_cast<RYXmlWrapperBase*>(nullptr), &dead}) {
     arrays.update(table, 1, 1, 1, nullptr);
@@ -135,7 +129,7 @@ TEST_F(InputTable, BadArguments) {
 
 TEST_F(InputTable, ManyVariables) {
   constexpr int kCount = 20'000;
-  Arrays arrays({}, {}, std::vector<int>(kCount, 6));
+  Arrays arrays{Strings(), Strings(), Ints("6", kCount)};
   RYXmlWrapperBase parameters = parse("<P/>");
   RYXmlWrapperBase node;
   for (int i = 0; i < 3 * kCount; ++i)
