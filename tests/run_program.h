@@ -2,64 +2,45 @@
 #pragma once
 
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
-#include <string>
 
+#include "scratch_folder.h"
 #include "tree_text.h"
 
-/// The text of a file, "" if it cannot be read.
-inline std::string content(const std::filesystem::path& file) {
-  std::ostringstream text;
-  text << std::ifstream(file).rdbuf();
-  return text.str();
-}
-
-class ProgramTest : public testing::Test {
+class ProgramTest : public FolderTest {
  protected:
-  ProgramTest() { std::filesystem::create_directories(folder_ / "folder"); }
-  ~ProgramTest() override { std::filesystem::remove_all(base_); }
+  ProgramTest() { std::filesystem::create_directories(work / "folder"); }
 
-  const std::filesystem::path& folder() const { return folder_; }
-  void write(const char* name, const std::string& xml) const { std::ofstream(folder_ / name) << xml; }
+  void write(const char* name, const std::string& xml) const { std::ofstream(work / name) << xml; }
   std::string tree(const char* name) const {
     RYXmlWrapperBase root;
-    EXPECT_NE(root.load((folder_ / name).c_str(), 0), 0) << name;
+    EXPECT_NE(root.load((work / name).c_str(), 0), 0) << name;
     return text(root);
   }
 
   /// Runs a shell command, in which $PROGRAM is the program, and gives its exit status. `out` and `err`
   /// then hold what it printed.
   int shell(const std::string& command) {
-    const std::string line = "cd '" + folder_.string() + "' && export PROGRAM='" PROGRAM_PATH "' && { " +
+    const std::string line = "cd '" + work.string() + "' && export PROGRAM='" PROGRAM_PATH "' && { " +
                              command + "\n} >../out 2>../err";
     const int status = std::system(line.c_str());
-    out = content(base_ / "out");
-    err = content(base_ / "err");
+    out = content(folder / "out");
+    err = content(folder / "err");
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
   /// The same for the program with a line of arguments.
   int run(const std::string& arguments) { return shell("\"$PROGRAM\" " + arguments); }
 
-  /// Every file in the folder, with its text.
+  /// Every file in the working folder, with its text.
   std::map<std::string, std::string> files() const {
     std::map<std::string, std::string> all;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(work))
       all[entry.path().string()] = entry.is_regular_file() ? content(entry) : "";
-    }
     return all;
   }
 
+  const std::filesystem::path work = folder / "work";
   std::string out;
   std::string err;
-
- private:
-  std::filesystem::path base_ =
-      std::filesystem::path(testing::TempDir()) / ("program_" + std::to_string(getpid()));
-  std::filesystem::path folder_ = base_ / "work";
 };

@@ -25,45 +25,46 @@ struct SourceLine {
   int line;
 };
 
+/// What one case consists of, and where it was written.
+template <class Cells>
+struct Case {
+  Cells cells;
+  SourceLine source;
+};
+
 /// A list of cases. A walk over it makes each failure name the row it happened in and that row's line.
-template <class Line>
+template <class Cells>
 class Table {
  public:
   class Walk {
    public:
-    explicit Walk(const std::vector<Line>& lines) : lines_(lines) { trace(); }
-    const auto& operator*() const { return lines_[at_].cells; }
-    void operator++() { ++at_, trace(); }
-    bool operator==(std::default_sentinel_t) const { return at_ == lines_.size(); }
+    explicit Walk(const std::vector<Case<Cells>>& cases) : cases_(cases) {}
+    const Cells& operator*() {
+      const auto& [cells, source] = cases_[at_];
+      row_.emplace(source.file, source.line, "row " + std::to_string(at_ + 1));
+      return cells;
+    }
+    void operator++() { ++at_; }
+    bool operator==(std::default_sentinel_t) const { return at_ == cases_.size(); }
 
    private:
-    void trace() {
-      row_.reset();
-      if (at_ == lines_.size()) return;
-      const SourceLine& source = lines_[at_].source;
-      row_.emplace(source.file, source.line, "row " + std::to_string(at_ + 1));
-    }
-
-    const std::vector<Line>& lines_;
+    const std::vector<Case<Cells>>& cases_;
     std::size_t at_ = 0;
     std::optional<testing::ScopedTrace> row_;
   };
 
-  explicit Table(std::vector<Line> lines) : lines_(std::move(lines)) {}
-  Walk begin() const { return Walk(lines_); }
+  explicit Table(std::vector<Case<Cells>> cases) : cases_(std::move(cases)) {}
+  Walk begin() const { return Walk(cases_); }
   std::default_sentinel_t end() const { return {}; }
-  const auto& operator[](std::size_t row) const { return lines_[row].cells; }
 
  private:
-  std::vector<Line> lines_;
+  std::vector<Case<Cells>> cases_;
 };
 
 template <class... Column>
-struct Row {
+struct Row : Case<std::tuple<Column...>> {
   Row(Column... column, SourceLine written = SourceLine(__builtin_FILE(), __builtin_LINE()))
-      : cells(std::move(column)...), source(written) {}
-  std::tuple<Column...> cells;
-  SourceLine source;
+      : Case<std::tuple<Column...>>{{std::move(column)...}, written} {}
 };
 
 /// A table of cases:
@@ -72,23 +73,19 @@ struct Row {
 ///                                         R{2, "B"}}) …
 /// The rows of a table on one line need no name: Rows<int, int>{{1, 2}, {3, 4}}.
 template <class... Column>
-struct Rows : Table<Row<Column...>> {
-  Rows(std::initializer_list<Row<Column...>> rows) : Table<Row<Column...>>(rows) {}
-};
-
-template <std::size_t Count>
-struct TextRow {
-  std::array<std::string, Count> cells;
-  SourceLine source;
+struct Rows : Table<std::tuple<Column...>> {
+  Rows(std::initializer_list<Row<Column...>> rows)
+      : Table<std::tuple<Column...>>({rows.begin(), rows.end()}) {}
 };
 
 /// The cases of a raw string, one on a line, as `Count` cells separated by " |" (the last may be missing),
 /// blanks trimmed; a line that ends in a backslash goes on in the next, whose leading blanks do not count:
 ///     for (const auto& [before, after] : rows<2>(R"(<a/> | <b/>)")) …
 template <std::size_t Count>
-Table<TextRow<Count>> rows(const char* table,
-                           SourceLine source = SourceLine(__builtin_FILE(), __builtin_LINE())) {
-  std::vector<TextRow<Count>> all;
+Table<std::array<std::string, Count>> rows(const char* table,
+                                           SourceLine source = SourceLine(__builtin_FILE(),
+                                                                          __builtin_LINE())) {
+  std::vector<Case<std::array<std::string, Count>>> all;
   std::istringstream lines(table);
   for (std::string line; std::getline(lines, line); ++source.line) {
     const SourceLine start = source;
@@ -104,17 +101,16 @@ Table<TextRow<Count>> rows(const char* table,
       cell.erase(cell.find_last_not_of(' ') + 1);
     }
   }
-  return Table<TextRow<Count>>(std::move(all));
+  return Table(std::move(all));
 }
 
 /// The tree of an XML text; the handle is on its root.
-inline RYXmlWrapperBase parse(const char* xml) {
+inline RYXmlWrapperBase parse(const std::string& xml) {
   RYXmlWrapperBase tree;
   tree.CreateNew(0, nullptr);
-  EXPECT_NE(tree.SetXmlText(xml), 0) << "no XML text: " << xml;
+  EXPECT_NE(tree.SetXmlText(xml.c_str()), 0) << "no XML text: " << xml;
   return tree;
 }
-inline RYXmlWrapperBase parse(const std::string& xml) { return parse(xml.c_str()); }
 
 /// XML text in which <a@4 #5 ^6 ~16> is short for a node ID, a DataID, a RepeatID and ThemeApplicability with bit 16.
 inline std::string with_ids(std::string xml) {
@@ -142,6 +138,21 @@ inline std::string tag(const RYXmlWrapperBase& node) {
   CString name;
   node.GetTagName(name);
   return std::string(name.View());
+}
+
+/// The texts, each in brackets: [one][][three].
+inline std::string listed(const CStringArray& texts) {
+  std::string all;
+  for (const CString& one : texts) all.append("[").append(one.View()).append("]");
+  return all;
+}
+
+/// Why the last load, save or parse of this thread failed, with its line, column and byte offset.
+inline std::string failure() {
+  const auto [why, line, column, offset] = RYXmlWrapperBase::LastFailure();
+  std::ostringstream all;
+  all << why << " " << line << ":" << column << " " << offset;
+  return all.str();
 }
 
 /// The node reached by child indexes: at(tree, {1, 0}) is the first child of the second.

@@ -113,7 +113,7 @@ TEST_F(TreeTool, Changes) {
 
 TEST_F(TreeTool, TellsWhatIsNotKept) {
   write("c.xml", "<Root><!-- a --><!-- b --></Root>");
-  std::filesystem::create_hard_link(folder() / "c.xml", folder() / "same.xml");
+  std::filesystem::create_hard_link(work / "c.xml", work / "same.xml");
   const std::string told = "tree_tool: c.xml: 2 comments are not kept";
   const auto before = files();
   for (const char* const where : {"-o same.xml", "--in-place"}) {
