@@ -5,33 +5,27 @@
 #include <rytree_host/Kelp60.h>
 #include <rytree_host/ryUtils.h>
 
-#include <functional>
 #include <vector>
 
+#include "scratch_folder.h"
 #include "tree_text.h"
 
 namespace {
 
 constexpr int kPages[] = {1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 932, 936, 949, 950, 28591};
 
-struct CodePages : testing::Test {
+struct CodePages : FolderTest {
   static void use(int page) { ASSERT_EQ(rytree_set_default_code_page(page), 1) << page; }
   ~CodePages() override { rytree_set_default_code_page(65001); }
 };
 
-std::string joined(const CStringArray& texts) {
-  std::string all;
-  for (const CString& one : texts) all.append("[").append(one).append("]");
-  return all;
-}
-
 std::string tokens(const char* text, char separator, char quote = 0) {
   CStringArray found;
   ryutilsGetTokens(text, &found, separator, nullptr, quote, 0);
-  return joined(found);
+  return listed(found);
 }
 
-std::string changed(const char* text, const std::function<void(CString&)>& change) {
+std::string changed(const char* text, void (*change)(CString&)) {
   CString string(text);
   change(string);
   return std::string(string.View());
@@ -50,61 +44,44 @@ std::string auto_label(const char* text) {
   return std::string(label.View());
 }
 
-std::string places(std::initializer_list<int> found) {
-  std::string all;
-  for (const int place : found) all += std::to_string(place) + ' ';
-  return all;
+template <class... Place>
+std::string places(Place... found) {
+  return ((std::to_string(found) + ' ') + ...);
 }
 
 TEST_F(CodePages, TellTheCharactersOfStrings) {
   using S = CString;
-  const Rows<int, std::string (*)(), std::string> cases = {
-      {932,
-       [] {
-         return places({S("\x83|").Find('|'), S("\x83|").Find("|"), S("\x83|").Find('|', 1)});
-       },
-       "-1 -1 -1 "},
-      {932,
-       [] {
-         return places({S("\x83|a|").Find('|'), S("\x83|a|\x83|").ReverseFind('|')});
-       },
-       "3 3 "},
-      {932,
-       [] {
-         return places({S("\x83|").Find("\x83"), S("a\x83").Find("\x83"), S("a\x83").Find('\x83')});
-       },
-       "-1 1 1 "},
-      {932,
-       [] {
-         return places({S("\x83\x83\x83\x83").Find("\x83\x83", 1), S("\x81\x81|").Find('|', 1)});
-       },
-       "2 2 "},
-      {932, [] { return changed("\x83|a|", [](S& s) { s.Replace('|', '/'); }); }, "\x83|a/"},
-      {932, [] { return changed("\x83|a|", [](S& s) { s.Replace("|", "--"); }); }, "\x83|a--"},
-      {932, [] { return changed("\x83|a|", [](S& s) { s.Remove('|'); }); }, "\x83|\x61"},
-      {932, [] { return changed("||\x83|||", [](S& s) { s.TrimLeft('|').TrimRight('|'); }); }, "\x83|"},
-      {932, [] { return changed("\x83|\x83}", [](S& s) { s.TrimRight("}\x83||").TrimLeft("|"); }); },
-       "\x83|\x83}"},
-      {932, [] { return changed("\x83\x61z\x82\x81\x87\x90", [](S& s) { s.MakeUpper(); }); },
-       "\x83\x61Z\x82\x60\x87\x90"},
-      {932, [] { return changed("a\x83\x41", [](S& s) { ryuMakeValidCName(&s, 0); }); }, "a__"},
-      {932, [] { return tokens("1|\x83|`\x83`|`|3", '|', '`'); }, "[1][\x83|`\x83`|`][3]"},
-      {932, [] { return copied("a\x83\x41\x83\x41", 5) + copied("\x83\x41", 2) + copied("\x83\x41", 3); },
-       "a\x83\x41\x83\x41"},
-      {932, [] { return auto_label("1|\x83||2") + auto_label("1|a\x83\x7D|2"); }, "\x83|\x61\x83\x7D"},
-      {1252, [] { return changed("\xE9\xFF\xB5\x81", [](S& s) { s.MakeUpper(); }); }, "\xC9\x9F\xB5\x81"},
-      {1252, [] { return changed("\xC9\x9F", [](S& s) { s.MakeLower().TrimRight('\xFF'); }); }, "\xE9"},
-      {65001,
-       [] {
-         return places({S("é").Find('\xA9'), S("é\xA9").Find('\xA9'), S("é").Find("é")});
-       },
-       "-1 2 0 "},
-      {65001, [] { return changed("èé", [](S& s) { s.TrimRight("é").TrimLeft('\xC3'); }); }, "è"},
-      {65001, [] { return tokens("é\xA9x", '\xA9'); }, "[é][x]"},
-      {65001, [] { return copied("né", 3) + copied("€", 3) + copied("€", 4) + copied("\x82\x82\x82", 3); },
-       "n€\x82\x82"},
+  const Rows<int, std::string, std::string (*)()> cases = {
+      {932, "-1 -1 -1 ",
+       [] { return places(S("\x83|").Find('|'), S("\x83|").Find("|"), S("\x83|").Find('|', 1)); }},
+      {932, "3 3 ", [] { return places(S("\x83|a|").Find('|'), S("\x83|a|\x83|").ReverseFind('|')); }},
+      {932, "-1 1 1 ",
+       [] { return places(S("\x83|").Find("\x83"), S("a\x83").Find("\x83"), S("a\x83").Find('\x83')); }},
+      {932, "2 2 ",
+       [] { return places(S("\x83\x83\x83\x83").Find("\x83\x83", 1), S("\x81\x81|").Find('|', 1)); }},
+      {932, "\x83|a/", [] { return changed("\x83|a|", [](S& s) { s.Replace('|', '/'); }); }},
+      {932, "\x83|a--", [] { return changed("\x83|a|", [](S& s) { s.Replace("|", "--"); }); }},
+      {932, "\x83|\x61", [] { return changed("\x83|a|", [](S& s) { s.Remove('|'); }); }},
+      {932, "\x83|", [] { return changed("||\x83|||", [](S& s) { s.TrimLeft('|').TrimRight('|'); }); }},
+      {932, "\x83|\x83}",
+       [] { return changed("\x83|\x83}", [](S& s) { s.TrimRight("}\x83||").TrimLeft("|"); }); }},
+      {932, "\x83\x61Z\x82\x60\x87\x90",
+       [] { return changed("\x83\x61z\x82\x81\x87\x90", [](S& s) { s.MakeUpper(); }); }},
+      {932, "a__", [] { return changed("a\x83\x41", [](S& s) { ryuMakeValidCName(&s, 0); }); }},
+      {932, "[1][\x83|`\x83`|`][3]", [] { return tokens("1|\x83|`\x83`|`|3", '|', '`'); }},
+      {932, "a\x83\x41\x83\x41",
+       [] { return copied("a\x83\x41\x83\x41", 5) + copied("\x83\x41", 2) + copied("\x83\x41", 3); }},
+      {932, "\x83|\x61\x83\x7D", [] { return auto_label("1|\x83||2") + auto_label("1|a\x83\x7D|2"); }},
+      {1252, "\xC9\x9F\xB5\x81", [] { return changed("\xE9\xFF\xB5\x81", [](S& s) { s.MakeUpper(); }); }},
+      {1252, "\xE9", [] { return changed("\xC9\x9F", [](S& s) { s.MakeLower().TrimRight('\xFF'); }); }},
+      {65001, "-1 2 0 ",
+       [] { return places(S("é").Find('\xA9'), S("é\xA9").Find('\xA9'), S("é").Find("é")); }},
+      {65001, "è", [] { return changed("èé", [](S& s) { s.TrimRight("é").TrimLeft('\xC3'); }); }},
+      {65001, "[é][x]", [] { return tokens("é\xA9x", '\xA9'); }},
+      {65001, "n€\x82\x82",
+       [] { return copied("né", 3) + copied("€", 3) + copied("€", 4) + copied("\x82\x82\x82", 3); }},
   };
-  for (const auto& [page, given, wanted] : cases) {
+  for (const auto& [page, wanted, given] : cases) {
     use(page);
     EXPECT_EQ(given(), wanted);
   }
@@ -156,11 +133,8 @@ TEST_F(CodePages, AgreeWithUtf8) {
       }
     }
     ASSERT_GT(texts.size(), 200U);
-    std::vector<std::string> keys;
-    for (const std::string& text : texts) keys.push_back(case_key(text.c_str()));
-    const auto folded_pairs = [&] {
+    const auto folded_pairs = [](const std::vector<std::string>& all) {
       std::vector<std::pair<std::size_t, std::size_t>> pairs;
-      const std::vector<std::string>& all = CodePage::Default() != nullptr ? texts : in_utf8;
       for (std::size_t i = 0; i < all.size(); ++i) {
         for (std::size_t j = i < 128 ? 0 : i % 7; j < all.size(); j += i < 128 ? 1 : 7) {
           if (_mbsicmp(all[i].c_str(), all[j].c_str()) == 0) pairs.emplace_back(i, j);
@@ -168,10 +142,10 @@ TEST_F(CodePages, AgreeWithUtf8) {
       }
       return pairs;
     };
-    const auto in_page = folded_pairs();
-    for (const auto& [i, j] : in_page) EXPECT_EQ(keys[i], keys[j]);
+    const auto in_page = folded_pairs(texts);
+    for (const auto& [i, j] : in_page) EXPECT_EQ(case_key(texts[i].c_str()), case_key(texts[j].c_str()));
     use(65001);
-    EXPECT_EQ(in_page, folded_pairs()) << number;
+    EXPECT_EQ(in_page, folded_pairs(in_utf8)) << number;
   }
 }
 
@@ -204,33 +178,33 @@ TEST_F(CodePages, HoldForValuesOfTrees) {
 
 // Every character of a page that can be in a name.
 TEST_F(CodePages, HoldForNames) {
-  const std::string file = testing::TempDir() + "code_page_names.xml";
+  const std::string file = folder / "names.xml";
   for (const int number : kPages) {
     use(number);
-    RYXmlWrapperBase tree = parse("<R/>");
+    RYXmlWrapperBase tree = parse("<R/>"), node, found;
+    std::string all;
     for (unsigned bytes = 0x80; bytes < 0x10000; bytes += bytes < 0x100 ? 1 : 101) {
       if (bytes % 256 == 0) continue;
-      std::string name = "n";
-      if (bytes > 0xFF) name += static_cast<char>(bytes >> 8U);
-      name += static_cast<char>(bytes & 0xFFU);
-      RYXmlWrapperBase node;
-      RYXmlWrapperBase found;
-      CString read;
+      std::string whole = "n";
+      if (bytes > 0xFF) whole += static_cast<char>(bytes >> 8U);
+      whole += static_cast<char>(bytes & 0xFFU);
+      const char* const name = whole.c_str();
+      if (tree.AddNode(node, name, -1) == 0) continue;
+      all += "<" + whole + " " + whole + "=\"8\"/>";
       int value = 0;
-      if (tree.AddNode(node, name.c_str(), -1) == 0) continue;
-      EXPECT_EQ(tag(node), name);
-      EXPECT_TRUE(tree.FindChild(name.c_str(), found, 0) != 0 && found == node);
-      EXPECT_EQ(node.SetPropertyValue(name.c_str(), 7), 1);
-      EXPECT_EQ(node.SetPropertyValue(RYPropertyName(name.c_str()), CString("8")), 1);
-      EXPECT_TRUE(node.GetPropertyValue(name.c_str(), value) != 0 && value == 8);
-      EXPECT_EQ(tree.FindNodeByAttribute(found, name.c_str(), 8, 0), 1);
-      EXPECT_EQ(node.HasTagName(RYPropertyName(name.c_str())), 1);
+      EXPECT_EQ(node.SetPropertyValue(name, 7), 1);
+      EXPECT_EQ(node.SetPropertyValue(RYPropertyName(name), CString("8")), 1);
+      EXPECT_EQ(node.GetPropertyValue(name, value) * value, 8);
+      EXPECT_EQ(node.HasTagName(RYPropertyName(name)), 1);
+      EXPECT_EQ(tree.FindNodeByAttribute(found, name, 8, 0), 1);
+      EXPECT_EQ(tree.FindChild(name, found, 0), 1);
+      EXPECT_TRUE(found == node);
     }
     EXPECT_GT(tree.GetNodeCount(), 20) << number;
-    RYXmlWrapperBase loaded;
+    EXPECT_EQ(text(tree), "<R>" + all + "</R>");
     EXPECT_EQ(tree.Save(file.c_str()), 1);
-    EXPECT_EQ(loaded.load(file.c_str(), 0), 1) << RYXmlWrapperBase::LastFailure().text;
-    EXPECT_EQ(text(loaded), text(tree));
+    EXPECT_EQ(found.load(file.c_str(), 0), 1) << failure();
+    EXPECT_EQ(text(found), text(tree));
     EXPECT_EQ(text(parse(text(tree))), text(tree));
   }
 }
@@ -244,25 +218,22 @@ TEST_F(CodePages, RefuseWhatTheyLack) {
   EXPECT_EQ(pi.GetXmlText(&kept), 0);
   EXPECT_STREQ(RYXmlWrapperBase::LastFailure().text, "U+03C0 is not in code page 1252");
   EXPECT_EQ(kept, "kept");
-  RYXmlWrapperBase none;
-  EXPECT_EQ(pi.AddNode(none, "\x81", -1) + pi.SetPropertyValue("a\x81", 1) + pi.FindChild("\x81", none, 0),
-            0);
+  RYXmlWrapperBase none, old = parse("<old/>");
+  EXPECT_EQ(pi.AddNode(none, "\x81", -1), 0);
+  EXPECT_EQ(pi.SetPropertyValue("a\x81", 1), 0);
+  EXPECT_EQ(pi.FindChild("\x81", none, 0), 0);
 
-  const std::string lacks = "U+03C0 is not in code page 1252";
-  const Rows<int, const char*, std::string, int, int, int> cases = {
-      {1252, "<a>\n\xE9&#960;</a>", lacks, 2, 2, 5},
-      {1252, "<a>\xE9\n <b c='\xE9' d='&#x3C0;'/></a>", lacks, 2, 2, 6},
-      {1252, "<a>\n\xE9\x81</a>", "no character of code page 1252", 2, 2, 5},
-      {932, "<a>\x83\x5C\x83</a>", "no character of code page 932", 1, 5, 5},
-      {932, "<a>\x83\x5C</b>", "mismatched tag", 1, 7, 7}};
-  for (const auto& [page, xml, why, line, column, offset] : cases) {
+  const Rows<int, const char*, const char*> cases = {
+      {1252, "<a>\n\xE9&#960;</a>", "U+03C0 is not in code page 1252 2:2 5"},
+      {1252, "<a>\xE9\n <b c='\xE9' d='&#x3C0;'/></a>", "U+03C0 is not in code page 1252 2:2 6"},
+      {1252, "<a>\n\xE9\x81</a>", "no character of code page 1252 2:2 5"},
+      {932, "<a>\x83\x5C\x83</a>", "no character of code page 932 1:5 5"},
+      {932, "<a>\x83\x5C</b>", "mismatched tag 1:7 7"}};
+  for (const auto& [page, xml, why] : cases) {
     use(page);
-    RYXmlWrapperBase node = parse("<old/>");
-    EXPECT_EQ(node.SetXmlText(xml), 0);
-    const RYXmlFailure failure = RYXmlWrapperBase::LastFailure();
-    EXPECT_EQ(failure.text, why);
-    EXPECT_EQ(std::tie(failure.line, failure.column, failure.offset), std::tie(line, column, offset));
-    EXPECT_EQ(text(node), "<old/>");
+    EXPECT_EQ(old.SetXmlText(xml), 0);
+    EXPECT_EQ(failure(), why);
+    EXPECT_EQ(text(old), "<old/>");
   }
 }
 
