@@ -1,145 +1,75 @@
 // Arguments as callers in other languages hand them over, and strings that are in the arrays which a call fills.
-#include <rytree_Utils.h>
-
 #include <cstring>
 #include <filesystem>
 #include <functional>
 
+#include "fuzz/calls/call.h"
 #include "tree_text.h"
 
 namespace {
 
-using Word = unsigned;
-
-std::string shown(int result) { return std::to_string(result); }
-std::string shown(const CString& result) { return result.GetString(); }
-std::string shown(const RYXmlWrapperBase& result) { return text(result); }
-
-// Makes the call with a whole machine word in place of each flag.
-template <class Result, class... Argument, class... Given>
-std::string call(Result (*function)(Argument...), Given... given) {
-  using Widened = Result (*)(std::conditional_t<std::is_same_v<Argument, bool>, Word, Argument>...);
-  const auto widened = reinterpret_cast<Widened>(reinterpret_cast<void (*)()>(function));
-  if constexpr (std::is_void_v<Result>) {
-    return widened(given...), "";
-  } else {
-    return shown(widened(given...));
-  }
-}
-
-void put_byte(bool& flag, Word word) {
-  const auto byte = static_cast<unsigned char>(word);
-  std::memcpy(&flag, &byte, 1);
-}
-
-// Gives whether localization was blocked, and unblocks it.
-bool unblock() {
-  bool off = false;
-  const bool was = VCTreeAccessBlockLocalization(nullptr, false);
-  VCTreeAccessBlockLocalization(&off, false);
-  return was;
-}
-
 // What calls work on. Plain and typed calls see the same arrays.
 struct Arguments : testing::Test {
   void begin(const std::string& xml) {
-    tree = parse(xml), out = {}, other = parse("<b DataID='9'><b DataID='5'><c DataID='6'/></b></b>");
-    ids.RemoveAll(), values.RemoveAll(), bools.array().RemoveAll(), number = 0;
+    tree = parse(xml), out = {};
+    ids.RemoveAll(), values.RemoveAll();
     for (const int id : {11, 12, 14}) ids.Add(id);
     for (const char* const one : {"one", "two", "three"}) values.Add(one);
-    for (const bool one : {true, false, true}) bools.array().Add(one);
     others = values;
   }
 
-  RYXmlWrapperBase tree, out, other;
+  RYXmlWrapperBase tree, out;
   HostIntArray ints;
   HostStringArray texts, labels;
-  HostBoolArray bools;
   CArray<int, int>& ids = ints.array();
   CStringArray& values = texts.array();
   CStringArray& others = labels.array();
   CString string;
-  int number = 0;
-  bool value = false;
-  Word flag = 0;
 };
 
 TEST_F(Arguments, OnlyTheLowByteOfAFlagCounts) {
-  constexpr const char* kTexts = "<R Show='1'><a/><b><c>t</c><d Show='1'>t</d></b></R>";
-  constexpr const char* kEmpties = "<R N='1'><a/><b><c/><D>t</D></b></R>";
-  constexpr const char* kVariable = "<V><io>2</io></V>";
-  constexpr const char* kIds = "<R><a DataID='1'><b DataID='11' _NodeID='10'>7</b></a><c/></R>";
-  constexpr const char* kIndex = "<R><a><b DataID='7'><c/></b></a></R>";
-  const Rows<const char*, std::function<std::string()>> rows = {
-      {kTexts, [&] { return call(VCTreeGetValues, &tree, &values, flag); }},
-      {kTexts, [&] { return call(VCTreeGetAttributes, &tree, &values, "Show", flag); }},
-      {kTexts, [&] { return call(vctree_get_attributes, &tree, &values, "Show", flag); }},
-      {kIds, [&] { return call(VCTreeSetAttributes, &tree, &ids, "v", "A", nullptr, flag); }},
-      {kIds, [&] { return call(rytree_set_attributes, &tree, &ints, "v", "A", nullptr, flag); }},
-      {kTexts, [&] { return others[1] = "TWO", call(VCTreeGetChanged, &values, &others, flag); }},
-      {kEmpties, [&] { return call(rytree_remove_empty_child_nodes, &tree, flag); }},
-      {kTexts, [&] { return call(rytree_set_attribute_to_all_nodes, &tree, "A", "v", flag, 0); }},
-      {kTexts, [&] { return call(rytree_set_attribute_to_all_nodes, &tree, "A", "v", 0, flag); }},
-      {kEmpties, [&] { return call(rytree_hide_empty_nodes, &tree, flag, 0); }},
-      {kTexts, [&] { return call(rytree_hide_empty_nodes, &tree, 1, flag); }},
-      {kEmpties, [&] { return call(rytree_set_attribute_bit_if_not_empty, &tree, "N", 2, flag); }},
-      {kEmpties, [&] { return call(rytree_copy_ids_by_tagname, &other, &tree, flag); }},
-      {kTexts,
-       [&] {
-         return call(report_make_input_data_table_var_row, &other, 0, 1, 0, flag, "name", 1, 0, 2, 0, 8,
-                     &tree, 0, 0);
-       }},
-      {kIds, [&] { return call(rytree_get_node, &tree, &out, 1, &number, -1, "DataID", flag, 0, 0); }},
-      {kIds, [&] { return call(rytree_get_node, &tree, &out, 1, &number, -1, nullptr, 0, flag, 0); }},
-      {kIds, [&] { return call(rytree_get_node_by_id, &tree, &out, 10, flag); }},
-      {kEmpties, [&] { return call(rytree_get_node_by_tagname, &tree, &out, "c", flag, 0, 0); }},
-      {kEmpties, [&] { return call(rytree_get_node_by_tagname, &tree, &out, "d", 1, flag, 0); }},
-      {kEmpties, [&] { return call(rytree_get_node_by_tagname, &tree, &out, "b", 1, 0, flag); }},
-      {kIds, [&] { return call(rytree_find_node, &tree, &out, "DataID", 11, flag, 0, -1); }},
-      {"<R Label='text'/>", [&] { return call(rytree_get_node_label, &tree, flag); }},
-      {kTexts, [&] { return call(vctree_get_node_names, &tree, &values, flag); }},
-      {kIds, [&] { return call(rytree_theme_tree_get_node_by_id, &out, &tree, 10, 5, flag); }},
-      {kIndex, [&] { return call(rytree_theme_tree_get_node_by_index, &out, &tree, 7, 1, 5, flag); }},
-      {kIds, [&] { return call(vctree_GETN_reset_hidden_values, &tree, &ids, flag); }},
-      {kIds, [&] { return call(rytree_GETN_reset_hidden_values, &tree, &ints, flag); }},
-      {kVariable, [&] { return call(XVarNode_IsInput, tree, flag); }},
-      {kVariable, [&] { return call(XVarNode_IsOutput, tree, flag); }},
-      {kTexts,
-       [&] {
-         value = true;
-         const std::string was = call(VCTreeAccessBlockLocalization, &value, flag);
-         return was + shown(value) + shown(unblock());
-       }},
-      {kTexts,
-       [&] {
-         put_byte(value, flag);
-         VCTreeAccessBlockLocalization(&value, false);
-         return shown(unblock());
-       }},
-      {"<V DataID='5000'/>",
-       [&] {
-         put_byte(bools.array()[1], flag);
-         return call(rytree_value_from_vec_bool_to_tree_sub_nodes, &bools, &tree);
-       }},
-      {"<V/>", [&] { return put_byte(value, flag), shown(tree.NodeValue(value, 0)); }},
-  };
-  for (const auto& [xml, act] : rows) {
-    const auto outcome = [&](Word word) {
-      begin(xml), flag = word;
-      const std::string result = act();
-      return result + text(tree) + text(other) + text(out) + listed(values) + shown(number);
+  for (const calls::Opcode& opcode : calls::opcodes()) {
+    if (&opcode == &calls::opcodes()[calls::export_count()]) break;
+    SCOPED_TRACE(opcode.name);
+    int flags = 0;
+    const auto outcome = [&](const calls::Way& way, int flag, unsigned word) {
+      calls::Scene scene;
+      scene.flag.emplace(flag, word);
+      const std::string shown = calls::outcome(scene, opcode, way);
+      flags = scene.flags_passed;
+      return shown;
     };
-    const std::string on = outcome(1);
-    EXPECT_NE(on, outcome(0));
-    for (const Word word : {2U, 128U, 255U, 0x101U}) EXPECT_EQ(outcome(word), on) << word;
-    EXPECT_EQ(outcome(0x100), outcome(0));
+    for (int flag = 0; flag == 0 || flag < flags; ++flag) {
+      bool matters = false;
+      for (const calls::Way& way : opcode.ways) {
+        const std::string on = outcome(way, flag, 1);
+        const std::string off = outcome(way, flag, 0);
+        matters = matters || on != off;
+        for (const unsigned word : {2U, 128U, 255U, 0x101U}) EXPECT_EQ(outcome(way, flag, word), on) << word;
+        EXPECT_EQ(outcome(way, flag, 0x100), off);
+      }
+      EXPECT_EQ(matters, flag < flags) << "flag " << flag;
+    }
   }
 }
 
-TEST_F(Arguments, VariableToReadIntoMayHoldAnything) {
-  put_byte(value, 77);
-  EXPECT_EQ(parse("<A>7</A>").NodeValue(value, 1), 1);
+TEST_F(Arguments, VariablesMayHoldAnything) {
+  RYXmlWrapperBase node = parse("<A>7</A>");
+  const unsigned char byte = 77;
+  bool value = false;
+  std::memcpy(&value, &byte, 1);
+  EXPECT_EQ(node.NodeValue(value, 0), 1);
+  EXPECT_EQ(text(node), "<A>1</A>");
+  std::memcpy(&value, &byte, 1);
+  EXPECT_EQ(node.NodeValue(value, 1), 1);
   EXPECT_TRUE(value);
+
+  RYXmlWrapperBase vector = parse("<V DataID='5000'/>");
+  HostBoolArray flags;
+  flags.array().Add(false);
+  std::memcpy(&flags.array()[0], &byte, 1);
+  rytree_value_from_vec_bool_to_tree_sub_nodes(&flags, &vector);
+  EXPECT_NE(text(vector).find(">1<"), std::string::npos);
 }
 
 TEST_F(Arguments, TextMayBeInAnArrayThatTheCallFills) {
