@@ -23,7 +23,7 @@ TEST(InputData, Branch) {
     for (int again = 0; again < 2; ++again) {
       RYXmlWrapperBase out;
       rytree_tree_check_add_input_data_branch(&out, &tree, &tags, &labels, 8, number, index, value);
-      EXPECT_EQ(text(tree), text(parse(expected)));
+      EXPECT_EQ(text(tree), text(parse(expected.GetString())));
       EXPECT_EQ(out, child == -1 ? tree : at(tree, {child}));
     }
   }
