@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/check_get.h"
 #include "frame/children.h"
 #include "frame/children_by_tag.h"
 #include "frame/host_arrays.h"
@@ -124,7 +125,7 @@ class PresentChildren {
   RYXmlWrapperBase find(const CString& tag) {
     RYXmlWrapperBase found;
     if (!by_tag_) {
-      parent_.FindChild(tag, found, 1);
+      find_child(found, parent_, tag);
     } else if (const int number = by_tag_->find(tag.View()); number >= 0) {
       found = by_tag_->node(number);
     }
@@ -182,7 +183,7 @@ bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char*
     RYXmlWrapperBase child = present.find(tag);
     if (child.IsNodeValid() == 0) parent->AddNode(child, tag, rytree_make_one_set_ID(id, number));
     if (lstrlenA(label) > 0) child.SetLabel(label);
-    child.NodeValue((*array)[i], 0);
+    write_number(child, (*array)[i]);
   }
   if (count != nullptr) *count = low_word(start + size);
   return true;

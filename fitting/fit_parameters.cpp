@@ -12,6 +12,7 @@
 #include "frame/children.h"
 #include "frame/host_arrays.h"
 #include "frame/id_index.h"
+#include "frame/node_text.h"
 #include "frame/words.h"
 
 namespace {
@@ -104,21 +105,21 @@ void size_vector(RYXmlWrapperBase& vector, int base, int count) {
 
 bool convert(RYXmlWrapperBase& node, bool& element) {
   int value = 0;
-  if (node.NodeValue(value, 1) == 0 || (value != 0 && value != 1)) return false;
+  if (read_number(node, value) == 0 || (value != 0 && value != 1)) return false;
   element = value != 0;
   return true;
 }
 
 bool convert(RYXmlWrapperBase& node, int& element) {
   int value = 0;
-  if (node.NodeValue(value, 1) == 0) return false;
+  if (read_number(node, value) == 0) return false;
   element = value;
   return true;
 }
 
 bool convert(RYXmlWrapperBase& node, double& element) {
   double value = kMissingValue;
-  if (node.NodeValue(value, 1) == 0) return false;
+  if (read_number(node, value) == 0) return false;
   if (value < kMissingValue || value > kMissingValue) element = value;
   return true;
 }
@@ -146,7 +147,7 @@ int read_values(const RYXmlWrapperBase* vector, Array* values) {
   const int size = values->GetSize();
   int filled = 0;
   for (Children child(*vector); child && filled < size; ++child) {
-    if (child->IsEmpty() == 0) child->NodeValue((*values)[filled++], 1);
+    if (child->IsEmpty() == 0) read_number(*child, (*values)[filled++]);
   }
   return filled;
 }
@@ -159,13 +160,13 @@ void write_values(Array* values, RYXmlWrapperBase* vector) {
   if (vector->GetNodeCount() > size) {
     vector->SetSizeTrimFromEnd(size);
     int i = 0;
-    for (Children child(*vector); child; ++child) child->NodeValue((*values)[i++], 0);
+    for (Children child(*vector); child; ++child) write_number(*child, (*values)[i++]);
     return;
   }
   ValuesByDataId children(*vector);
   RYXmlWrapperBase child;
   for (int i = 0; i < size; ++i) {
-    if (children.check_get(child, base, i + 1)) child.NodeValue((*values)[i], 0);
+    if (children.check_get(child, base, i + 1)) write_number(child, (*values)[i]);
   }
 }
 

@@ -84,7 +84,7 @@ void mark_as_data(RYXmlWrapperBase& node, const CString& combo) {
 
 void write_value(RYXmlWrapperBase& node, const CString* data, double* parameter) {
   if (data != nullptr) write_text(node, *data);
-  if (parameter != nullptr) node.NodeValue(*parameter, 0);
+  if (parameter != nullptr) write_number(node, *parameter);
 }
 
 /// What the settings become; null keeps what is stored.
@@ -100,13 +100,13 @@ int update_expanded(RYXmlWrapperBase& parent, int method, unsigned long& change,
   if (!check_get_child(method_node, parent, kMethodTag, {.id = kMethodNodeId})) return 0;
   parent.SetPropertyValue(kDisable, disable);
   int stored = 0;
-  if (check_same && method_node.NodeValue(stored, 1) != 0 && stored == method) return 0;
+  if (check_same && read_number(method_node, stored) != 0 && stored == method) return 0;
   method_node.SetShow(0);
   int needs[kSettingCount] = {};
   if (rytree_fitter_get_weight_mth_info(method, nullptr, &needs[0], &needs[1], &needs[2], &needs[3]) == 0) {
     return 0;
   }
-  method_node.NodeValue(method, 0);
+  write_number(method_node, method);
 
   CString combo;
   move_combo(parent, combo);
@@ -195,12 +195,12 @@ int vctree_fitter_data_weight_node_expanded_to_compact(RYXmlWrapperBase& compact
     if (!check_get_child(settings[i], expanded, kSettings[i].tag)) return 0;
   }
   int method = 0;
-  if (method_node.NodeValue(method, 1) != 0) compact.SetPropertyValue(kMethodTag, method);
+  if (read_number(method_node, method) != 0) compact.SetPropertyValue(kMethodTag, method);
   CString data;
   if (settings[0].NodeValue(data, 1, 1, nullptr) != 0) write_text(compact, data);
   for (int i = 1; i < kSettingCount; ++i) {
     double parameter = 0;
-    if (settings[i].NodeValue(parameter, 1) != 0) compact.SetPropertyValue(kSettings[i].attribute, parameter);
+    if (read_number(settings[i], parameter) != 0) compact.SetPropertyValue(kSettings[i].attribute, parameter);
   }
   return 1;
 }

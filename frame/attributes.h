@@ -6,6 +6,7 @@ inline constexpr const char* kAutoName = "Auto";
 inline constexpr const char* kBranchName = "Branch";
 inline constexpr const char* kDataIdName = "DataID";
 inline constexpr const char* kDataName = "Data";
+inline constexpr const char* kDynamicCheckName = "DynaUseChck";
 inline constexpr const char* kInteractiveOptionsName = "InteractiveOptions";
 inline constexpr const char* kLabelName = "Label";
 inline constexpr const char* kRepeatIdName = "RepeatID";

@@ -3,9 +3,9 @@
 
 #include <rytree_host/node.h>
 
-/// Makes room in an array for what a walk from `top` will find: for all nodes of a tree if `top` is its root
-/// and the walk goes `deep`, else for the children. An array that is not empty is left to grow by itself:
-/// making room at each of many small additions would copy it every time.
+/// Reserves space in an array for what a walk from `top` will find: for all nodes of a tree if `top` is its
+/// root and the walk is `deep`, else for the children. An array that is not empty is left to grow by itself:
+/// reserving at each of many small additions would copy it every time.
 template <class Array>
 void make_room(Array& array, const RYXmlWrapperBase& top, bool deep) {
   if (!array.IsEmpty()) return;

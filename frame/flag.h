@@ -9,8 +9,8 @@
 /// export has `bool` does the work, and the export is an alias of it:
 ///     extern "C" int flagged_NAME(RYXmlWrapperBase* node, Flag recursive) { … }
 ///     [[gnu::alias("flagged_NAME")]] decltype(NAME) NAME;
-/// The machine passes both in the same place: the flag is the low byte there, and what is above it is left
-/// over from other work. It is not a class, which compilers may take apart in a call inside of one file.
+/// The machine passes both in the same place: the flag is the low byte there, and the higher bytes are garbage.
+/// It is an enum and not a class: compilers may split a class argument in calls within one file.
 enum class Flag : unsigned {};
 
 inline bool is_set(Flag flag) { return (static_cast<unsigned>(flag) & 0xFF) != 0; }

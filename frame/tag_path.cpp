@@ -10,7 +10,7 @@
 
 namespace {
 
-// Puts `node` on the end of the path. What is missing is made if a value is to be written.
+// Points `node` at the last node of the path. What is missing is made if a value is to be written.
 bool reach(RYXmlWrapperBase& node, RYXmlWrapperBase& start, int get, const char* first_tag, va_list tags) {
   return tmxfu_tree_check_get_node_ex(node, start, get == 0 ? 1 : 0, first_tag, tags) != 0;
 }
@@ -28,8 +28,7 @@ int tmxfu_tree_check_get_node_ex(RYXmlWrapperBase& out, RYXmlWrapperBase& start,
   RYXmlWrapperBase current(start);
   for (const char* tag = firstTag; tag != nullptr; tag = va_arg(tags, const char*)) {
     RYXmlWrapperBase next;
-    const bool there =
-        create != 0 ? check_get_child(next, current, tag) : current.FindChild(tag, next, 1) != 0;
+    const bool there = create != 0 ? check_get_child(next, current, tag) : find_child(next, current, tag);
     if (!there) return 0;
     current = std::move(next);
   }

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "frame/attributes.h"
+#include "frame/check_get.h"
 #include "frame/children.h"
 #include "frame/node_text.h"
 #include "ranges/range_names.h"
@@ -69,7 +70,7 @@ void apply_interactive_options(RYXmlWrapperBase& range, const RYXmlWrapperBase& 
   const auto options = static_cast<unsigned>(read);
 
   RYXmlWrapperBase error;
-  if ((options & kShowErrorOption) == 0 && range.FindChild("ED", error, 1) != 0) error.SetShow(0);
+  if ((options & kShowErrorOption) == 0 && find_child(error, range, "ED")) error.SetShow(0);
   if ((options & kHandDownOption) == 0) return;
   range.SetPropertyValue(kInteractiveOptionsName, kHandDownOption);
   for (Children child(range); child; ++child)
@@ -135,7 +136,7 @@ void renumber_and_rename(RYXmlWrapperBase& tree) {
 // Leads from the "Y" of a range to the node of its third value. A missing one is a failure only where it is
 // looked for by tag.
 bool find_third(RYXmlWrapperBase& range, RYXmlWrapperBase& y, const char* tag, RYXmlWrapperBase& third) {
-  if (tag != nullptr) return range.FindChild(tag, third, 1) != 0;
+  if (tag != nullptr) return find_child(third, range, tag);
   y.NextSibling(third);
   return true;
 }
@@ -178,9 +179,9 @@ void vctree_reenum_subranges_in_range_tree(RYXmlWrapperBase& tree, int renameTag
 int vctree_get_composite_subrange_values(RYXmlWrapperBase& range, CString& x, CString& y, CString& third,
                                          int type) {
   RYXmlWrapperBase node;
-  if (range.FindChild("X", node, 1) == 0) return 0;
+  if (!find_child(node, range, "X")) return 0;
   read_text(node, x);
-  if (range.FindChild("Y", node, 1) == 0) return 0;
+  if (!find_child(node, range, "Y")) return 0;
   read_text(node, y);
   if (!find_third(range, node, range_layout(type).third_tag, node)) return 0;
   if (node.IsNodeValid() != 0) read_text(node, third);
@@ -196,9 +197,9 @@ int vctree_set_composite_subrange_values(RYXmlWrapperBase& range, const char* x,
 
   const char* const third_tag = range_layout(type).third_tag;
   RYXmlWrapperBase node;
-  if (range.FindChild("X", node, 1) == 0) return 0;
+  if (!find_child(node, range, "X")) return 0;
   write_text(node, x);
-  if (range.FindChild("Y", node, 1) == 0) return 0;
+  if (!find_child(node, range, "Y")) return 0;
   if (third_tag == nullptr && combine != 0) {
     write_text(node, CString(y) + "," + third);
     return 1;

@@ -121,10 +121,9 @@ void write_weight(RYXmlWrapperBase& row, int data, const Variable& variable, con
   for (int i = 0; i < kParameterCount; ++i) {
     if (needs[i] == 0) continue;
     RYXmlWrapperBase cell = labelled_cell(row, kParameters[i], kParameters[i].label);
+    RYXmlWrapperBase parameter = find(kParameterCount * variable.parameter_block + i);
     double value = 0;
-    if (find(kParameterCount * variable.parameter_block + i).NodeValue(value, 1) != 0) {
-      cell.NodeValue(value, 0);
-    }
+    if (read_number(parameter, value) != 0) write_number(cell, value);
   }
 }
 

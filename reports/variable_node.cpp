@@ -2,7 +2,9 @@
 #include <rytree_Utils/variable_node.h>
 
 #include "frame/attributes.h"
+#include "frame/check_get.h"
 #include "frame/flag.h"
+#include "frame/node_text.h"
 
 namespace {
 
@@ -11,9 +13,9 @@ constexpr int kOutput = 1;
 
 bool is_kind(RYXmlWrapperBase& node, int kind, bool strict) {
   RYXmlWrapperBase io;
-  if (node.FindChild("io", io, 1) == 0) return false;
+  if (!find_child(io, node, "io")) return false;
   int value = kInput;
-  io.NodeValue(value, 1);
+  read_number(io, value);
   return value == kind || (value != kInput && value != kOutput && !strict);
 }
 

@@ -117,7 +117,7 @@ class TextList {
 };
 
 enum IncludeMode { kIncludeAll = 0, kIncludeAny = 1 };
-enum ExcludeMode { kOnlyIncluded = 0, kExcludeAny = 1, kExcludeAll = 2 };
+enum ExcludeMode { kRejectUnlisted = 0, kRejectIfAny = 1, kRejectIfAll = 2 };
 
 /// A list, how it is tested, and the DataID of the nodes whose texts it is tested against.
 struct ListTest {
@@ -133,11 +133,11 @@ struct PassesLists {
   bool operator()(const RYXmlWrapperBase& node) { return passes_exclude(node) && passes_include(node); }
 
   bool passes_exclude(const RYXmlWrapperBase& node) {
-    if (exclude.mode == kOnlyIncluded) return include.list.holds_all(texts_below(node, include.id));
-    if (exclude.mode != kExcludeAny && exclude.mode != kExcludeAll) return false;
+    if (exclude.mode == kRejectUnlisted) return include.list.holds_all(texts_below(node, include.id));
+    if (exclude.mode != kRejectIfAny && exclude.mode != kRejectIfAll) return false;
     if (exclude.list.is_empty()) return true;
     const CStringArray texts = texts_below(node, exclude.id);
-    return !(exclude.mode == kExcludeAny ? exclude.list.holds_any(texts) : exclude.list.is_among(texts));
+    return !(exclude.mode == kRejectIfAny ? exclude.list.holds_any(texts) : exclude.list.is_among(texts));
   }
 
   bool passes_include(const RYXmlWrapperBase& node) {

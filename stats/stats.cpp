@@ -41,15 +41,15 @@ const Field kFields[] = {
 };
 
 /// Finds a child by its tag; makes it if it is missing, but not to read it.
-bool find_child(RYXmlWrapperBase& out, RYXmlWrapperBase& parent, const char* tag, int get) {
-  return get != 0 ? parent.FindChild(tag, out, 1) != 0 : check_get_child(out, parent, tag);
+bool find_or_make(RYXmlWrapperBase& out, RYXmlWrapperBase& parent, const char* tag, int get) {
+  return get != 0 ? find_child(out, parent, tag) : check_get_child(out, parent, tag);
 }
 
 /// Reads or writes the number in a child. False if there is no such child.
 template <class Number>
 bool get_set_number(RYXmlWrapperBase& parent, const char* tag, Number& value, int get) {
   RYXmlWrapperBase child;
-  if (!find_child(child, parent, tag, get)) return false;
+  if (!find_or_make(child, parent, tag, get)) return false;
   child.NodeValue(value, get);
   return true;
 }
@@ -71,7 +71,7 @@ void get_set_array(RYXmlWrapperBase& tree, const char* tag, CArray<double, doubl
 
 void get_set_auto(RYXmlWrapperBase& tree, int& automatic, int get) {
   RYXmlWrapperBase bin;
-  if (find_child(bin, tree, "Bin", get)) get_set_number(bin, "Auto", automatic, get);
+  if (find_or_make(bin, tree, "Bin", get)) get_set_number(bin, "Auto", automatic, get);
 }
 
 int get_boxchart_part(RYXmlWrapperBase& tree, const char* tag, RYXmlWrapperBase& out) {
@@ -111,7 +111,7 @@ int vctree_stats_get_boxchart_whisker_node(RYXmlWrapperBase& tree, RYXmlWrapperB
 void vctree_stats_get_set_bin_info(RYXmlWrapperBase& tree, double& minimum, double& maximum, double& size,
                                    int get) {
   RYXmlWrapperBase bin;
-  if (!find_child(bin, tree, "Bin", get)) return;
+  if (!find_or_make(bin, tree, "Bin", get)) return;
   get_set_number(bin, "Min", minimum, get);
   get_set_number(bin, "Max", maximum, get);
   get_set_number(bin, "Size", size, get);

@@ -8,6 +8,7 @@
 #include "frame/children.h"
 #include "frame/flag.h"
 #include "frame/host_arrays.h"
+#include "frame/node_text.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ void reset_value(RYXmlWrapperBase& node) {
   if (node.GetID(kind) == 0) return;
   if (kind == kIntNode || kind == kIntListNode) {
     int zero = 0;
-    node.NodeValue(zero, 0);
+    write_number(node, zero);
   } else if (int use = 0; kind == kBranchNode && node.GetPropertyValue(kUseName, use) != 0) {
     node.SetPropertyValue(kUseName, static_cast<const _variant_t*>(nullptr));
   }

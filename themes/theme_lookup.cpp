@@ -67,7 +67,7 @@ int rytree_theme_tree_get_range_from_range_style(RYXmlWrapperBase* style, int* l
   for (Children child(*style); child; ++child) {
     read_tag(*child, tag);
     for (const auto& [name, number] : sides) {
-      if (_mbsicmp(tag, name) == 0) sum += child->NodeValue(*number, 1);
+      if (_mbsicmp(tag, name) == 0) sum += read_number(*child, *number);
     }
   }
   return sum == 4 ? 1 : 0;

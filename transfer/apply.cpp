@@ -47,7 +47,7 @@ class HookActivation {
 };
 
 /// Shows a value to the hook, which may change it.
-void call(_SETVALUESBYIDS& hook, CString& value) {
+void call_hook(_SETVALUESBYIDS& hook, CString& value) {
   struct Showing {
     Showing(_SETVALUESBYIDS& shown_to, CString& shown) : hook(shown_to) { hook.value = &shown; }
     Showing(const Showing&) = delete;
@@ -111,35 +111,35 @@ class Apply {
     return true;
   }
 
-  struct Noted {
+  struct Written {
     bool automatic = false;
     bool dynamic = false;
   };
-  static Noted write_attributes(RYXmlWrapperBase& node, const Undecorated& parts) {
-    Noted noted;
+  static Written write_attributes(RYXmlWrapperBase& node, const Undecorated& parts) {
+    Written written;
     for (const auto& decoration : parts.decorations) {
       const CString name(decoration.name);
       node.SetPropertyValue(name, CString(decoration.text));
-      noted.automatic = noted.automatic || lstrcmpiA(name, kAutoName) == 0;
-      noted.dynamic = noted.dynamic || lstrcmpiA(name, "DynaUseChck") == 0;
+      written.automatic = written.automatic || lstrcmpiA(name, kAutoName) == 0;
+      written.dynamic = written.dynamic || lstrcmpiA(name, kDynamicCheckName) == 0;
     }
-    return noted;
+    return written;
   }
 
   void store(RYXmlWrapperBase& node, const CString& value, bool as_branch, unsigned theme) {
     std::optional<CString> own;  // made only where the value is not stored as it came
-    Noted noted;
+    Written written;
     if (may_be_decorated(value)) {
       const Undecorated parts = take_decorations(value);
-      if ((theme & kThemeKeepsAttributes) == 0) noted = write_attributes(node, parts);
+      if ((theme & kThemeSkipsDecorations) == 0) written = write_attributes(node, parts);
       own = CString(parts.value);
     }
-    reset_undecorated(node, noted);
-    if ((theme & kThemeKeepsValue) != 0) return;
+    reset_undecorated(node, written);
+    if ((theme & kThemeSkipsValue) != 0) return;
     if ((theme & asks_for_tag_) != 0 && !holds_a_tag((own ? *own : value).View())) return;
     if (options_.hook != nullptr && options_.hook->active != 0) {
       if (!own) own = value;
-      call(*options_.hook, *own);
+      call_hook(*options_.hook, *own);
     }
     const CString& stored = own ? *own : value;
     if ((theme & kThemeUsesData) == 0 || !as_branch) {
@@ -150,9 +150,10 @@ class Apply {
   }
 
   /// What the options ask of a node whose value had no such decoration.
-  void reset_undecorated(RYXmlWrapperBase& node, Noted noted) const {
-    if ((options_.resets & kResetAutoSupport) != 0 && !noted.automatic) vctree_check_reset_auto_support(node);
-    if ((options_.resets & kSetDynamicCheck) == 0 || noted.dynamic) return;
+  void reset_undecorated(RYXmlWrapperBase& node, Written written) const {
+    if ((options_.resets & kResetAutoSupport) != 0 && !written.automatic)
+      vctree_check_reset_auto_support(node);
+    if ((options_.resets & kSetDynamicCheck) == 0 || written.dynamic) return;
     int check = 0;
     if (node.GetPropertyValue(dynamic_check_, check) != 0) node.SetPropertyValue(dynamic_check_, 1);
   }
@@ -163,9 +164,9 @@ class Apply {
   const ApplyOptions& options_;
   const unsigned asks_for_tag_;
   const NodeIds node_ids_;
-  const RYPropertyName theme_{kThemeName};
+  const RYPropertyName theme_{kApplicabilityName};
   const RYPropertyName data_{kDataName};
-  const RYPropertyName dynamic_check_{"DynaUseChck"};
+  const RYPropertyName dynamic_check_{kDynamicCheckName};
 };
 
 /// 0, or the code of arrays that are empty or not of one size.

@@ -147,7 +147,7 @@ void MatchTarget::queue(Group& group, const MatchTexts::Written& written) {
   }
 }
 
-/// Gives the nodes of a group another text, which those of another group may have.
+/// Changes the text of a group, and merges it with the group that already has that text.
 void MatchTarget::move(int group, int text) {
   holders_[static_cast<std::size_t>(group_at(group).text)] = -1;
   int& holder = holders_[static_cast<std::size_t>(text)];
@@ -161,8 +161,7 @@ void MatchTarget::move(int group, int text) {
   holder = group;
 }
 
-/// The group above all others that this one's nodes are in. What is queued for those in between is brought down on
-/// the way, so that the next way is shorter.
+/// The topmost group above this one. Moves queued texts down and shortens the path for the next time.
 int MatchTarget::top_of(int group) {
   for (;;) {
     Group& at = group_at(group);

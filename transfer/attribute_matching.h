@@ -74,7 +74,7 @@ class MatchTarget {
     RYXmlWrapperBase node;
     int group;
   };
-  /// Nodes that are written together. When two groups become one, it is a new one above them.
+  /// Nodes that are written together. Merging two groups makes a new parent group.
   struct Group {
     std::size_t last;  // of its entries
     int text;          // its number

@@ -4,7 +4,7 @@
 #include "frame/attributes.h"
 #include "frame/repeat_id.h"
 
-/// The step of rytree_combine_treenode_id_with_repeat_id; `own_name` is the prepared name of the RepeatID.
+/// The step of rytree_combine_treenode_id_with_repeat_id; `own_name` is the attribute name RepeatID, prepared.
 inline int combine_id(const RYXmlWrapperBase& node, const RYPropertyName& own_name, int repeat, int& id,
                       int& child_repeat) {
   int own = -1;

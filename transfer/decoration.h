@@ -35,7 +35,7 @@ class DecoratedValues {
 
   RYPropertyName use_{kUseName};
   RYPropertyName data_{kDataName};
-  RYPropertyName decorations_[2] = {RYPropertyName("DynaUseChck"), RYPropertyName(kAutoName)};
+  RYPropertyName decorations_[2] = {RYPropertyName(kDynamicCheckName), RYPropertyName(kAutoName)};
   CString text_;
 };
 

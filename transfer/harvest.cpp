@@ -120,7 +120,7 @@ class Harvest {
   std::vector<Column> columns_;
   const HarvestOptions& options_;
   const NodeIds node_ids_;
-  const RYPropertyName theme_{kThemeName};
+  const RYPropertyName theme_{kApplicabilityName};
   const RYPropertyName old_value_{"OldValue"};
   const RYPropertyName label_{kLabelName};
   DecoratedValues values_;

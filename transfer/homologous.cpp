@@ -49,7 +49,7 @@ class HomologousCopy {
   HomologousCopy(bool copy_attributes, const CStringArray* keep)
       : copy_attributes_(copy_attributes), kept_(copy_attributes ? keep : nullptr) {}
 
-  /// The two nodes and the siblings that follow them, with all below. False at the first difference in shape.
+  /// Copies between the two nodes and the siblings that follow them, with all below. False at the first difference in shape.
   bool copy_row(RYXmlWrapperBase dest, RYXmlWrapperBase source) const {
     for (; source.IsNodeValid() != 0; dest.NextSibling(dest), source.NextSibling(source)) {
       if (dest.IsNodeValid() == 0 || !copy_branch(dest, source)) return false;

@@ -41,9 +41,9 @@ inline constexpr DWORD kResetAutoSupport = 0x10000;
 inline constexpr DWORD kSetDynamicCheck = 0x20000;
 
 // The attribute that steers both walks, and its bits.
-inline constexpr const char* kThemeName = "ThemeApplicability";
-inline constexpr unsigned kThemeKeepsValue = 0x10000;
-inline constexpr unsigned kThemeKeepsAttributes = 0x20000;
+inline constexpr const char* kApplicabilityName = "ThemeApplicability";
+inline constexpr unsigned kThemeSkipsValue = 0x10000;
+inline constexpr unsigned kThemeSkipsDecorations = 0x20000;
 inline constexpr unsigned kThemeNeedsTag = 0x40000;
 inline constexpr unsigned kThemeUsesData = 0x100000;
 

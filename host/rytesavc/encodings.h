@@ -47,7 +47,7 @@ class ConvertedInput : public XmlInput {
   int column_ = 1;
 };
 
-// Where a place in the UTF-8 form of the input is in the input, which is read from its start.
+// Converts an offset in the UTF-8 text to one in the original input, which is read again from its start.
 long long PlaceBeforeConversion(XmlInput& input, const char* charset, long long place);
 
 }  // namespace rytesavc

@@ -16,8 +16,8 @@ namespace rytesavc {
 
 namespace {
 
-// A piece fits in the processor's cache. A token that is longer is looked at anew with each piece: there the
-// pieces grow, so that the work stays linear. Expat's buffer ends at 1 GiB.
+// A piece fits in the processor's cache. A longer token is scanned again with each piece: for it the pieces
+// grow, so that the work stays linear. Expat's buffer ends at 1 GiB.
 constexpr std::size_t kFirstPiece = std::size_t{1} << 18;
 constexpr std::size_t kLastPiece = std::size_t{1} << 28;
 

@@ -76,9 +76,9 @@ class OutputFile {
   std::filesystem::path target_;
   std::filesystem::path folder_;  // of the target
   bool replaces_ = false;         // whether there is an old file
-  unsigned mode_ = 0;             // of the old file, as are the next two
-  unsigned owner_ = 0;
-  unsigned group_ = 0;
+  unsigned mode_ = 0;             // of the old file
+  unsigned owner_ = 0;            // of the old file
+  unsigned group_ = 0;            // of the old file
   std::filesystem::path beside_;  // the name beside the target, while the file has it
   int descriptor_ = -1;
 };

@@ -15,7 +15,7 @@ using rytesavc::Tree;
 
 namespace {
 
-// Runs an operation whose failure the thread's record tells.
+// Runs an operation and records its failure for LastFailure.
 template <class Work>
 int Noted(const Work& work) {
   rytesavc::BeginRecord();

@@ -97,7 +97,7 @@ class XmlBuilder {
 
   // A part of the text of the innermost open element.
   void Text(std::string_view text) { text_ += text; }
-  // The same if the element's end tag comes next.
+  // As Text, when the element's end tag follows.
   bool LastText(std::string_view text);
 
   Node* Take() { return std::exchange(top_, nullptr); }

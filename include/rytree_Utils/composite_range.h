@@ -32,8 +32,8 @@ extern "C" {
 /// range by vctree_add_subrange_to_composite_range.
 /// - `out`: set to the composite node; may be the handle `parent`.
 /// - `label`: its "Label"; null writes none. `data`: its "Data"; null or empty writes none.
-/// - `rangeCount`: 0 or negative makes no ranges; above a million (hundreds of times what repeat numbers can
-///   tell apart) is refused.
+/// - `rangeCount`: 0 or negative makes no ranges; above a million (far more than there are
+///   repeat numbers) is refused.
 ///
 /// 1. 0 with nothing changed and `out` untouched: a null `out` or `parent`, a count that is refused, or a
 /// composite node that could not be made (null or bad tag, invalid parent, tree too deep). 0 also if a range

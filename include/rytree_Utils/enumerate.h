@@ -45,9 +45,9 @@ RYTREE_API void rytree_check_add_enumerated_node(RYXmlWrapperBase* child, RYXmlW
 /// 0x2000 set.
 RYTREE_API int rytree_make_one_set_ID(int id, int setNumber);
 
-/// Calls rytree_check_add_enumerated_node for each element of `values`, with the element's number, the node
-/// ID that rytree_make_one_set_ID gives for `id` and that number, and the "Label" `label` (null or empty:
-/// none); the element becomes the value, in place of a former one.
+/// For each element of `values` finds or makes the child that rytree_check_add_enumerated_node would, with the
+/// element's number, the node ID that rytree_make_one_set_ID gives for `id` and that number, and the "Label"
+/// `label` (null or empty: none); the element becomes the value, in place of a former one.
 /// - `count`: the first number is `*count` + 1, or one above the number of children if `count` is null.
 ///   Afterwards `*count` is larger by the size of the array, whatever was made.
 /// - `maxNodes`: no further element is written once `parent` has `*maxNodes` children, not even to a child

@@ -14,7 +14,8 @@ extern "C" {
 /// included, the candidate's own text not; likewise for `excludeId`. Texts are compared without regard to
 /// case, and repeats make no difference.
 ///
-/// To exclude nothing, give `excludeMode` 1 with an empty `excludes`; 0 does exclude, by `includes`. To
+/// To exclude nothing, give `excludeMode` 1 with an empty `excludes`; 0 is not "off": it removes
+/// candidates with texts that `includes` lacks. To
 /// include everything, give `includeMode` 0 or 1 with an empty `includes`, but then not `excludeMode` 0. An
 /// empty list is an array object without entries: a null one is a failure.
 ///

@@ -28,7 +28,7 @@
 
 extern "C" {
 
-// The next function returns a C++ object under its plain name.
+// The next function has C linkage but returns a C++ object, and Clang warns about that.
 #ifdef __clang__
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wreturn-type-c-linkage"

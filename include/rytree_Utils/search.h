@@ -61,7 +61,7 @@ RYTREE_API int rytree_get_localization_node(RYXmlWrapperBase* found, RYXmlWrappe
 
 /// Counts the children of `node`, with `recursive` all nodes below it; `node` itself never counts. Every node
 /// counts if `attribute` is null. Otherwise a node that has the attribute counts if `value` is null or
-/// exactly its text, and one that lacks it counts with `countMissing`. The count, or -1 for a null or invalid
+/// equals its text, and one that lacks it counts with `countMissing`. The count, or -1 for a null or invalid
 /// node.
 RYTREE_API int rytree_count_items_by_attribute(RYXmlWrapperBase* node, const char* attribute,
                                                const char* value, int countMissing, int recursive);

@@ -17,7 +17,7 @@
 //     "::{Auto=1|Auto|1}::{DynaUseChck=1}12.5"
 //
 // "ThemeApplicability", an int attribute. Reading looks only at bit 20 of a branch's own attribute; writing
-// obeys the nearest attribute on the node or above it:
+// obeys the nearest attribute on the node or above it, but not on the start node or above that:
 //     bit 16   0x10000   write   the value is not stored
 //     bit 17   0x20000   write   decorations are taken off the value but not written to attributes
 //     bit 18   0x40000   write   the value is stored only if it holds a tag other than "<autoX>"

@@ -31,13 +31,13 @@ struct RYXmlPassedOver {
   int instructions;  ///< processing instructions, without the XML declaration
   int doctypes;      ///< 1 if there is a DOCTYPE
   int entities;      ///< declared in the DOCTYPE
-  int mixed_nodes;   ///< nodes with text after a child: the text is kept, its place among the children is not
+  int mixed_nodes;   ///< nodes with text after a child: the text is kept, its position is lost
 };
 
 /// A handle on one node of a tree. A copy is a second handle on the same node. A tree lives as long as a
 /// handle on any of its nodes; a removed node is dead at once, with everything below it, and its handles
 /// report IsNodeValid() 0. A handle that is moved from into a new one is empty; one that is moved from by an
-/// assignment has taken over the node of the handle assigned to, and keeps that tree alive. The handles of
+/// assignment holds the other handle's former node, and keeps that tree alive. The handles of
 /// one tree belong to one thread at a time; trees of different threads share nothing.
 ///
 /// Rules that hold for every operation:
@@ -314,7 +314,8 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// DOCTYPE with the entities it declares, and the places of text among children: all text of a node is put
   /// together. LastPassedOver tells how many there were. White space between the tags of a branch is layout
   /// and not text, unless xml:space="preserve" on the node or above it says otherwise; under that, Save adds
-  /// no layout. Refused are entities that are not declared, a _NodeID that is not an int and a _NodeEscape
+  /// no layout. Refused are entities that are not declared, a _NodeID that is not an int (-1 is none, and is
+  /// not saved again) and a _NodeEscape
   /// that is not 1.
   [[nodiscard]] int load(const char* path, int);
   /// The encoding of all strings given and taken, of texts, attribute values, tags and names, and of what is

@@ -29,7 +29,7 @@ inline constexpr char kNodeEscape[] = "_NodeEscape";
 struct Name {
   std::uint32_t length;
   std::uint32_t hash;
-  mutable std::uint64_t stamp = 0;          // of the copy or the start tag that met the name last
+  mutable std::uint64_t stamp = 0;          // of the copy or start tag that used the name last
   mutable const Name* copied_as = nullptr;  // the name in the copy
   const char* text() const { return reinterpret_cast<const char*>(this + 1); }
   std::string_view view() const { return {text(), length}; }
@@ -204,7 +204,7 @@ class RYTREE_API Tree {
   const Name* InternNew(std::string_view name, const TextWords& words, std::uint32_t hash);
   // "xml:space", which says whether white space is text; null if the tree does not hold it.
   const Name* space_name() const { return space_name_; }
-  // Higher than the stamp of any name of the tree.
+  // A stamp higher than that of any name of the tree.
   std::uint64_t NewStamp() const { return ++stamps_; }
   std::uint32_t name_count() const { return name_count_; }
   std::size_t node_count() const { return node_count_; }
