@@ -2,6 +2,17 @@
 
 #include "call_arguments.h"
 
+namespace {
+
+/// Texts with a NUL for each 0 of the list.
+struct Texts : Strings {
+  explicit Texts(const std::string& list) : Strings(list) {
+    for (CString& text : array()) text.Replace('0', '\0');
+  }
+};
+
+}  // namespace
+
 TEST(Changes, MarkIsSetReadAndCleared) {
   RYXmlWrapperBase node = parse("<A OldName='n' Label='l'/>");
   EXPECT_EQ(rytree_node_changed(&node, 0, "old"), 0);
@@ -20,8 +31,9 @@ TEST(Changes, NodesAreMarkedAgainstAList) {
       A,,c,d,e | 1 | <R>r<A OldValue='A'>a</A><B>b<C>c</C></B><D>d</D></R>
       a,b      | 1 | <R>r<A>a</A><B OldValue='b'>b<C>c</C></B><D>d</D></R>
       ,,x      | 2 | <R>r<A OldValue=''>a</A><B>b<C OldValue='x'>c</C></B><D>d</D></R>
+      a0b      | 1 | <R>r<A OldValue='a\00b' _NodeEscape='1'>a</A><B>b<C>c</C></B><D>d</D></R>
                | 0 | <R>r<A>a</A><B>b<C>c</C></B><D>d</D></R>)")) {
-    Strings saved(strings);
+    Texts saved(strings);
     EXPECT_EQ(rytree_update_changes(&tree, &saved), std::stoi(changed));
     EXPECT_EQ(text(tree), text(parse(after)));
   }
@@ -38,9 +50,10 @@ TEST(Changes, NodesAreMarkedAgainstAList) {
 TEST(Changes, FirstDifferenceOfLists) {
   using R = Row<const char*, const char*, int, int>;
   for (const auto& [first, second, exact, ignoring_case] :
-       Rows{R{"a", "", -2, -2}, R{"a,b", "a,b", -1, -1}, R{"a,É,c", "a,é,d", 1, 2}}) {
-    Strings strings(first);
-    Strings others(second);
+       Rows{R{"a", "", -2, -2}, R{"a,b", "a,b", -1, -1}, R{"a,É,c", "a,é,d", 1, 2},
+            R{"a0b0,a0b", "a0B0,a0c", 0, 1}, R{"a0b", "A", 0, 0}}) {
+    Texts strings(first);
+    Texts others(second);
     EXPECT_EQ(ryget_changed(&strings, &others, 256), exact);
     EXPECT_EQ(ryget_changed(&strings, &others, 0), ignoring_case);
   }
