@@ -4,8 +4,6 @@
 
 #include "call_arguments.h"
 
-namespace {
-
 TEST(Apply, WritesValuesByIds) {
   // The tree, the IDs and their values, the result, the tree after it, and: the repeat in force, "reset" for both options,
   // "No" for that ID attribute.
@@ -101,7 +99,7 @@ TEST(Apply, TakesDecorationsOffOneByOne) {
 TEST(Apply, AnIdTwiceIsADuplicateOnlyWhereAsked) {
   RYXmlWrapperBase tree = parse_ids("<R><a #5/></R>");
   CArray<int, int> ids = Ints("7,200,5,5,200").array();
-  CStringArray values = listed("a,x,first,second,y");
+  CStringArray values = items_of("a,x,first,second,y");
   CString error("former");
   int duplicate = -9;
   EXPECT_EQ(vctree_set_values_by_ids(&tree, &ids, &values, 3, &duplicate, 0, nullptr, &error), -4);
@@ -127,5 +125,3 @@ TEST(Apply, RefusesBadArguments) {
       with_bad(vctree_set_values_by_ids, &tree, &ids.array(), &one.array(), 0, nullptr, 0, "x", nullptr),
       "-1 -1,-1,-1,0,1,0");
 }
-
-}  // namespace

@@ -13,11 +13,10 @@ TEST(AutoSupport, StringsMade) {
 
 TEST(AutoSupport, StringsRead) {
   // The result, the state, the label and the number.
-  using R = Row<Text, Text>;
   for (const auto& [string, expected] :
-       Rows{R{"1||-99999999999999999999", "1 1  -2147483648"}, R{"5", "1 5 Auto 1"},
-            R{" -2x|\"a|b\"|y|4", "1 -2 \"a|b\" 0"}, R{"", "0 77 old 77"},
-            R{"99999999999|A|-2", "1 2147483647 A -2"}, R{"1|\"A|2", "0 77 old 77"}}) {
+       Rows{Row{"1||-99999999999999999999", "1 1  -2147483648"}, Row{"5", "1 5 Auto 1"},
+            Row{" -2x|\"a|b\"|y|4", "1 -2 \"a|b\" 0"}, Row{"", "0 77 old 77"},
+            Row{"99999999999|A|-2", "1 2147483647 A -2"}, Row{"1|\"A|2", "0 77 old 77"}}) {
     int state = 77;
     int number = 77;
     CString label("old");
@@ -47,13 +46,12 @@ TEST(AutoSupport, Set) {
 }
 
 TEST(AutoSupport, GetAndReset) {
-  using R = Row<Text, int, Text, int, Text>;
   for (const auto& [before, state, label, number, reset] :
-       Rows{R{"<A/>", 0, "old", 77, "<A/>"}, R{"<A Auto=''/>", 0, "old", 77, "<A Auto=''/>"},
-            R{"<A Auto='0|A|2'/>", -1, "A", 2, "<A Auto='0|A|2'/>"},
-            R{"<A Auto='1|A|2|3'/>", 1, "A", 2, "<A Auto='0|A|2'/>"},
-            R{"<A Auto='5'/>", 5, "Auto", 1, "<A Auto='0|Auto|1'/>"},
-            R{"<A Auto='1|A|-1'/>", 1, "A", -1, "<A Auto='0|A|-1'/>"}}) {
+       Rows{Row{"<A/>", 0, "old", 77, "<A/>"}, Row{"<A Auto=''/>", 0, "old", 77, "<A Auto=''/>"},
+            Row{"<A Auto='0|A|2'/>", -1, "A", 2, "<A Auto='0|A|2'/>"},
+            Row{"<A Auto='1|A|2|3'/>", 1, "A", 2, "<A Auto='0|A|2'/>"},
+            Row{"<A Auto='5'/>", 5, "Auto", 1, "<A Auto='0|Auto|1'/>"},
+            Row{"<A Auto='1|A|-1'/>", 1, "A", -1, "<A Auto='0|A|-1'/>"}}) {
     RYXmlWrapperBase node = parse(before);
     CString label_read("old");
     int number_read = 77;
@@ -77,10 +75,9 @@ TEST(AutoSupport, NoNode) {
 TEST(EntireWorksheet, ThreeStates) {
   RYXmlWrapperBase node = parse("<A _EntireWorksheet='9'/>");
   EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), -1);
-  using R = Row<int, Text, int>;
   for (const auto& [state, xml, read] :
-       Rows{R{1, "<A _EntireWorksheet=\"1\"/>", 1}, R{-1, "<A _EntireWorksheet=\"0\"/>", -1},
-            R{5, "<A _EntireWorksheet=\"0\"/>", -1}, R{0, "<A/>", 0}}) {
+       Rows{Row{1, "<A _EntireWorksheet=\"1\"/>", 1}, Row{-1, "<A _EntireWorksheet=\"0\"/>", -1},
+            Row{5, "<A _EntireWorksheet=\"0\"/>", -1}, Row{0, "<A/>", 0}}) {
     rytree_composite_range_set_entire_worksheet_support(&node, state);
     EXPECT_EQ(text(node), xml);
     EXPECT_EQ(rytree_composite_range_get_entire_worksheet_support(&node), read);

@@ -20,7 +20,7 @@ TEST(Bulk, ListsAttributes) {
             R{vctree_get_attributes, "k", false, "0,a,,c,c,,a,,,i,,k"},
             R{vctree_get_attributes, "k", true, "0,a,a,,,i"},
             R{vctree_get_attributes, nullptr, true, "0,,,,,"}}) {
-    CStringArray values = listed("0");
+    CStringArray values = items_of("0");
     EXPECT_EQ(get(&tree, &values, attribute, children_only), 0);
     EXPECT_EQ(list_of(values), expected);
   }

@@ -9,7 +9,7 @@
 #include "tree_text.h"
 
 /// The items of a list "a,b", so many times; "" is an empty list.
-inline CStringArray listed(const std::string& list, int times = 1) {
+inline CStringArray items_of(const std::string& list, int times = 1) {
   CStringArray once;
   CStringArray items;
   ryutilsGetTokens(list.c_str(), &once, ',', nullptr, 0, 0);
@@ -23,7 +23,7 @@ class Holding : public HostArrayObject {
  public:
   explicit Holding(const std::string& list = "", int times = 1) {
     using Item = std::remove_cvref_t<decltype(array()[0])>;
-    for (const CString& item : listed(list, times)) {
+    for (const CString& item : items_of(list, times)) {
       if constexpr (std::is_same_v<Item, CString>) {
         array().Add(item);
       } else {
@@ -65,7 +65,7 @@ std::string with_bad(Result (*function)(Parameter...), std::type_identity_t<Para
     void* GetInternalArray(int /*code*/, void* /*scratch*/) override { return nullptr; }
   };
   std::string results;
-  const auto call = [&](auto& place, auto bad, const char* separator) {
+  const auto call = [&](auto& place, auto bad, [[maybe_unused]] const char* separator) {
     const auto good = std::exchange(place, bad);
     if constexpr (std::is_void_v<Result>) {
       function(given...);

@@ -48,10 +48,9 @@ TEST(Changes, NodesAreMarkedAgainstAList) {
 }
 
 TEST(Changes, FirstDifferenceOfLists) {
-  using R = Row<const char*, const char*, int, int>;
   for (const auto& [first, second, exact, ignoring_case] :
-       Rows{R{"a", "", -2, -2}, R{"a,b", "a,b", -1, -1}, R{"a,É,c", "a,é,d", 1, 2},
-            R{"a0b0,a0b", "a0B0,a0c", 0, 1}, R{"a0b", "A", 0, 0}}) {
+       Rows{Row{"a", "", -2, -2}, Row{"a,b", "a,b", -1, -1}, Row{"a,É,c", "a,é,d", 1, 2},
+            Row{"a0b0,a0b", "a0B0,a0c", 0, 1}, Row{"a0b", "A", 0, 0}}) {
     Texts strings(first);
     Texts others(second);
     EXPECT_EQ(ryget_changed(&strings, &others, 256), exact);

@@ -17,39 +17,29 @@ int number_of(const RYXmlWrapperBase& node, Text attribute) {
 // The tags and texts of all children.
 std::string texts(RYXmlWrapperBase node) {
   std::string result;
-  CString read;
-  for (node.FirstChild(node); node.IsNodeValid() != 0; node.NextSibling(node)) {
-    node.NodeValue(read, 1, 1, nullptr);
-    result.append(tag(node)).append(read).append(" ");
-  }
+  for (node.FirstChild(node); node.IsNodeValid() != 0; node.NextSibling(node))
+    result += tag(node) + own_text(node) + " ";
   return result;
 }
 
 TEST(CompositeRange, Layouts) {
-  // The type, the two IDs, and tag, label and DataID of each sub-node.
+  // The type, the two IDs of a range, and its sub-nodes, without their action IDs.
   for (const auto& [type, id, action, layout] : rows<4>(R"(
-      2 | 44 | 1001 | X X 51 Y Y 52 ED Error 53
-      3 | 52 | 1002 | X X 51 Y Y 52 Z Z 54
-      4 | 58 | 1003 | X X 51 Y Y 52 Y Y2 52
-      7 | -1 | 1001 | X X 51 Y Y 52 ED Error 53 EI Error_Index 56
-      -2147483648 | -1 | 1000 | X X 51 Y Y 52)")) {
+      2 | 44 | 1001 | <X@55 Label='X' #51$/><Y@55 Label='Y' #52$/><ED@55 Label='Error' #53$ Show='0'/>
+      3 | 52 | 1002 | <X@55 Label='X' #51$/><Y@55 Label='Y' #52$/><Z@55 Label='Z' #54$/>
+      4 | 58 | 1003 | <X@55 Label='X' #51$/><Y@55 Label='Y' #52$/><Y@55 Label='Y2' #52$/>
+      7 | -1 | 1001 | <X@55 Label='X' #51$/><Y@55 Label='Y' #52$/><ED@55 Label='Error' #53$ Show='0'/>\
+          <EI@55 Label='Error Index' #56$/>
+      -2147483648 | -1 | 1000 | <X@55 Label='X' #51$/><Y@55 Label='Y' #52$/>)")) {
     RYXmlWrapperBase tree = parse("<T/>");
     EXPECT_EQ(rytree_create_composite_range_node(&tree, &tree, "C", "L", 2, std::stoi(type), "D"), 1);
-    std::istringstream in(layout);
-    CString inside;
-    std::string data;
-    for (std::string name, label; in >> name >> label >> data;)
-      inside.AppendFormat("<%s _NodeID='55' Label='%s' DataID='%s' _ACTION_OBJECT_ID='1004'%s/>",
-                          name.c_str(), label.c_str(), data.c_str(), name == "ED" ? " Show='0'" : "");
-    inside.Replace("Error_Index", "Error Index");
+    CString inside(layout.c_str());
+    inside.Replace("$", " _ACTION_OBJECT_ID='1004'");
     CString xml;
     for (int n = 1; n <= 2; ++n)
-      xml.AppendFormat(
-          "<Range%d _NodeID='%s' Label='Range %d' Branch='0' RepeatID='%d' "
-          "_ACTION_OBJECT_ID='%s'>%s</Range%d>",
-          n, id.c_str(), n, 112 + 16 * n, action.c_str(), inside.GetString(), n);
-    EXPECT_EQ(text(tree),
-              text(parse("<C _NodeID='" + id + "' Label='L' Data='D'>" + xml.GetString() + "</C>")));
+      xml.AppendFormat("<Range%d@%s Label='Range %d' Branch='0' ^%d _ACTION_OBJECT_ID='%s'>%s</Range%d>", n,
+                       id.c_str(), n, 112 + 16 * n, action.c_str(), inside.GetString(), n);
+    EXPECT_EQ(text(tree), text(parse_ids("<C@" + id + " Label='L' Data='D'>" + xml.GetString() + "</C>")));
   }
 }
 
@@ -84,11 +74,10 @@ TEST(CompositeRange, RepeatNumberAfterASibling) {
 
 TEST(CompositeRange, InteractiveOptions) {
   // Options of the parent and the range, "Show" of "ED", and what is handed down.
-  using R = Row<int, int, int, int>;
   for (const auto& [above, own, show, down] :
-       Rows{R{kNone, kNone, 0, kNone}, R{32, kNone, kNone, kNone}, R{kNone, 32, kNone, kNone},
-            R{0, 32, 0, kNone}, R{64, 0x8020, 0, kNone}, R{0x8000, kNone, 0, 0x8000},
-            R{0x8021, 7, kNone, 0x8000}, R{kNone, 0x8020, kNone, 0x8000}}) {
+       Rows{Row{kNone, kNone, 0, kNone}, Row{32, kNone, kNone, kNone}, Row{kNone, 32, kNone, kNone},
+            Row{0, 32, 0, kNone}, Row{64, 0x8020, 0, kNone}, Row{0x8000, kNone, 0, 0x8000},
+            Row{0x8021, 7, kNone, 0x8000}, Row{kNone, 0x8020, kNone, 0x8000}}) {
     RYXmlWrapperBase tree = parse("<C><R><Old/></R></C>");
     RYXmlWrapperBase range = at(tree, {0});
     if (above != kNone) tree.SetPropertyValue("InteractiveOptions", above);
@@ -115,15 +104,14 @@ TEST(CompositeRange, Renumbered) {
 
 TEST(CompositeRange, ValuesWrittenAndRead) {
   // `reset` 2: nothing is written. The texts of the children after it, and those read from "abc".
-  using R = Row<Text, int, int, int, int, Text, Text>;
   for (const auto& [xml, type, combine, reset, result, after, values] :
-       Rows{R{"<R>t<X>8</X></R>", 2, 0, 1, 1, "X1 Y2 ED3 ", "123"},
-            R{"<R/>", 4, 1, 1, 1, "X1 Y2,3 Y ", "12,3"}, R{"<R/>", 7, 0, 1, 0, "X1 Y2 ED EI ", "12c"},
-            R{"<R><Y>8</Y><Q>9</Q></R>", 4, 0, 0, 1, "Y2 Q3 X1 Y Y ", "123"},
-            R{"<R><X>8</X><Z>9</Z></R>", 3, 1, 0, 1, "X1 Z3 X Y2 Z ", "123"},
-            R{"<R><Z/><X/><Y>2</Y></R>", 4, 0, 2, 1, "Z X Y2 ", "2c"},
-            R{"<R><X>1</X><ED/></R>", 2, 0, 2, 0, "X1 ED ", "1bc"},
-            R{"<R><Y>1</Y><Z/></R>", 0, 0, 2, 0, "Y1 Z ", "abc"}}) {
+       Rows{Row{"<R>t<X>8</X></R>", 2, 0, 1, 1, "X1 Y2 ED3 ", "123"},
+            Row{"<R/>", 4, 1, 1, 1, "X1 Y2,3 Y ", "12,3"}, Row{"<R/>", 7, 0, 1, 0, "X1 Y2 ED EI ", "12c"},
+            Row{"<R><Y>8</Y><Q>9</Q></R>", 4, 0, 0, 1, "Y2 Q3 X1 Y Y ", "123"},
+            Row{"<R><X>8</X><Z>9</Z></R>", 3, 1, 0, 1, "X1 Z3 X Y2 Z ", "123"},
+            Row{"<R><Z/><X/><Y>2</Y></R>", 4, 0, 2, 1, "Z X Y2 ", "2c"},
+            Row{"<R><X>1</X><ED/></R>", 2, 0, 2, 0, "X1 ED ", "1bc"},
+            Row{"<R><Y>1</Y><Z/></R>", 0, 0, 2, 0, "Y1 Z ", "abc"}}) {
     RYXmlWrapperBase range = parse(xml);
     if (reset != 2) {
       EXPECT_EQ(vctree_set_composite_subrange_values(range, "1", "2", "3", 9, type, combine, reset), result);
@@ -141,9 +129,9 @@ TEST(CompositeRange, PlainWrite) {
   RYXmlWrapperBase tree = parse("<C><R RepeatID='1'/><R A='1'>t<X>8</X><X>9</X></R></C>");
   RYXmlWrapperBase range = at(tree, {1});
   EXPECT_EQ(rytree_set_composite_subrange_values(&range, "1", nullptr, "3", 5), 0);
-  EXPECT_EQ(text(range), text(parse("<R A='1' RepeatID='17' _ACTION_OBJECT_ID='1000'>"
-                                    "<X _NodeID='55' Label='X' DataID='51' _ACTION_OBJECT_ID='1004'>1</X>"
-                                    "<Y _NodeID='55' Label='Y' DataID='52' _ACTION_OBJECT_ID='1004'/></R>")));
+  EXPECT_EQ(text(range), text(parse_ids("<R A='1' ^17 _ACTION_OBJECT_ID='1000'>"
+                                        "<X@55 Label='X' #51 _ACTION_OBJECT_ID='1004'>1</X>"
+                                        "<Y@55 Label='Y' #52 _ACTION_OBJECT_ID='1004'/></R>")));
 }
 
 }  // namespace

@@ -136,19 +136,4 @@ TEST(CopyById, AHookRewritesValuesAtAndBelowItsNode) {
   }
 }
 
-TEST(CopyById, WideTrees) {
-  RYXmlWrapperBase wide;
-  RYXmlWrapperBase none;
-  wide.CreateNew(0, nullptr);
-  none.CreateNew(0, nullptr);
-  for (int id = 0; id < 100000; ++id) {
-    RYXmlWrapperBase made;
-    wide.AddTextNode(made, id % 2 == 0 ? "" : "v", "a", -1, 0, nullptr);
-    made.SetDataID(id);
-  }
-  EXPECT_EQ(rytree_whole_copy_values_by_id(&wide, &none), 100000);
-  EXPECT_EQ(rytree_copy_values_by_id(&wide, &none, 0, nullptr, nullptr, 1, 0, 1), 50000);
-  EXPECT_EQ(rytree_remove_unchange_nodes_by_id(&wide, &none, nullptr, nullptr), 100000);
-}
-
 }  // namespace

@@ -1,7 +1,6 @@
 // Enumerated names and nodes.
 #include <rytree_Utils/enumerate.h>
 
-#include <chrono>
 #include <climits>
 
 #include "call_arguments.h"
@@ -70,19 +69,6 @@ TEST(EnumNames, CarryLetters) {
   for (const auto& [index, wanted] :
        Rows<int, const char*>{{25, "Z"}, {26, "AA"}, {51, "AZ"}, {52, "BA"}, {701, "ZZ"}, {702, "AAA"}})
     EXPECT_EQ(tag(at(tree, {index})), wanted);
-}
-
-TEST(EnumNames, CostAsMuchAsThereAreChildren) {
-  using Clock = std::chrono::steady_clock;
-  RYXmlWrapperBase tree = parse("<R><N/></R>");
-  RYXmlWrapperBase child;
-  const auto start = Clock::now();
-  for (int i = 1; i < 30000; ++i) tree.AddNode(child, ("N" + std::to_string(i)).c_str(), -1);
-  const auto built = Clock::now();
-  CString name;
-  rytree_get_enum_node_name(&tree, &name, "n");
-  EXPECT_STREQ(name, "n30000");
-  EXPECT_LT(Clock::now() - built, 20 * (built - start));
 }
 
 TEST(EnumNodes, HaveSetIds) {

@@ -5,13 +5,12 @@
 #include "tree_text.h"
 
 TEST(EscapedString, Pieces) {
-  using R = Row<int, int, char, char, int, char, int, Text>;
   for (const auto& [number, dot, kind, suffix, option, type, suffix_number, expected] :
-       Rows{R{1, 0, '\0', '\0', 0, '\0', 0, "?$OP:A=1"}, R{2, 1, 'P', '\0', 0, '\0', 0, "?$OP:P=.2"},
-            R{4, 0, 'P', 'W', 1, '\0', 1, "?$OP:P G=4W1"},
-            R{4, 0, 'P', '\0', 0x30002, '\0', 7, "?$OP:P (3)=4"},
-            R{4, -1, 'P', 'X', 0x10003, '\0', -2, "?$OP:P=.4X"},
-            R{INT_MIN, 1, '%', '%', INT_MIN + 1, '%', INT_MAX, "?$OP:%=%-2147483648%2147483647"}}) {
+       Rows{Row{1, 0, '\0', '\0', 0, '\0', 0, "?$OP:A=1"}, Row{2, 1, 'P', '\0', 0, '\0', 0, "?$OP:P=.2"},
+            Row{4, 0, 'P', 'W', 1, '\0', 1, "?$OP:P G=4W1"},
+            Row{4, 0, 'P', '\0', 0x30002, '\0', 7, "?$OP:P (3)=4"},
+            Row{4, -1, 'P', 'X', 0x10003, '\0', -2, "?$OP:P=.4X"},
+            Row{INT_MIN, 1, '%', '%', INT_MIN + 1, '%', INT_MAX, "?$OP:%=%-2147483648%2147483647"}}) {
     CString out("old");
     report_get_escaped_data_string(&out, number, dot, kind, suffix, option, type, suffix_number);
     EXPECT_EQ(out, expected);

@@ -20,13 +20,12 @@ TEST(Filter, TestsTheTextsBelow) {
   const RYXmlWrapperBase tree = parse_ids(
       "<R><A #1><t #2>x</t><t #3>p</t></A><B #1><t #2>X<u><t #2>é</t></u></t><t #3>p</t><t #3>Q</t></B>"
       "<C #1/><D #2>x<E #1><t #2>z</t></E></D><F #1><G #1><t #2>x</t></G></F><H #1><t #2/></H></R>");
-  using R = Row<int, Text, int, Text, Text>;
   for (const auto& [include, in, exclude, out, left] :
-       Rows{R{0, "x,É", 1, "", "BD"}, R{1, "x,é", 2, "", "ABDFG"}, R{0, ",", 1, "", "DH"},
-            R{2, "", 1, "", "D"}, R{0, "", 0, "", "D"}, R{0, "x", 0, "p", "ADFG"},
-            R{1, "x,É,z", 0, "p", "ABDEFG"}, R{0, "", 1, "P", "CDEFGH"}, R{0, "", 1, "r,q", "ACDEFGH"},
-            R{0, "", 2, "q,p", "ACDEFGH"}, R{0, "", 2, "p,r", "ABCDEFGH"}, R{0, "", 3, "", "D"},
-            R{-1, "x", 1, "", "D"}, R{1, "x", 1, "q", "ADFG"}}) {
+       Rows{Row{0, "x,É", 1, "", "BD"}, Row{1, "x,é", 2, "", "ABDFG"}, Row{0, ",", 1, "", "DH"},
+            Row{2, "", 1, "", "D"}, Row{0, "", 0, "", "D"}, Row{0, "x", 0, "p", "ADFG"},
+            Row{1, "x,É,z", 0, "p", "ABDEFG"}, Row{0, "", 1, "P", "CDEFGH"}, Row{0, "", 1, "r,q", "ACDEFGH"},
+            Row{0, "", 2, "q,p", "ACDEFGH"}, Row{0, "", 2, "p,r", "ABCDEFGH"}, Row{0, "", 3, "", "D"},
+            Row{-1, "x", 1, "", "D"}, Row{1, "x", 1, "q", "ADFG"}}) {
     for (const int repeats : {1, 9}) {  // the same texts again change nothing
       RYXmlWrapperBase copy;
       tree.Clone(copy, 1);
@@ -42,11 +41,10 @@ TEST(Filter, TestsOneAttribute) {
   const RYXmlWrapperBase tree = parse_ids(
       "<R><A #1 k='Énd'/><B #1 k='xénd'/><C #1><I #1 k='én'/></C><D><E #1 k='éND'><J #1/></E></D><F/></R>");
   // At the start or anywhere; -1 marks a pattern.
-  const Rows<Text, int, int, Text> cases = {
-      {"én", 0, 0, "ABDEJF"}, {"én", 0, 1, "ADEJF"}, {"én", 1, 0, "BDF"},    {"É", 1, 1, "ADF"},
-      {"", 0, 1, "ABDEJF"},   {"NDx", 0, 0, "DF"},   {"*nd", 1, -1, "ABDF"}, {"é*", 0, -1, "ADEJF"},
-      {"é*", 1, -1, "DEJF"},  {"*", 0, -1, "ABDEJF"}};
-  for (const auto& [wanted, flag, at_start, left] : cases) {
+  for (const auto& [wanted, flag, at_start, left] :
+       Rows{Row{"én", 0, 0, "ABDEJF"}, Row{"én", 0, 1, "ADEJF"}, Row{"én", 1, 0, "BDF"},
+            Row{"É", 1, 1, "ADF"}, Row{"", 0, 1, "ABDEJF"}, Row{"NDx", 0, 0, "DF"}, Row{"*nd", 1, -1, "ABDF"},
+            Row{"é*", 0, -1, "ADEJF"}, Row{"é*", 1, -1, "DEJF"}, Row{"*", 0, -1, "ABDEJF"}}) {
     RYXmlWrapperBase copy;
     tree.Clone(copy, 1);
     EXPECT_EQ(at_start < 0 ? rytree_filter_by_attrib_match(&copy, 1, "k", wanted, flag)

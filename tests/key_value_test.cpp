@@ -4,10 +4,9 @@
 #include "call_arguments.h"
 
 TEST(KeyValue, IsWritten) {
-  using R = Row<Text, int, Text>;
-  for (const auto& [xml, result, wanted] :
-       Rows{R{"<R><a>1</a><b>2</b></R>", 1, "a=1,b=2,"},
-            R{"<R>t<a k='1'/><b>x<c>y</c></b></R>", 1, "a=,b=x,"}, R{"<R/>", 0, ""}, R{"<R>t</R>", 0, ""}}) {
+  for (const auto& [xml, result, wanted] : Rows{Row{"<R><a>1</a><b>2</b></R>", 1, "a=1,b=2,"},
+                                                Row{"<R>t<a k='1'/><b>x<c>y</c></b></R>", 1, "a=,b=x,"},
+                                                Row{"<R/>", 0, ""}, Row{"<R>t</R>", 0, ""}}) {
     RYXmlWrapperBase tree = parse(xml);
     CString line("old");
     EXPECT_EQ(rytree_branch_to_key_value_pairs_str(&tree, &line, '=', ','), result);

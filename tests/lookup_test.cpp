@@ -39,12 +39,9 @@ TEST(Numbers, CounterAndLevels) {
 }
 
 TEST(Ids, NodeIdOrDataId) {
-  RYXmlWrapperBase tree = parse(
-      "<R _NodeID=\"1\" DataID=\"1\"><A _NodeID=\"5\" DataID=\"2\"><B DataID=\"5\"/><C _NodeID=\"3\"/></A>"
-      "<D DataID=\"3\"/></R>");
-  using R = Row<int, bool, Text>;
+  RYXmlWrapperBase tree = parse_ids("<R@1 #1><A@5 #2><B #5/><C@3/></A><D #3/></R>");
   for (const auto& [id, recursive, found] :
-       Rows{R{5, true, "A"}, R{2, false, "A"}, R{3, true, "C"}, R{3, false, "D"}, R{1, true, ""}}) {
+       Rows{Row{5, true, "A"}, Row{2, false, "A"}, Row{3, true, "C"}, Row{3, false, "D"}, Row{1, true, ""}}) {
     RYXmlWrapperBase out;
     EXPECT_EQ(rytree_get_node_by_id(&tree, &out, id, recursive), *found != 0);
     EXPECT_EQ(tag(out), found);
@@ -68,12 +65,12 @@ TEST(Tags, StartNodeFirst) {
 TEST(Root, FromBelow) {
   RYXmlWrapperBase tree = parse("<R><A><B/></A></R>");
   RYXmlWrapperBase node = at(tree, {0, 0});
-  RYXmlWrapperBase invalid;
-  for (RYXmlWrapperBase* const start : {&node, &invalid}) {
+  RYXmlWrapperBase none;
+  for (RYXmlWrapperBase* const start : {&node, &none}) {
     EXPECT_EQ(rytree_get_root_node(start, &node), 1);
     EXPECT_EQ(node, tree);
   }
-  EXPECT_EQ(rytree_get_root_node(&invalid, &invalid), 0);
+  EXPECT_EQ(rytree_get_root_node(&none, &none), 0);
 }
 
 TEST(CheckGet, ByTag) {
@@ -82,7 +79,7 @@ TEST(CheckGet, ByTag) {
        Rows{R{"A", 7, "k", "v", "<R><A k=\"v\"/><A/></R>"}, R{"A", 0, nullptr, "v", "<R><A/><A/></R>"},
             R{"B", 0, "k", "v", "<R><A/><A/><B k=\"v\"/></R>"}, R{"B", -1, "", "v", "<R><A/><A/><B/></R>"},
             R{"a", 0, "k", nullptr, "<R><A/><A/><a/></R>"}, R{"1", 0, "k", "v", "<R><A/><A/></R>"},
-            R{"B", 11, "k", "", "<R><A/><A/><B _NodeID=\"11\"/></R>"}}) {
+            R{"B", 11, "k", "", "<R><A/><A/><B@11/></R>"}}) {
     const RYXmlWrapperBase tree = parse("<R><A/><A/></R>");
     RYXmlWrapperBase parent(tree);
     RYXmlWrapperBase out(tree);
@@ -91,15 +88,14 @@ TEST(CheckGet, ByTag) {
     EXPECT_EQ(tag(out), made ? wanted : "");
     EXPECT_EQ(rytree_tree_check_get_node(&parent, &parent, wanted, id, attribute, value, 1), made);
     EXPECT_EQ(parent, out);
-    EXPECT_EQ(text(tree), xml);
+    EXPECT_EQ(text(tree), text(parse_ids(xml)));
   }
 }
 
 TEST(CheckGet, ByAttribute) {
   const RYXmlWrapperBase tree = parse("<R><A k=\"a\"><B k=\"two b\"/></A></R>");
-  using R = Row<Text, int, Text>;
   for (const auto& [value, find, found] :
-       Rows{R{"a", 0, "A"}, R{"two b", 1, "B"}, R{"two b", 0, "two_b"}, R{"A", 1, "A"}}) {
+       Rows{Row{"a", 0, "A"}, Row{"two b", 1, "B"}, Row{"two b", 0, "two_b"}, Row{"A", 1, "A"}}) {
     RYXmlWrapperBase node(tree);
     EXPECT_TRUE(rytree_tree_check_get_node_by_attribute(&node, &node, "k", value, find));
     EXPECT_EQ(tag(node), found);
@@ -108,24 +104,22 @@ TEST(CheckGet, ByAttribute) {
 }
 
 TEST(CheckGet, ByDataId) {
-  using R = Row<int, Text, Text>;
   for (const auto& [id, found, made] :
-       Rows{R{2, "A", ""}, R{3, "N", "<N k=\"v\" DataID=\"3\"/>"}, R{0, "N", "<N k=\"v\"/>"}}) {
-    RYXmlWrapperBase tree = parse("<R><A DataID=\"2\"><C DataID=\"3\"/></A></R>");
+       Rows{Row{2, "A", ""}, Row{3, "N", "<N k=\"v\" #3/>"}, Row{0, "N", "<N k=\"v\"/>"}}) {
+    RYXmlWrapperBase tree = parse_ids("<R><A #2><C #3/></A></R>");
     RYXmlWrapperBase out;
     // A valid handle, which the second call gets, is taken as found.
     for (const int wanted : {id, 9})
       EXPECT_TRUE(rytree_check_get_node_by_dataid(&tree, &out, "N", wanted, "k", "v"));
     EXPECT_EQ(tag(out), found);
-    EXPECT_EQ(text(tree), std::string("<R><A DataID=\"2\"><C DataID=\"3\"/></A>") + made + "</R>");
+    EXPECT_EQ(text(tree), text(parse_ids("<R><A #2><C #3/></A>" + std::string(made) + "</R>")));
   }
 }
 
 TEST(Find, ValueDepthAndRepeat) {
-  const RYXmlWrapperBase tree = parse(
-      "<R DataID=\"7\"><P DataID=\"7\" RepeatID=\"6\"><Q DataID=\"7\"/></P><S DataID=\"7\" RepeatID=\"5\"/>"
-      "<T DataID=\"x\"><U><V DataID=\"8\"/></U><W DataID=\"9\" RepeatID=\"40000\"/></T>"
-      "<X RepeatID=\"40000\" DataID=\"1\"/></R>");
+  const RYXmlWrapperBase tree = parse_ids(
+      "<R #7><P #7 ^6><Q #7/></P><S #7 ^5/><T DataID=\"x\"><U><V #8/></U><W #9 ^40000/></T><X ^40000 "
+      "#1/></R>");
   using R = Row<int, bool, int, int, Text>;
   for (const auto& [value, recursive, depth, repeat, found] :
        Rows{R{7, false, 0, 0, "P"}, R{7, false, 0, 5, "S"}, R{7, false, 0, 6, "P"}, R{7, true, 0, 5, "Q"},
@@ -139,16 +133,13 @@ TEST(Find, ValueDepthAndRepeat) {
 }
 
 TEST(Find, ChainOfAncestors) {
-  const RYXmlWrapperBase tree = parse(
-      "<R><O><G DataID=\"7\"><P DataID=\"3\" RepeatID=\"1\"><X DataID=\"5\"/></P><Q DataID=\"3\" "
-      "RepeatID=\"2\">"
-      "<Y DataID=\"5\"><Z DataID=\"6\"/></Y></Q></G></O><H DataID=\"8\" RepeatID=\"2\"/></R>");
-  using R = Row<int, int, int, int, int, int, Text>;
+  const RYXmlWrapperBase tree =
+      parse_ids("<R><O><G #7><P #3 ^1><X #5/></P><Q #3 ^2><Y #5><Z #6/></Y></Q></G></O><H #8 ^2/></R>");
   for (const auto& [id, parent, repeat, grandparent, top, result, found] :
-       Rows{R{6, 0, -1, 0, -1, 0, "Z"}, R{5, 3, 2, 0, -1, 0, "X"}, R{5, 3, 2, 7, -1, 0, "Y"},
-            R{6, 3, 2, 7, -1, 6, "Q"}, R{6, 3, -1, 0, -1, 6, "P"}, R{5, 4, -1, 7, -1, 4, "G"},
-            R{5, 3, -1, 8, 1, 8, "R"}, R{5, 3, 9, 7, -1, 3, "G"}, R{5, 0, -1, 7, -1, -2, "R"},
-            R{0, 3, -1, 7, -1, -2, "R"}, R{5, 3, -1, 8, 2, 3, "H"}, R{5, 3, -1, 9, -1, 9, "R"}}) {
+       Rows{Row{6, 0, -1, 0, -1, 0, "Z"}, Row{5, 3, 2, 0, -1, 0, "X"}, Row{5, 3, 2, 7, -1, 0, "Y"},
+            Row{6, 3, 2, 7, -1, 6, "Q"}, Row{6, 3, -1, 0, -1, 6, "P"}, Row{5, 4, -1, 7, -1, 4, "G"},
+            Row{5, 3, -1, 8, 1, 8, "R"}, Row{5, 3, 9, 7, -1, 3, "G"}, Row{5, 0, -1, 7, -1, -2, "R"},
+            Row{0, 3, -1, 7, -1, -2, "R"}, Row{5, 3, -1, 8, 2, 3, "H"}, Row{5, 3, -1, 9, -1, 9, "R"}}) {
     RYXmlWrapperBase out(tree);
     EXPECT_EQ(rytree_find_node_ex(&out, &out, "DataID", id, parent, repeat, grandparent, top), result);
     EXPECT_EQ(tag(out), found);
@@ -159,19 +150,17 @@ TEST(Find, ChainOfAncestors) {
 }
 
 TEST(RepeatId, WrittenWithoutBoundReadWithOne) {
-  using R = Row<int, int, int>;
   for (const auto& [written, valid, read] :
-       Rows{R{1, 1, 1}, R{32767, 1, 32767}, R{32768, 0, 32768}, R{0, 0, -1}, R{-7, 0, -1}}) {
+       Rows<int, int, int>{{1, 1, 1}, {32767, 1, 32767}, {32768, 0, 32768}, {0, 0, -1}, {-7, 0, -1}}) {
     RYXmlWrapperBase node = parse("<R RepeatID=\"3\"/>");
     int id = 77;
     EXPECT_EQ(VCTreeSetRepeatId(node, written), 1);
     EXPECT_EQ(VCTreeGetRepeatId(node, id), valid);
     EXPECT_EQ(id, read);
+    node.SetPropertyValue("RepeatID", 0);
+    EXPECT_EQ(VCTreeGetRepeatId(node, id), 0);
+    EXPECT_EQ(id, 0);
   }
-  RYXmlWrapperBase zero = parse("<R RepeatID=\"0\"/>");
-  int id = 77;
-  EXPECT_EQ(VCTreeGetRepeatId(zero, id), 0);
-  EXPECT_EQ(id, 0);
 }
 
 TEST(TagPath, ReadingMakesNothingWritingMakesThePath) {

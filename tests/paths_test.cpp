@@ -12,27 +12,27 @@ TEST(Row, IsFoundByPath) {
   for (const auto& [path, row] : cases) EXPECT_EQ(rytree_get_row_number(&tree, path), row);
 }
 
-// The level of C by the options of A, B. and C. X is beside B.; "-" is a null root, "dead" an invalid one.
+// The level of C by the options ("=") of A, B. and C. X is beside B.; "-" is a null root, "dead" an invalid one.
 TEST(Level, IsCountedFromTheStop) {
-  for (const auto& [options, root, stop, level, path, stop_tag] : rows<6>(R"(
-      -1 1 -2 | -    | 1 | 2  | A.B..C | -
-      0 0 0   | A    | 1 | 2  | A.B..C | A
-      0 0 0   | C    | 1 | 0  | C      | C
-      0 0 0   | X    | 1 | -1 | old    | X
-      0 0 0   | dead | 1 | -1 | old    |
-      2 1 0   | A    | 3 | 1  | B..C   | B.
-      0 0 1   | A    | 1 | 0  | C      | C
-      1 0 0   | B.   | 1 | 1  | B..C   | B.
-      1 0 -1  | C    | 1 | -1 | old    | C
-      1 -1 -1 | B.   | 0 | 1  | B..C   | B.
-      0 -2 0  | B.   | 1 | -1 | old    | B.
-      1 -2 -3 | C    | 1 | 2  | A.B..C | A)")) {
-    RYXmlWrapperBase tree = parse("<A><B.><C/></B.><X/></A>");
-    RYXmlWrapperBase node;
+  for (const auto& [xml, root, stop, level, path, stop_tag] : rows<6>(R"(
+      <A ='-1'><B. ='1'><C ='-2'/></B.><X/></A> | -    | 1 | 2  | A.B..C | -
+      <A ='0'><B. ='0'><C ='0'/></B.><X/></A>   | A    | 1 | 2  | A.B..C | A
+      <A ='0'><B. ='0'><C ='0'/></B.><X/></A>   | C    | 1 | 0  | C      | C
+      <A ='0'><B. ='0'><C ='0'/></B.><X/></A>   | X    | 1 | -1 | old    | X
+      <A ='0'><B. ='0'><C ='0'/></B.><X/></A>   | dead | 1 | -1 | old    |
+      <A ='2'><B. ='1'><C ='0'/></B.><X/></A>   | A    | 3 | 1  | B..C   | B.
+      <A ='0'><B. ='0'><C ='1'/></B.><X/></A>   | A    | 1 | 0  | C      | C
+      <A ='1'><B. ='0'><C ='0'/></B.><X/></A>   | B.   | 1 | 1  | B..C   | B.
+      <A ='1'><B. ='0'><C ='-1'/></B.><X/></A>  | C    | 1 | -1 | old    | C
+      <A ='1'><B. ='-1'><C ='-1'/></B.><X/></A> | B.   | 0 | 1  | B..C   | B.
+      <A ='0'><B. ='-2'><C ='0'/></B.><X/></A>  | B.   | 1 | -1 | old    | B.
+      <A ='1'><B. ='-2'><C ='-3'/></B.><X/></A> | C    | 1 | 2  | A.B..C | A)")) {
+    CString named(xml.c_str());
+    named.Replace("=", "EventRootOption=");
+    RYXmlWrapperBase tree = parse(named.GetString());
+    RYXmlWrapperBase node = at(tree, {0, 0});
     RYXmlWrapperBase stopped;
-    std::istringstream given(options);
     for (NodesOf each(tree); each; ++each) {
-      if (int option = 0; given >> option) (node = *each).SetPropertyValue("EventRootOption", option);
       if (tag(*each) == root) stopped = *each;
     }
     CString found("old");

@@ -4,12 +4,6 @@
 
 namespace {
 
-std::string value(RYXmlWrapperBase& node) {
-  CString read;
-  node.NodeValue(read, 1, 1, nullptr);
-  return std::string(read.View());
-}
-
 // The texts of the sub-nodes, each range in brackets. "-": Get gave 0 and an invalid node, "0": it gave 0 and
 // left the node alone, which ends the walk when it comes twice. Copies walk, after their originals went ahead.
 std::string walked(RYXmlWrapperBase tree) {
@@ -25,7 +19,7 @@ std::string walked(RYXmlWrapperBase tree) {
     result += found ? "[" : node == tree ? "0" : "-";
     if (!found) continue;
     VCSubRangeTreeIterator sub_nodes(node);
-    while (sub_nodes.Get(node) != 0) result += value(node);
+    while (sub_nodes.Get(node) != 0) result += own_text(node);
     const RYXmlWrapperBase last(node);
     result += sub_nodes.Get(node) == 0 && node == last ? "]" : "?";
   }
@@ -36,7 +30,7 @@ std::string looped(const RYXmlWrapperBase& tree) {
   std::string result;
   for (SubRangeNodes& range : RangeTreeRanges(tree)) {
     result += "[";
-    for (RYXmlWrapperBase& node : range) result += value(node);
+    for (RYXmlWrapperBase& node : range) result += own_text(node);
     result += "]";
   }
   return result;

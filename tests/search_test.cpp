@@ -57,11 +57,10 @@ TEST(Help, IsFoundByIdAndRepeat) {
       "<T><A #310/><B #391/><C #430/><D #305/><E #446/><F #442/><G #420 ^256><H #440/><J #7><K #8/></J></G>"
       "<G #420 ^300><L #440/><M #7/><N #430/></G><O #420 ^1024><P #7/></O><Q #420 ^1025><S #7/></Q>"
       "<U #420 ^255><V #7/></U></T>");
-  const Rows<int, int, Text> cases = {{440, 256, "A"}, {440, 300, "L"}, {448, 256, "B"}, {448, 300, ""},
-                                      {430, 300, "C"}, {305, 0, "D"},   {446, 256, "E"}, {442, -1, "F"},
-                                      {7, 300, "M"},   {7, 1024, "P"},  {7, 1025, "J"},  {7, 255, "J"},
-                                      {8, 256, ""}};
-  for (const auto& [id, repeat, expected] : cases) {
+  for (const auto& [id, repeat, expected] :
+       Rows{Row{440, 256, "A"}, Row{440, 300, "L"}, Row{448, 256, "B"}, Row{448, 300, ""}, Row{430, 300, "C"},
+            Row{305, 0, "D"}, Row{446, 256, "E"}, Row{442, -1, "F"}, Row{7, 300, "M"}, Row{7, 1024, "P"},
+            Row{7, 1025, "J"}, Row{7, 255, "J"}, Row{8, 256, ""}}) {
     RYXmlWrapperBase found(tree);
     EXPECT_EQ(rytree_get_help_node(&found, &found, id, repeat), *expected != '\0');
     EXPECT_EQ(tag(found), expected);
@@ -71,11 +70,10 @@ TEST(Help, IsFoundByIdAndRepeat) {
 TEST(Localization, FallsBack) {
   const RYXmlWrapperBase tree =
       parse_ids("<T><F #9>f</F><Q #3 ^7><C #5>c</C></Q><P #3 ^256><A #5> \t</A><B #6> b </B></P></T>");
-  const Rows<int, int, int, int, int, int, Text> cases = {
-      {5, 9, 3, 0, 0, 1, "A"},   {5, 9, 3, 1, -1, 1, "F"}, {5, 8, 3, 1, 256, 0, "A"},
-      {6, 9, 3, 1, 256, 1, "B"}, {5, 9, 3, 1, 7, 1, "C"},  {5, 9, 0, 0, 256, 1, "C"},
-      {4, 5, 3, 0, 7, 0, ""},    {6, 9, 3, 0, 7, 1, "F"}};
-  for (const auto& [id, fallback, parent, check_empty, repeat, result, expected] : cases) {
+  for (const auto& [id, fallback, parent, check_empty, repeat, result, expected] :
+       Rows{Row{5, 9, 3, 0, 0, 1, "A"}, Row{5, 9, 3, 1, -1, 1, "F"}, Row{5, 8, 3, 1, 256, 0, "A"},
+            Row{6, 9, 3, 1, 256, 1, "B"}, Row{5, 9, 3, 1, 7, 1, "C"}, Row{5, 9, 0, 0, 256, 1, "C"},
+            Row{4, 5, 3, 0, 7, 0, ""}, Row{6, 9, 3, 0, 7, 1, "F"}}) {
     RYXmlWrapperBase node(tree);
     EXPECT_EQ(rytree_get_localization_node(&node, &node, id, fallback, parent, check_empty, repeat), result);
     EXPECT_EQ(tag(node), expected);

@@ -4,8 +4,6 @@
 
 #include "call_arguments.h"
 
-namespace {
-
 constexpr int kDoubles = 19;  // Mean to WeightSum, one after the other
 
 TEST(Stats, ResultsAreUnderTheirTags) {
@@ -117,5 +115,3 @@ TEST(Stats, BoxNodesAndAutomaticBins) {
   EXPECT_EQ(rytree_stats_is_bin_auto(&tree), 0);
   EXPECT_EQ(with_bad(rytree_stats_is_bin_auto, &tree), "0 1");
 }
-
-}  // namespace

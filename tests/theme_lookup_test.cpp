@@ -6,9 +6,8 @@
 #include "call_arguments.h"
 
 TEST(ThemeLookup, FindsByLowHalfOfEitherId) {
-  RYXmlWrapperBase tree = parse(
-      "<R DataID='1'><a DataID='74565'><b _NodeID='131073'/></a><c DataID='1'><d DataID='7'/><e/></c>"
-      "<f _NodeID='5' DataID='6'/><g><h DataID='9'/></g><i DataID='-1'/><j _NodeID='6'/></R>");
+  RYXmlWrapperBase tree = parse_ids(
+      "<R #1><a #74565><b@131073/></a><c #1><d #7/><e/></c><f@5 #6/><g><h #9/></g><i #-1/><j@6/></R>");
   // Only the low half of a node's ID counts, so none is as large as 0x12345. A branch uses up depth (7), a
   // node without an ID has none (0).
   using R = Row<int, int, bool, const char*>;
@@ -24,12 +23,11 @@ TEST(ThemeLookup, FindsByLowHalfOfEitherId) {
 }
 
 TEST(ThemeLookup, FindsChildrenByIndex) {
-  using R = Row<int, int, int, bool, int, const char*>;
   for (const auto& [id, index, depth, recursive, result, ends] :
-       Rows{R{1, 1, 0, true, 1, "b"}, R{1, 3, 0, true, 1, "d"}, R{1, 4, 0, true, 0, "a"},
-            R{1, 0, 0, true, 0, "R"}, R{2, 1, 0, true, 0, "R"}, R{3, 1, 2, true, 1, "g"},
-            R{3, 1, 1, true, 0, "R"}, R{3, 1, 2, false, 0, "R"}}) {
-    RYXmlWrapperBase tree = parse("<R><a DataID='1'><b/><c/><d/></a><e><f DataID='3'><g/></f></e></R>");
+       Rows{Row{1, 1, 0, true, 1, "b"}, Row{1, 3, 0, true, 1, "d"}, Row{1, 4, 0, true, 0, "a"},
+            Row{1, 0, 0, true, 0, "R"}, Row{2, 1, 0, true, 0, "R"}, Row{3, 1, 2, true, 1, "g"},
+            Row{3, 1, 1, true, 0, "R"}, Row{3, 1, 2, false, 0, "R"}}) {
+    RYXmlWrapperBase tree = parse_ids("<R><a #1><b/><c/><d/></a><e><f #3><g/></f></e></R>");
     EXPECT_EQ(rytree_theme_tree_get_node_by_index(&tree, &tree, id, index, depth, recursive), result);
     EXPECT_EQ(tag(tree), ends);
   }
@@ -37,18 +35,15 @@ TEST(ThemeLookup, FindsChildrenByIndex) {
 
 TEST(ThemeLookup, ReadsRectangles) {
   const auto range = rytree_theme_tree_get_range_from_range_style;
-  using R = Row<const char*, int, std::array<int, 4>>;
-  for (const auto& [sides, result, expected] :
-       Rows{R{"<x>9</x><Left>1</Left><Top>2</Top><RIGHT>3</RIGHT><bottom>4</bottom>", 1, {1, 2, 3, 4}},
-            R{"<Left>1</Left><Left>5</Left><Top>2</Top><Right>3</Right><Bottom>4</Bottom>", 0, {5, 2, 3, 4}},
-            R{"<Left>1</Left><Left>5</Left><Top>2</Top><Right>3</Right>", 1, {5, 2, 3, -7}},
-            R{"<x><Left>1</Left></x><Left>1</Left><Top>t</Top><Right>3</Right><Bottom>4</Bottom>",
-              0,
-              {1, -7, 3, 4}}}) {
-    RYXmlWrapperBase style = parse("<R>" + std::string(sides) + "</R>");
+  for (const auto& [sides, result, expected] : rows<3>(R"(
+      <x>9</x><Left>1</Left><Top>2</Top><RIGHT>3</RIGHT><bottom>4</bottom>                   | 1 | 1,2,3,4
+      <Left>1</Left><Left>5</Left><Top>2</Top><Right>3</Right><Bottom>4</Bottom>             | 0 | 5,2,3,4
+      <Left>1</Left><Left>5</Left><Top>2</Top><Right>3</Right>                               | 1 | 5,2,3,-7
+      <x><Left>1</Left></x><Left>1</Left><Top>t</Top><Right>3</Right><Bottom>4</Bottom>      | 0 | 1,-7,3,4)")) {
+    RYXmlWrapperBase style = parse("<R>" + sides + "</R>");
     std::array<int, 4> read = {-7, -7, -7, -7};
-    EXPECT_EQ(range(&style, &read[0], &read[1], &read[2], &read[3]), result);
-    EXPECT_EQ(read, expected);
+    EXPECT_EQ(range(&style, &read[0], &read[1], &read[2], &read[3]), std::stoi(result));
+    EXPECT_EQ(list_of(read), expected);
   }
   RYXmlWrapperBase style = parse("<R><Left>1</Left><Top>2</Top><Right>3</Right><Bottom>4</Bottom></R>");
   int n = 0;

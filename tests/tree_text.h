@@ -66,11 +66,13 @@ struct Row : Case<std::tuple<Column...>> {
   Row(Column... column, SourceLine written = SourceLine(__builtin_FILE(), __builtin_LINE()))
       : Case<std::tuple<Column...>>{{std::move(column)...}, written} {}
 };
+template <class... Column>
+Row(Column...) -> Row<Column...>;
 
 /// A table of cases:
-///     using R = Row<int, const char*>;
-///     for (const auto& [id, found] : Rows{R{1, "A"},
-///                                         R{2, "B"}}) …
+///     for (const auto& [id, found] : Rows{Row{1, "A"},
+///                                         Row{2, "B"}}) …
+/// Where a column holds different types, such as texts and nullptr, a name tells them: using R = Row<int, Text>.
 /// The rows of a table on one line need no name: Rows<int, int>{{1, 2}, {3, 4}}.
 template <class... Column>
 struct Rows : Table<std::tuple<Column...>> {
@@ -153,6 +155,13 @@ inline std::string failure() {
   std::ostringstream all;
   all << why << " " << line << ":" << column << " " << offset;
   return all.str();
+}
+
+/// The text of the node itself.
+inline std::string own_text(RYXmlWrapperBase node) {
+  CString read;
+  node.NodeValue(read, 1, 1, nullptr);
+  return std::string(read.View());
 }
 
 /// The node reached by child indexes: at(tree, {1, 0}) is the first child of the second.

@@ -109,18 +109,17 @@ TEST(WeightNode, ConvertedBothWays) {
 
 TEST(WeightNode, ExtractedByTag) {
   const std::string values = " WeightMethod='3' Weight_A='1' Weight_B='2'/>";
-  using Numbers = std::array<double, 4>;
-  const Numbers old = {8, 7, 7, 7};
-  using R = Row<std::string, Text, int, Numbers>;
-  for (const auto& [xml, tag, result, wanted] :
-       Rows{R{"<W" + values, nullptr, 1, {3, 1, 2, 0}}, R{"<W/>", "", 1, {}},
-            R{"<X" + values, "W", 1, {3, 1, 2, 0}}, R{"<W" + values, "X", 0, old},
-            R{"<w" + values, nullptr, 0, old}}) {
+  using R = Row<std::string, Text, int, int, Text>;
+  for (const auto& [xml, tag, result, found, wanted] :
+       Rows{R{"<W" + values, nullptr, 1, 3, "1,2,0"}, R{"<W/>", "", 1, 0, "0,0,0"},
+            R{"<X" + values, "W", 1, 3, "1,2,0"}, R{"<W" + values, "X", 0, 8, "7,7,7"},
+            R{"<w" + values, nullptr, 0, 8, "7,7,7"}}) {
     RYXmlWrapperBase node = parse(xml);
     int method = 8;
-    double p[3] = {7, 7, 7};
+    std::array<double, 3> p = {7, 7, 7};
     EXPECT_EQ(vctree_extract_weight_info(node, tag, &method, &p[0], &p[1], &p[2]), result);
-    EXPECT_EQ((Numbers{static_cast<double>(method), p[0], p[1], p[2]}), wanted);
+    EXPECT_EQ(method, found);
+    EXPECT_EQ(list_of(p), wanted);
     vctree_extract_weight_info(node, tag, nullptr, nullptr, nullptr, nullptr);
   }
 }

@@ -1,5 +1,8 @@
-// Walks over trees as deep as can be fit in a small stack.
+// Trees as deep as can be, on a small stack, and wide ones, whose cost grows in step with their size.
 #include <rytree_Utils.h>
+
+#include <chrono>
+#include <climits>
 
 #include "call_arguments.h"
 
@@ -27,4 +30,33 @@ TEST(DeepTrees, AreWalkedOnASmallStack) {
     EXPECT_EQ(rytree_add_path_str(&target, "p", 1, 0), 1);
     EXPECT_EQ(text(at(target, {1})), "<L Label=\"\" DataID=\"0\" p=\"L\"/>");
   });
+}
+
+TEST(WideTrees, CostInStepWithTheirSize) {
+  constexpr int kCount = 100'000;
+  constexpr int kVariables = 20'000;
+  const auto start = std::chrono::steady_clock::now();
+  RYXmlWrapperBase wide = parse("<R/>");
+  RYXmlWrapperBase target = parse("<R/>");
+  for (int i = 0; i < kCount; ++i) {
+    RYXmlWrapperBase node;
+    const std::string tag = i == 0 ? "N" : "N" + std::to_string(i);
+    wide.AddTextNode(node, i % 3 == 0 ? "" : "7", tag.c_str(), -1, 0, nullptr);
+    node.SetDataID(i);
+  }
+  EXPECT_EQ(rytree_whole_copy_values_by_id(&wide, &target), kCount);
+  CString name;
+  rytree_get_enum_node_name(&wide, &name, "n");
+  EXPECT_STREQ(name, "n100000");
+  target = parse("<R/>");
+  rytree_nlsf_add_params_node_DataID(&target, kVariables);
+  EXPECT_EQ(at(target, {2}).GetNodeCount(), kVariables);
+  target = parse("<R/>");
+  Ints methods("6", kVariables);
+  for (int round = 0; round < 2; ++round)
+    report_update_input_data_table(&target, 0, 1, kVariables, INT_MIN, nullptr, nullptr, 0, &methods, &wide,
+                                   0);
+  EXPECT_EQ(target.GetNodeCount(), kVariables);
+  EXPECT_NE(text(at(target, {kVariables - 1, 5})).find(">7<"), std::string::npos);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
