@@ -11,6 +11,7 @@ import shlex
 import sys
 
 NODE = "RYXmlWrapperBase"
+SETTINGS = {"ok", "under", "most"}  # what a line can set besides parameters
 Function = collections.namedtuple("Function", "name result parameters const")  # parameters: (type, name)
 
 
@@ -103,7 +104,7 @@ def opcode(function, adapted, hints):
     """The lines of one opcode, and the values in it."""
     names = [name for _, name in function.parameters]
     common = {key: value for line in hints["*"] for key, value in line.items()}
-    mine = [line for line in hints[function.name] if set(line) <= {*names, "ok", "under", "most"}] or [{}]
+    mine = [line for line in hints[function.name] if set(line) <= {*names, *SETTINGS}] or [{}]
     rows = [[{**common, **line}.get(name, "") for name in names] for line in mine]
     lines = [f"      {{{literal(function.name)},"]
     texts = [", ".join(map(literal, row)) for row in rows]
@@ -129,12 +130,12 @@ def main(output, hints_path, exports_path, node_header, *headers):
         functions += some
         classes += more
     with open(exports_path, encoding="utf-8") as file:
-        listed = [line.split("(")[0] for line in file if line.strip()]
-    declared = [function.name for function in functions]
-    if sorted(declared) != sorted(name.strip() for name in listed if "::" not in name):
-        fail(f"declared and exported differ: {sorted(set(declared) ^ set(map(str.strip, listed)))}")
-    if set(classes) != {name.split("::")[0] for name in listed if "::" in name}:
-        fail(f"exported classes differ: {classes}")
+        listed = [re.match(r"\w+(::)?", line)[0] for line in file]
+    members = {name for name in listed if name.endswith("::")}
+    declared = collections.Counter([function.name for function in functions] + [name + "::" for name in classes])
+    exported = collections.Counter([name for name in listed if name not in members] + list(members))
+    if declared != exported:
+        fail(f"declared and exported differ: {(declared - exported) + (exported - declared)}")
 
     # What takes variable arguments, is a class or works on handles is called through an adapter.
     open_ended = {"...", "va_list"}
@@ -151,9 +152,13 @@ def main(output, hints_path, exports_path, node_header, *headers):
     table.append((Function("handles", "int", [handle, (NODE + "&", "other")], False), True))
     table += [(operation, False) for operation in operations_of(read_code(node_header))]
 
-    unknown = set(hints) - {"*"} - {function.name for function, _ in table}
-    if unknown:
-        fail(f"hints for what is not there: {sorted(unknown)}")
+    for name, lines in hints.items():
+        known = [{name for _, name in function.parameters} for function, _ in table if name in (function.name, "*")]
+        for line in lines:
+            if name == "*" and not set(line) <= set.union(*known):
+                fail(f"no function has all these parameters: {set(line) - set.union(*known)}")
+            if name != "*" and not any(set(line) <= names | SETTINGS for names in known):
+                fail(f"{name} has no such parameters: {' '.join(line)}")
     lines, words = [], set()
     for function, adapted in table:
         more, rows = opcode(function, adapted, hints)
