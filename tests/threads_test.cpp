@@ -12,16 +12,16 @@ constexpr std::size_t kThreads = 8;
 
 using Outcomes = std::vector<std::string>;  // one for each export
 
-/// Calls all exports in all ways that succeed, from one of them on, with a step before each.
+/// Calls all exports in all ways that succeed, from one of them on, with a step right before each.
 template <class Step>
 Outcomes outcomes(std::size_t first, Step step) {
   Outcomes all(calls::export_count());
   for (std::size_t i = 0; i < all.size(); ++i) {
-    step();
     const std::size_t number = (first + i) % all.size();
     const calls::Opcode& opcode = calls::opcodes()[number];
     for (const calls::Way& way : opcode.ways) {
       calls::Scene scene;
+      scene.around = [&](const std::function<int()>& call) { return step(), call(); };
       all[number] += calls::outcome(scene, opcode, way);
     }
   }

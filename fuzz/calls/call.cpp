@@ -76,9 +76,9 @@ const char* Call::any_text() {
     case 0:
       return nullptr;
     case 1:
-      return program_->pick(scene_.slots<CString>().all);
+      return pick(scene_.slots<CString>());
     case 2: {
-      CStringArray& array = program_->pick(scene_.slots<HostStringArray>().all).array();
+      CStringArray& array = pick(scene_.slots<HostStringArray>()).array();
       return array.GetAt(array.IsEmpty() ? 0 : static_cast<int>(program_->byte()) % array.GetSize());
     }
     case 3:

@@ -77,7 +77,7 @@ class Call {
       return variable<HostStringArray>(value).array();
     } else {
       Slots<T>& slots = scene_.slots<T>();
-      if (value == nullptr) return program_->pick(slots.all);
+      if (value == nullptr) return pick(slots);
       T& next = slots.next();
       set(next, value);
       return next;
@@ -100,6 +100,11 @@ class Call {
   requires std::is_class_v<Other>
   void set(Other& other, const char*) { other = Other(); }
 
+  // One of the handles, or of the first few variables, so that a call often gets one twice.
+  template <class T>
+  T& pick(Slots<T>& slots) {
+    return slots.all[program_->byte() % (std::is_same_v<T, RYXmlWrapperBase> ? slots.all.size() : 3)];
+  }
   long long number();
   const char* any_text();
 
