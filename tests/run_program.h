@@ -32,6 +32,15 @@ class ProgramTest : public FolderTest {
   /// The same for the program with a line of arguments.
   int run(const std::string& arguments) { return shell("\"$PROGRAM\" " + arguments); }
 
+  /// The program refuses these arguments for this reason, prints nothing else and changes no file.
+  void expect_refused(const std::string& arguments, int status, const std::string& reason) {
+    const auto before = files();
+    EXPECT_EQ(run(arguments), status);
+    EXPECT_EQ(err, std::filesystem::path(PROGRAM_PATH).filename().string() + ": " + reason + '\n');
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(files(), before);
+  }
+
   /// Every file in the working folder, with its text.
   std::map<std::string, std::string> files() const {
     std::map<std::string, std::string> all;

@@ -32,9 +32,7 @@ TEST(Tokens, SplitAtSeparators) {
     tokens.Add("old");
     int status = 7;
     const int count = ryutilsGetTokens(text, &tokens, '|', &status, '\'', 0);
-    std::string joined;
-    for (const CString& token : tokens) joined.append("[").append(token).append("]");
-    EXPECT_EQ(joined, wanted);
+    EXPECT_EQ(listed(tokens), wanted);
     EXPECT_EQ(status, unpaired);
     EXPECT_EQ(count, tokens.GetSize());
     EXPECT_EQ(ryutilsGetTokens(text, nullptr, '|', nullptr, '\'', 0), count);
@@ -94,9 +92,9 @@ TEST(Search, FindsCharacters) {
   EXPECT_EQ(kelp_find_char(text, '=', 1), text + 1);
   EXPECT_EQ(kelp_find_closing_char(text, '}', 0, &work), text + 4);
   EXPECT_EQ(work, 0);
-  for (const char* const found : {kelp_find_char(text, '\0', 1), kelp_find_char(nullptr, '=', 1),
-                                  kelp_find_closing_char(text, '{', 0, nullptr)})
-    EXPECT_EQ(found, nullptr);
+  EXPECT_EQ(kelp_find_char(text, '\0', 1), nullptr);
+  EXPECT_EQ(kelp_find_char(nullptr, '=', 1), nullptr);
+  EXPECT_EQ(kelp_find_closing_char(text, '{', 0, nullptr), nullptr);
 }
 
 // The plain meaning of a filter, character by character.
@@ -118,30 +116,25 @@ bool naive_match(const char* filter, const char* text, bool exact) {
 TEST(Match, AgreesWithItsMeaning) {
   std::mt19937 random(20240607);
   const std::string_view pieces[] = {"a", "a", "A", "b", "é", "É", "\xC3", "*", "*", "?"};
+  const auto below = [&](unsigned bound) { return random() % bound; };
   for (int round = 0; round < 60000; ++round) {
     std::string filter;
     std::string text;
-    for (auto left = random() % 8; left > 0; --left) filter += pieces[random() % 10];
-    for (auto left = random() % 8; left > 0; --left) text += pieces[random() % 7];
-    ASSERT_EQ(kelp_text_match(filter.c_str(), text.c_str(), round % 2, 0, 0),
-              naive_match(filter.c_str(), text.c_str(), round % 2 != 0))
-        << filter << " / " << text;
-  }
-  // Stretches that a plain search compares again and again.
-  for (int round = 0; round < 1000; ++round) {
-    const bool mixed = random() % 2 != 0;
-    std::string text;
-    for (auto left = 60 + random() % 80; left > 0; --left)
-      text += pieces[random() % 64 < 60 ? 0 : random() % 7];
-    std::string filter = "*";
-    for (auto left = 10 + random() % 40; left > 0; --left) {
-      const auto one = random() % 64;
-      filter += one < 60 ? "a" : one < 62 && mixed ? "?" : pieces[random() % 7];
+    if (round % 60 != 0) {
+      for (auto left = below(8); left > 0; --left) filter += pieces[below(10)];
+      for (auto left = below(8); left > 0; --left) text += pieces[below(7)];
+    } else {  // stretches that a plain search compares again and again
+      for (auto left = 60 + below(80); left > 0; --left) text += pieces[below(64) < 60 ? 0 : below(7)];
+      const bool mixed = below(2) != 0;
+      filter = "*";
+      for (auto left = 10 + below(40); left > 0; --left)
+        filter += below(32) != 0 ? "a" : mixed && below(2) != 0 ? "?" : pieces[below(7)];
+      if (below(2) != 0) filter += "*aaaaaaaaaaab";
+      if (below(2) != 0) filter += "*";
     }
-    if (random() % 2 != 0) filter += "*aaaaaaaaaaab";
-    if (random() % 2 != 0) filter += "*";
-    ASSERT_EQ(kelp_text_match(filter.c_str(), text.c_str(), round % 2, 0, 0),
-              naive_match(filter.c_str(), text.c_str(), round % 2 != 0))
+    const bool exact = below(2) != 0;
+    ASSERT_EQ(kelp_text_match(filter.c_str(), text.c_str(), exact ? 1 : 0, 0, 0),
+              naive_match(filter.c_str(), text.c_str(), exact))
         << filter << " / " << text;
   }
   EXPECT_NE(kelp_text_match(nullptr, "", 0, 0, 0), 0);
@@ -156,44 +149,41 @@ TEST(Match, IsQuickWhateverTheTexts) {
   EXPECT_FALSE(kelp_text_match(("*" + text.substr(text.size() / 2) + "b*").c_str(), text.c_str(), 1, 0, 0));
 }
 
-using Localize = void (*)(char*, int, const char*, int);
-
-// Writes a message catalogue with one entry, "host", besides its head.
-void write_catalogue(const std::filesystem::path& folder) {
+// A folder with a message catalogue of one entry, "host", besides its head.
+std::filesystem::path catalogue_folder() {
+  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "rytree_catalogues";
+  std::filesystem::create_directories(folder / "xx/LC_MESSAGES");
   // The lengths and places of the keys are at byte 28, those of the texts at 44, the bytes themselves at 60.
   const unsigned head[] = {0x950412de, 0, 2, 28, 44, 0, 60, 0, 60, 4, 61, 4, 66, 5, 71};
-  std::filesystem::create_directories(folder);
-  std::ofstream file(folder / "rytree.mo", std::ios::binary);
-  file.write(reinterpret_cast<const char*>(head), sizeof head) << "\0host\0head\0hôte\0"sv;
+  std::ofstream(folder / "xx/LC_MESSAGES/rytree.mo", std::ios::binary)
+          .write(reinterpret_cast<const char*>(head), sizeof head)
+      << "\0host\0head\0hôte\0"sv;
+  return folder;
 }
 
 TEST(Localization, ComesFromItsModule) {
   HMODULE module = LoadLibraryA("ZANmsg.dll");
-  ASSERT_NE(module, nullptr);
-  const auto localize = reinterpret_cast<Localize>(GetProcAddress(module, "LocalizeString"));
+  const auto localize =
+      reinterpret_cast<void (*)(char*, int, const char*, int)>(GetProcAddress(module, "LocalizeString"));
   ASSERT_NE(localize, nullptr);
-  const Rows<const char*, int, const char*> rows = {
-      {"plain", 20, "plain"}, {"plain", 5, "plai"},    {"née", 5, "née"},   {"née", 4, "né"},
-      {"née", 3, "n"},        {"plain", 1, ""},        {"", 20, ""},        {nullptr, 20, ""},
-      {"plain", 0, "?"},      {"plain", INT_MIN, "?"}, {"host", 20, "hôte"}};
-  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "rytree_catalogues";
-  write_catalogue(folder / "xx/LC_MESSAGES");
+  const std::filesystem::path folder = catalogue_folder();
   setenv("LANGUAGE", "xx", 1);
   ASSERT_NE(std::setlocale(LC_ALL, "C.UTF-8"), nullptr);
   bindtextdomain("rytree", folder.c_str());
-  for (const auto& [text, size, wanted] : rows) {
+  const int utf8 = 65001;
+  const Rows<int, const char*, int, const char*> rows = {
+      {utf8, "plain", 20, "plain"}, {utf8, "plain", 5, "plai"},    {utf8, "née", 5, "née"},
+      {utf8, "née", 4, "né"},       {utf8, "née", 3, "n"},         {utf8, "plain", 1, ""},
+      {utf8, "", 20, ""},           {utf8, nullptr, 20, ""},       {utf8, "plain", 0, "?"},
+      {utf8, "host", 20, "hôte"},   {utf8, "plain", INT_MIN, "?"}, {1252, "host", 20, "h\xF4te"},
+      {1251, "host", 20, "host"},   {utf8, "host", 20, "hôte"}};
+  for (const auto& [page, text, size, wanted] : rows) {
     char buffer[20] = "?";
+    ASSERT_TRUE(CodePage::SetDefault(page));
     localize(buffer, size, text, 0);
     EXPECT_STREQ(buffer, wanted);
   }
   localize(nullptr, 20, "plain", 0);
-  for (const auto& [page, wanted] :
-       Rows<int, const char*>{{1252, "h\xF4te"}, {1251, "host"}, {65001, "hôte"}}) {
-    char buffer[20];
-    ASSERT_TRUE(CodePage::SetDefault(page));
-    localize(buffer, sizeof buffer, "host", 0);
-    EXPECT_STREQ(buffer, wanted);
-  }
   std::setlocale(LC_ALL, "C");
   std::filesystem::remove_all(folder);
 
