@@ -6,16 +6,14 @@
 extern "C" RYTREE_API int use_library() {
   bool blocked = false;
   VCTreeAccessBlockLocalization(&blocked, true);
-  bool block = true;
-  VCTreeAccessBlockLocalization(&block, false);
-
   RYXmlWrapperBase tree;
   tree.CreateNew(0, nullptr);
   if (tree.SetXmlText(R"(<Root><A DataID="1">one</A><B DataID="2"/></Root>)") == 0) return -1;
   HostStringArray values;
   rytree_get_values(&tree, &values, 0);
-  auto* const module = LoadLibraryA("ZANmsg.dll");
-  if (module == nullptr || FreeLibrary(module) == 0 || values.array().GetSize() != 3) return -1;
-  if (rytree_set_default_code_page(65001) == 0) return -1;
+  report_make_input_data_table_var_row(&tree, 0, 0, 0, true, "y", 1, 0, 1, 0, 6, nullptr, 0, 0);
+  bool block = true;
+  VCTreeAccessBlockLocalization(&block, false);
+  if (values.array().GetSize() != 3 || rytree_set_default_code_page(65001) == 0) return -1;
   return blocked ? 1 : 0;
 }

@@ -29,6 +29,7 @@ TEST(Unload, TakesLibraryHostAndStateAlong) {
     ASSERT_NE(use_library, nullptr);
     EXPECT_EQ(use_library(), 0) << "round " << round;
     EXPECT_EQ(use_library(), 1) << "round " << round;
+    EXPECT_TRUE(loaded().contains(LOCALIZATION_PATH));
     dlclose(module);
     EXPECT_EQ(loaded(), before) << "round " << round;
   }
