@@ -88,19 +88,17 @@ TEST_F(CodePages, TellTheCharactersOfStrings) {
 }
 
 TEST_F(CodePages, FoldAsTheirCharactersDo) {
-  const Rows<int, const char*, const char*, bool> cases = {
-      {932, "\x83\x41", "\x83\x61", false},
-      {932, "\x83\x41\x61", "\x83\x41\x41", true},
-      {932, "\x82\x60", "\x82\x81", true},
-      {932, "\x87\x90", "\x87\x70", false},
-      {932, "\x83", "\x83\x41", false},
-      {1252, "\xC9", "\xE9", true},
-      {1252, "\xC3\xA9", "\xC3\x89", false},
-      {1251, "\xC6", "\xE6", true},
-      {1254, "\xDD", "i", false},
-      {1254, "I", "\xFD", false},
-      {65001, "\xC3\xA9", "\xC3\x89", true},
-  };
+  const Rows<int, const char*, const char*, bool> cases = {{932, "\x83\x41", "\x83\x61", false},
+                                                           {932, "\x83\x41\x61", "\x83\x41\x41", true},
+                                                           {932, "\x82\x60", "\x82\x81", true},
+                                                           {932, "\x87\x90", "\x87\x70", false},
+                                                           {932, "\x83", "\x83\x41", false},
+                                                           {1252, "\xC9", "\xE9", true},
+                                                           {1252, "\xC3\xA9", "\xC3\x89", false},
+                                                           {1251, "\xC6", "\xE6", true},
+                                                           {1254, "\xDD", "i", false},
+                                                           {1254, "I", "\xFD", false},
+                                                           {65001, "\xC3\xA9", "\xC3\x89", true}};
   for (const auto& [page, left, right, equal] : cases) {
     use(page);
     EXPECT_EQ(_mbsicmp(left, right) == 0, equal);

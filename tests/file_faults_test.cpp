@@ -163,20 +163,23 @@ class FileFaults : public FolderTest {
   bool there = true;  // the old file
   const fs::path path = folder / "x.xml";
   Node loaded;
-  const Node fresh = parse("<fresh/>");
+  // So long that it is written in two pieces.
+  const std::string element = "<fresh>\n  <a>" + std::string(70000, 'x') + "</a>\n  <b/>\n</fresh>";
+  const Node fresh = parse(element);
   const std::string old_text = "<!DOCTYPE old><old/>";  // which both readers are tried on
-  const std::string fresh_text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<fresh/>\n";
+  const std::string fresh_text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + element + "\n";
 };
 
 TEST_F(FileFaults, LeaveTheOldFileOrTheNewOne) {
-  const std::string create = " fchown fchmod !write !fsync !fcntl !close";
+  const std::string create = " fchown fchmod !write !write !fsync !fcntl !close";
   const std::string named = " !open flock fstat fchown !fchmod";
   const std::string settle = " !fsync !fcntl !close";
   const std::string rename = " !rename open fsync close close";
   const Rows<const char*, bool, bool, std::string> cases = {
       {"", false, true, " !stat !faccessat open flock" + create + " linkat" + rename},
-      {"", false, false, " !stat open flock !write !fsync !fcntl !close linkat open fsync close close"},
-      {"O_TMPFILE", false, true, " !stat !faccessat" + named + " !write" + settle + rename},
+      {"", false, false,
+       " !stat open flock !write !write !fsync !fcntl !close linkat open fsync close close"},
+      {"O_TMPFILE", false, true, " !stat !faccessat" + named + " !write !write" + settle + rename},
       {"linkat", false, true,
        " !stat !faccessat open flock" + create + named + " !sendfile !sendfile close" + settle + rename},
       {"flock", false, true, " !stat !faccessat open" + create + " linkat" + rename},

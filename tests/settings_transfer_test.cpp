@@ -63,7 +63,6 @@ TEST_F(SettingsTransfer, FailuresChangeNoFile) {
   for (const auto& [arguments, reason] : rows<2>(R"(
        | SOURCE, TARGET and RESULT are needed, try --help
       --id-attribute | --id-attribute needs a NAME
-      --fast good.xml target.xml r.xml | unknown option '--fast', try --help
       good.xml target.xml r.xml t.xml more | unexpected argument 'more', try --help
       lost.xml target.xml r.xml | lost.xml: cannot read: No such file or directory
       none.xml target.xml r.xml | \

@@ -56,6 +56,7 @@ class Table {
   explicit Table(std::vector<Case<Cells>> cases) : cases_(std::move(cases)) {}
   Walk begin() const { return Walk(cases_); }
   std::default_sentinel_t end() const { return {}; }
+  const Cells& operator[](std::size_t row) const { return cases_[row].cells; }
 
  private:
   std::vector<Case<Cells>> cases_;
