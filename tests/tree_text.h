@@ -108,12 +108,13 @@ Table<std::array<std::string, Count>> rows(const char* table,
 }
 
 /// The tree of an XML text; the handle is on its root.
-inline RYXmlWrapperBase parse(const std::string& xml) {
+inline RYXmlWrapperBase parse(const char* xml) {
   RYXmlWrapperBase tree;
   tree.CreateNew(0, nullptr);
-  EXPECT_NE(tree.SetXmlText(xml.c_str()), 0) << "no XML text: " << xml;
+  EXPECT_NE(tree.SetXmlText(xml), 0) << "no XML text: " << xml;
   return tree;
 }
+inline RYXmlWrapperBase parse(const std::string& xml) { return parse(xml.c_str()); }
 
 /// XML text in which <a@4 #5 ^6 ~16> is short for a node ID, a DataID, a RepeatID and ThemeApplicability with bit 16.
 inline std::string with_ids(std::string xml) {
