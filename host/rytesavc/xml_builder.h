@@ -159,8 +159,8 @@ class XmlBuilder {
   const Name not_a_name_ = kOddName;
 
   // From the top element, which is the second, to the innermost open one.
-  Open* innermost_ = open_.data();
   std::array<Open, Tree::kMaxDepth + 1> open_;
+  Open* innermost_ = open_.data();
 };
 
 }  // namespace rytesavc
