@@ -183,7 +183,7 @@ TEST_F(FileFaults, LeaveTheOldFileOrTheNewOne) {
       {"linkat", false, true,
        " !stat !faccessat open flock" + create + named + " !sendfile !sendfile close" + settle + rename},
       {"flock", false, true, " !stat !faccessat open" + create + " linkat" + rename},
-      {"", true, true, " !open !fstat !read !lseek !read !read close"},
+      {"", true, true, " !open !fstat !read !lseek !read !lseek !read !read close"},
   };
   for (const auto& [refused, loads, old, names] : cases) {
     calls.refused = refused;

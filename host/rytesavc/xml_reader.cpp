@@ -1,6 +1,7 @@
 #include "xml_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <new>
 #include <string>
@@ -39,6 +40,16 @@ Node* ReadWithExpat(XmlInput& input, Tree& tree, std::uint32_t depth, const Code
   return ReadWithExpat(input, builder, encoding, unknown) ? Take(builder) : nullptr;
 }
 
+// The encoding that a byte order mark at the start of the file tells, whatever the file declares; null without one.
+const char* MarkedEncoding(InputFile& file) {
+  std::array<char, 3> start{};
+  std::size_t length = 0;
+  if (!file.Read(start.data(), start.size(), length)) return nullptr;
+  const std::string_view text(start.data(), length);
+  if (text.starts_with("\xEF\xBB\xBF")) return "UTF-8";
+  return text.starts_with("\xFE\xFF") || text.starts_with("\xFF\xFE") ? "UTF-16" : nullptr;
+}
+
 // A file in an encoding that Expat does not know.
 Node* ReadConverted(InputFile& file, Tree& tree, const CodePage* page, const char* charset) {
   ClearFailure();
@@ -69,9 +80,11 @@ Tree* ReadXml(InputFile& file, const CodePage* page) {
   // A new tree, so that its nodes follow each other in memory.
   tree.reset();
   if (!file.Rewind()) return nullptr;
+  const char* const marked = MarkedEncoding(file);
+  if (!file.Rewind()) return nullptr;
   tree.reset(Tree::Create());
   std::string declared;
-  tree->root = ReadWithExpat(file, *tree, 1, page, nullptr, &declared);
+  tree->root = ReadWithExpat(file, *tree, 1, page, marked, &declared);
   if (const char* const charset = CharsetOf(declared)) tree->root = ReadConverted(file, *tree, page, charset);
   return tree->root != nullptr ? tree.release() : nullptr;
 }

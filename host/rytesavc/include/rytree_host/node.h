@@ -308,7 +308,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   /// Puts the handle on the root of the tree in the file. The int has no effect. The file is in UTF-8, in
   /// UTF-16 with a byte order mark, or in the encoding that its XML declaration names, under any of its usual
   /// names in any case: ASCII, ISO 8859, Windows 125x, KOI8-R and -U, CP437 to CP866, Shift_JIS, EUC-JP,
-  /// GB2312, GBK, GB18030, Big5, EUC-KR. Another encoding is refused.
+  /// GB2312, GBK, GB18030, Big5, EUC-KR. Another encoding is refused. A byte order mark outdoes the declaration.
   ///
   /// Not in the tree, and so not in a file that it is saved to, are comments, processing instructions, a
   /// DOCTYPE with the entities it declares, and the places of text among children: all text of a node is put
