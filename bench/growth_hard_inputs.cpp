@@ -71,6 +71,26 @@ void make_different_attributes(Scene& scene) {
   }
 }
 
+/// One attribute of `made` off and on again for each node, the last and the last but one in turn.
+void toggle_attributes(Scene& s) {
+  const CStringArray& names = s.texts.array();
+  for (int i = 1; i <= s.nodes; ++i) {
+    const CString& name = names[s.nodes - 1 - i % 2];
+    s.made.RemoveProperty(name);
+    s.made.SetPropertyValue(name, i);
+  }
+}
+
+/// The texts of all rows short and long in turn, and longer each time.
+void write_longer_texts(Scene& s) {
+  RYXmlWrapperBase row;
+  for (int length = 48; length <= 512; length += 8) {
+    for (const std::string& text : {std::string(20, 'x'), std::string(static_cast<std::size_t>(length), 'x')})
+      for (int there = s.rows.FirstChild(row); there != 0; there = row.NextSibling(row))
+        row.CheckSetValue(0, text.c_str(), 0);
+  }
+}
+
 void add_all_enumerated(Scene& s, RYXmlWrapperBase& parent) {
   s.number = 0;
   rytree_check_add_all_enumerated_nodes(&parent, "Row", &s.doubles, 1, "Label", &s.number, nullptr);
@@ -96,6 +116,8 @@ constexpr GrowthRow kRows[] = {
        for (const CString& name : s.texts.array()) s.made.GetPropertyValue(name, s.number);
      },
      make_different_attributes},
+    {"RemoveProperty, off and on again on one node", toggle_attributes, make_different_attributes},
+    {"CheckSetValue, short and ever longer texts", write_longer_texts},
     {"CopyAllAttributes, all different", [](Scene& s) { s.empty.CopyAllAttributes(s.made, 0); },
      make_different_attributes},
     {"kelp_text_match, the same start",

@@ -26,11 +26,8 @@ AttributeIndex::AttributeIndex(const Node& node)
       last_slot_(Slots(node.attribute_capacity) - 1) {}
 
 Attribute* AttributeIndex::Find(const Name* name) {
-  if (head_->walked != 0) return Walk(name);
   if (head_->indexed != node_.attribute_count) Update();
   for (std::uint32_t slot = SlotOf(name->hash); slots_[slot] != 0; slot = SlotOf(slot + 1)) {
-    // What was the last attribute may have gone.
-    if (slots_[slot] > node_.attribute_count) continue;
     Attribute* const at = node_.attributes + (slots_[slot] - 1);
     if (at->name == name) return at;
   }
@@ -40,34 +37,48 @@ Attribute* AttributeIndex::Find(const Name* name) {
 void AttributeIndex::Clear() { *head_ = {}; }
 
 void AttributeIndex::Remove(std::uint32_t place) {
-  if (place + 1 == node_.attribute_count) {
-    head_->indexed = std::min(head_->indexed, place);
-  } else if (place < head_->indexed) {
-    head_->walked = std::max<std::uint64_t>(head_->walked, 1);
+  if (place >= head_->indexed) return;
+  Empty(SlotOfPlace(place));
+  // A slot that has to be looked for takes about as long as this many that are passed in a row.
+  constexpr std::uint32_t kPassed = 16;
+  if (head_->indexed - place <= last_slot_ / kPassed) {
+    for (std::uint32_t after = place + 1; after < head_->indexed; ++after) --slots_[SlotOfPlace(after)];
+  } else {
+    std::transform(slots_, slots_ + last_slot_ + 1, slots_,
+                   [place](std::uint32_t slot) { return slot > place ? slot - 1 : slot; });
   }
+  --head_->indexed;
 }
 
-Attribute* AttributeIndex::Walk(const Name* name) {
-  Attribute* const end = node_.attributes + node_.attribute_count;
-  Attribute* const found =
-      std::find_if(node_.attributes, end, [name](const Attribute& at) { return at.name == name; });
-  head_->walked += static_cast<std::uint64_t>(found - node_.attributes);
-  if (head_->walked > 4 * std::uint64_t{node_.attribute_count}) Clear();
-  return found != end ? found : nullptr;
+// Moves up what a search would no longer reach past an empty slot.
+void AttributeIndex::Empty(std::uint32_t slot) {
+  for (std::uint32_t next = SlotOf(slot + 1); slots_[next] != 0; next = SlotOf(next + 1)) {
+    const std::uint32_t from_its_first = next - HashAt(slots_[next] - 1);
+    if (SlotOf(from_its_first) < SlotOf(next - slot)) continue;
+    slots_[slot] = slots_[next];
+    slot = next;
+  }
+  slots_[slot] = 0;
 }
 
 void AttributeIndex::Update() {
-  const std::uint32_t fresh = node_.attribute_count - head_->indexed;
-  if (head_->filled + fresh > last_slot_ / 4 * 3) Clear();
-  if (head_->indexed == 0) {
+  if (!head_->made) {
     std::fill_n(slots_, last_slot_ + 1, 0);
-    head_->filled = 0;
+    head_->made = true;
   }
-  for (; head_->indexed < node_.attribute_count; ++head_->filled) {
-    std::uint32_t slot = SlotOf(node_.attributes[head_->indexed].name->hash);
+  while (head_->indexed < node_.attribute_count) {
+    std::uint32_t slot = SlotOf(HashAt(head_->indexed));
     while (slots_[slot] != 0) slot = SlotOf(slot + 1);
     slots_[slot] = ++head_->indexed;
   }
+}
+
+std::uint32_t AttributeIndex::HashAt(std::uint32_t place) const { return node_.attributes[place].name->hash; }
+
+std::uint32_t AttributeIndex::SlotOfPlace(std::uint32_t place) const {
+  std::uint32_t slot = SlotOf(HashAt(place));
+  while (slots_[slot] != place + 1) slot = SlotOf(slot + 1);
+  return slot;
 }
 
 }  // namespace rytesavc

@@ -8,8 +8,6 @@
 
 namespace rytesavc {
 
-namespace {}  // namespace
-
 // ---- The tree as a whole. Its first chunk is allocated with it, so that a small tree is one block.
 
 Tree* Tree::Create(std::size_t expected_bytes) {
@@ -175,7 +173,7 @@ void Tree::ArrangeChildren(Node* parent, const int* order) {
 
 // Attributes and text, into a node that has none. What was copied before a failure is the node's.
 inline void Tree::CopyContent(Node* target, const Node* source, const Tree& source_tree) {
-  ReserveAttributes(target, source->attribute_count);
+  ReserveAttributes(target, AttributeRoom(source->attribute_count));
   struct Count {
     Node* node;
     std::uint32_t copied;
@@ -215,14 +213,7 @@ Node* Tree::Copy(const Node* source, const Tree& source_tree, std::uint32_t dept
   }
 }
 
-namespace {
-
-// The capacity of a block for a text.
-std::uint32_t TextRoom(std::size_t length) { return static_cast<std::uint32_t>(TreeMemory::RoomFor(length)); }
-
-}  // namespace
-
-// Blocks for long texts that are still to be copied. Each starts with the next block and its own length.
+// Blocks for long texts that are still to be copied. Each starts with the next block and its own capacity.
 class Tree::TextBlocks {
  public:
   explicit TextBlocks(Tree& tree) : tree_(tree) {}
@@ -230,26 +221,28 @@ class Tree::TextBlocks {
   TextBlocks& operator=(const TextBlocks&) = delete;
   ~TextBlocks() {
     while (first_ != nullptr) {
-      std::uint32_t length = 0;
-      std::memcpy(&length, first_ + sizeof first_, sizeof length);
-      tree_.memory_.Deallocate(Take(), length);
+      Value unused = Take(0);
+      tree_.FreeText(unused);
     }
   }
 
   void Add(std::uint32_t length) {
-    static_assert(sizeof(char*) + sizeof length <= Value::kInPlace);
+    static_assert(sizeof(char*) + sizeof(std::uint32_t) <= Value::kInPlace);
     constexpr char* kNone = nullptr;
-    char* const block = static_cast<char*>(tree_.Allocate(length));
+    const std::uint32_t capacity = tree_.TextRoom(length);
+    char* const block = static_cast<char*>(tree_.Allocate(capacity));
     std::memcpy(block, &kNone, sizeof kNone);
-    std::memcpy(block + sizeof kNone, &length, sizeof length);
+    std::memcpy(block + sizeof kNone, &capacity, sizeof capacity);
     std::memcpy(link_, &block, sizeof block);
     link_ = block;
   }
-  // In the order in which they were added; null after the last.
-  char* Take() {
+  // A text of that length whose characters are still to be written, in the first block of those that are left.
+  Value Take(std::uint32_t length) {
     char* const block = first_;
-    if (block != nullptr) std::memcpy(&first_, block, sizeof first_);
-    return block;
+    std::uint32_t capacity = 0;
+    std::memcpy(&first_, block, sizeof first_);
+    std::memcpy(&capacity, block + sizeof first_, sizeof capacity);
+    return {length, block, capacity};
   }
 
  private:
@@ -290,14 +283,14 @@ void Tree::CopyAttributes(Node* target, const Node* source, const Tree& source_t
   }
   const std::uint32_t wanted = target->attribute_count + missing;
   const std::uint32_t capacity = target->attribute_capacity;
-  if (wanted > capacity) GrowAttributes(target, std::max(wanted, capacity + capacity / 2));
+  if (wanted > capacity) GrowAttributes(target, AttributeRoom(std::max(wanted, capacity + capacity / 2)));
   for (std::uint32_t i = 0; i < source->attribute_count; ++i) {
     const auto& [name, from] = source->attributes[i];
     Attribute* const found = find(i, name);
     Value& to = found != nullptr ? found->value : AppendAttribute(target, Intern(name, source_tree));
     if (!AreLongAlike(to, from)) {
       if (to.kind() == Value::kLong) FreeText(to);
-      to = from.kind() == Value::kLong ? Value(from.length(), blocks.Take(), TextRoom(from.length())) : from;
+      to = from.kind() == Value::kLong ? blocks.Take(from.length()) : from;
     }
     if (from.kind() == Value::kLong) std::memcpy(to.long_chars(), from.chars(), from.length());
   }

@@ -12,9 +12,8 @@ struct Attribute;
 struct Name;
 struct Node;
 
-// Lies after the attributes, in their block, and is made and brought up to date by the searches. It is
-// without meaning after a removal other than of the last attribute. Then the searches go through the
-// attributes, and once they have gone as far as a new index takes, it is made.
+// A hash table after the attributes, in their block. The searches make it and add what was appended since the last
+// one; a removal takes the attribute out and lowers the places of those after it.
 class AttributeIndex {
  public:
   static constexpr std::uint32_t kFew = 64;  // attributes that are searched without an index
@@ -31,13 +30,14 @@ class AttributeIndex {
 
  private:
   struct Head {
-    std::uint64_t walked;   // how far searches have gone since the index lost its meaning; 0: it has not
     std::uint32_t indexed;  // attributes, from the first on
-    std::uint32_t filled;   // slots
+    bool made;              // whether the slots have a meaning
   };
 
-  Attribute* Walk(const Name* name);
   void Update();
+  void Empty(std::uint32_t slot);
+  std::uint32_t HashAt(std::uint32_t place) const;
+  std::uint32_t SlotOfPlace(std::uint32_t place) const;
   std::uint32_t SlotOf(std::uint32_t hash) const { return hash & last_slot_; }
 
   const Node& node_;

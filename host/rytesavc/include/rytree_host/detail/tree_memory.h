@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstring>
 
@@ -40,9 +41,16 @@ class TreeMemory {
     void*& free_block = free_blocks_[Steps(bytes)];
     std::memcpy(block, &free_block, sizeof free_block);
     free_block = block;
+    has_freed_ = true;
   }
-  // What a block of so many bytes has room for.
-  static std::size_t RoomFor(std::size_t bytes) { return bytes > kLargest ? bytes : Steps(bytes) * kStep; }
+  // How large to make a block that needs so many bytes. Where blocks come and go there are four sizes from each power
+  // of two to the next, so that few are free that fit nothing; before that, as in a load, no byte is given away.
+  std::size_t RoomFor(std::size_t bytes) const {
+    if (bytes > kLargest) return bytes;
+    if (!has_freed_ || free_blocks_[Steps(bytes)] != nullptr) return Steps(bytes) * kStep;
+    const std::size_t step = std::max(kStep, std::bit_floor(bytes) / 4);
+    return (bytes + step - 1) / step * step;
+  }
   // Twice the size, for a block that has become too small; but blocks outside the chunks need no room to
   // grow.
   static std::size_t Doubled(std::size_t bytes) {
@@ -52,6 +60,8 @@ class TreeMemory {
   bool Holds(std::size_t bytes) const {
     return bytes > kLargest || free_blocks_[Steps(bytes)] != nullptr || HasRoom(Steps(bytes) * kStep);
   }
+  // Whether blocks come and go.
+  bool has_freed() const { return has_freed_; }
   // Whether there are blocks outside the chunks, which go back to the system when they are freed.
   bool has_large_blocks() const { return large_ != nullptr; }
 
@@ -93,6 +103,7 @@ class TreeMemory {
   std::size_t expected_ = 0;  // the size of the whole in the end; 0: not known
   Chunk* chunks_ = nullptr;
   Large* large_ = nullptr;
+  bool has_freed_ = false;  // a block that was not large
   void* free_blocks_[kLargest / kStep + 1] = {};
 };
 

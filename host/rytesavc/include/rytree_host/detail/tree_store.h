@@ -274,6 +274,14 @@ class RYTREE_API Tree {
     const std::size_t bytes = capacity * sizeof(Attribute);
     return capacity <= AttributeIndex::kFew ? bytes : bytes + AttributeIndex::Bytes(capacity);
   }
+  // The capacity of a new block for so many.
+  std::uint32_t AttributeRoom(std::uint32_t count) const {
+    if (!memory_.has_freed()) return count;
+    return static_cast<std::uint32_t>(memory_.RoomFor(count * sizeof(Attribute)) / sizeof(Attribute));
+  }
+  std::uint32_t TextRoom(std::size_t length) const {
+    return static_cast<std::uint32_t>(memory_.RoomFor(length));
+  }
   void GrowAttributes(Node* node, std::uint32_t capacity);
   void GrowManyAttributes(Node* node, std::uint32_t capacity);
   void MoveAttributes(Node* node, std::uint32_t capacity, std::size_t bytes, std::size_t former_bytes);
@@ -342,9 +350,11 @@ inline void Tree::Append(Node* parent, Node* child) {
 }
 
 inline Attribute* Tree::NewAttributes(Node* node, std::uint32_t count) {
-  node->attributes = static_cast<Attribute*>(Allocate(AttributeBytes(count)));
-  node->attribute_count = node->attribute_capacity = count;
-  if (count > AttributeIndex::kFew) AttributeIndex(*node).Clear();
+  const std::uint32_t capacity = AttributeRoom(count);
+  node->attributes = static_cast<Attribute*>(Allocate(AttributeBytes(capacity)));
+  node->attribute_count = count;
+  node->attribute_capacity = capacity;
+  if (capacity > AttributeIndex::kFew) AttributeIndex(*node).Clear();
   return node->attributes;
 }
 
