@@ -43,4 +43,8 @@ endif()
 if(RYTREE_SANITIZE)
   add_compile_options(-fsanitize=${RYTREE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${RYTREE_SANITIZE})
+  # Its types of functions are symbols that libraries find in each other, and then cannot be unloaded.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND RYTREE_SANITIZE MATCHES "undefined")
+    add_compile_options(-fno-sanitize=function)
+  endif()
 endif()

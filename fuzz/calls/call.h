@@ -1,6 +1,7 @@
 // One call: its arguments are taken from the scene, as one of the ways to succeed says or as a program chooses.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -100,10 +101,14 @@ class Call {
   requires std::is_class_v<Other>
   void set(Other& other, const char*) { other = Other(); }
 
-  // One of the handles, or of the first few variables, so that a call often gets one twice.
+  // One of the handles, or of the first few variables, so that a call often gets one twice. It keeps its value until the
+  // call is made: a text may be in it.
   template <class T>
   T& pick(Slots<T>& slots) {
-    return slots.all[program_->byte() % (std::is_same_v<T, RYXmlWrapperBase> ? slots.all.size() : 3)];
+    if constexpr (std::is_same_v<T, RYXmlWrapperBase>) return slots.all[program_->byte() % slots.all.size()];
+    const std::size_t place = program_->byte() % 3;
+    slots.used = std::max(slots.used, place + 1);
+    return slots.all[place];
   }
   long long number();
   const char* any_text();
