@@ -239,6 +239,7 @@ class Tree::TextBlocks {
   // A text of that length whose characters are still to be written, in the first block of those that are left.
   Value Take(std::uint32_t length) {
     char* const block = first_;
+    if (block == nullptr) return {};
     std::uint32_t capacity = 0;
     std::memcpy(&first_, block, sizeof first_);
     std::memcpy(&capacity, block + sizeof first_, sizeof capacity);
