@@ -88,8 +88,9 @@ TEST_F(Files, AreWrittenInThisForm) {
       {"<a _NodeEscape='1'>\\20\\0a<b/></a>", "<a _NodeEscape=\"1\">\\20\\0A<b/>\n</a>\n"},
       {"<a b='\\41'>\\</a>", "<a b=\"\\41\">\\</a>\n"},
       {"<a xml:space='preserve'> <b> x<c/></b></a>", "<a xml:space=\"preserve\"> <b> x<c/></b></a>\n"},
-      {"<a xml:space='preserve'><d xml:space='default'><e/></d></a>",
-       "<a xml:space=\"preserve\"><d xml:space=\"default\">\n    <e/>\n  </d></a>\n"},
+      {"<a xml:space='preserve'><d xml:space='default'><e xml:space='preserve'><f/></e></d></a>",
+       "<a xml:space=\"preserve\"><d xml:space=\"default\">\n    <e xml:space=\"preserve\"><f/></e>\n  "
+       "</d></a>\n"},
       {"<a _NodeEscape='1' xml:space='no'>\\20<b/></a>",
        "<a _NodeEscape=\"1\" xml:space=\"no\">\\20<b/>\n</a>\n"},
   };
