@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <locale>
 #include <map>
+#include <random>
 #include <sstream>
 #include <vector>
 
@@ -127,6 +128,41 @@ TEST(NodeValues, HoldOtherKinds) {
     EXPECT_EQ(from_text.CheckSetValue(9, "v", f), stored);
     EXPECT_EQ(from_string.CheckSetValue(9, CString("v"), f), stored);
     for (const Node& node : {from_text, from_string}) EXPECT_EQ(text(node), xml);
+  }
+}
+
+TEST(NodeValues, AreAsManyAsWanted) {
+  std::mt19937 random(11);
+  Node top = parse("<t/>");
+  std::vector<std::pair<std::string, int>> expected;
+  int most = 60;
+  for (int round = 0; round < 30000; ++round) {
+    if (round % 3000 == 0) most = most == 60 ? 300 : 60;
+    const std::string name = "n" + std::to_string(random() % 400);
+    const auto at =
+        std::find_if(expected.begin(), expected.end(), [&](const auto& one) { return one.first == name; });
+    const bool there = at != expected.end();
+    int value = -1;
+    ASSERT_EQ(top.GetPropertyValue(name.c_str(), value), there ? 1 : 0);
+    ASSERT_EQ(value, there ? at->second : -1);
+    if (static_cast<int>(expected.size()) > most || random() % 8 == 0) {
+      const std::string gone = random() % 2 != 0 || expected.empty() ? name : expected.back().first;
+      ASSERT_EQ(top.RemoveProperty(RYPropertyName(gone.c_str())),
+                std::erase_if(expected, [&](const auto& one) { return one.first == gone; }));
+    } else if (there) {
+      top.SetPropertyValue(name.c_str(), at->second = round);
+    } else if (static_cast<int>(expected.size()) < most) {
+      top.SetPropertyValue(RYPropertyName(name.c_str()), round);
+      expected.emplace_back(name, round);
+    }
+    if (round % 500 == 0) {
+      std::string xml = "<t";
+      for (const auto& [key, number] : expected) xml += " " + key + "=\"" + std::to_string(number) + "\"";
+      ASSERT_EQ(text(top), xml + "/>");
+      // The same attributes from a reader, and copied.
+      ASSERT_EQ(top.SetXmlText(text(top).c_str()), 1);
+      if (round % 1500 == 0) top.Clone(top, 1);
+    }
   }
 }
 
