@@ -31,18 +31,18 @@ class RYPropertyName {
 
   // Null if the tree holds no such name, and so no such attribute.
   const rytesavc::Name* In(rytesavc::Tree* tree) const {
+    if (tree != tree_ || (found_ == nullptr && names_seen_ != tree->name_count())) [[unlikely]]
+      Look(tree);
+    return found_;
+  }
+  // Apart, so that what surrounds a read stays short.
+  [[gnu::noinline]] void Look(rytesavc::Tree* tree) const {
     if (tree != tree_) {
       tree->Retain();
       if (rytesavc::Tree* const former = std::exchange(tree_, tree)) former->Release();
-      Look();
-    } else if (found_ == nullptr && names_seen_ != tree->name_count()) {
-      Look();
     }
-    return found_;
-  }
-  void Look() const {
-    found_ = tree_->FindName(rytesavc::StoredName(name_).view());
-    names_seen_ = tree_->name_count();
+    found_ = tree->FindName(rytesavc::StoredName(name_).view());
+    names_seen_ = tree->name_count();
   }
 
   std::string_view name_;
