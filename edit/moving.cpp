@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int kTakeTag = 0;  // of Replace
+
 std::vector<RYXmlWrapperBase> children_with_prefix(const RYXmlWrapperBase& node, const char* prefix) {
   std::vector<RYXmlWrapperBase> found;
   const int length = lstrlenA(prefix);
@@ -57,7 +59,7 @@ RYXmlWrapperBase make_before(RYXmlWrapperBase& parent, const RYXmlWrapperBase& p
 bool take_content(RYXmlWrapperBase& made, const RYXmlWrapperBase& source) {
   bool taken = false;
   try {
-    taken = made.Replace(source, 1, 0, 0) != 0;
+    taken = made.Replace(source, 1, kTakeTag, 0) != 0;
   } catch (...) {
     made.RemoveNode();
     throw;

@@ -22,6 +22,7 @@ constexpr int kRepeatIdStep = 16;
 
 constexpr unsigned kShowErrorOption = 32;
 constexpr int kHandDownOption = 0x8000;
+constexpr int kKeepTag = 1;  // of Replace
 
 struct SubNodeLayout {
   const char* tag;  // null after the last one
@@ -122,7 +123,7 @@ void renumber_and_rename(RYXmlWrapperBase& tree) {
   for (Children child(tree); child; ++child) {
     RYXmlWrapperBase range;
     renamed.AddNode(range, range_tag(++number), -1);
-    range.Replace(*child, 1, 1, 0);
+    range.Replace(*child, 1, kKeepTag, 0);
     range.SetLabel(range_label(number));
     VCTreeSetRepeatId(range, next_repeat_id(range));
   }

@@ -158,6 +158,7 @@ struct HoldsText {
   bool operator()(const RYXmlWrapperBase& node) {
     if (node.GetPropertyValue(attribute, value) == 0) return false;
     if (!case_sensitive) value.MakeUpper();
+    // The bytes of the text may start the value and end inside one of its characters: Find goes by characters.
     const bool starts = value.View().starts_with(text.View());
     return at_start ? starts && value.Find(text) == 0 : value.Find(text) >= 0;
   }

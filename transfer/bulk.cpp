@@ -29,7 +29,7 @@ struct AttributeList {
     for (Children child(node); child; ++child) {
       CString text;
       if (child->GetPropertyValue(attribute, text) == 0 && missing == Missing::kCarried) {
-        text = values[former];
+        text = values[former];  // empty before the first
       }
       former = values.Add(std::move(text));
       if (!children_only) append_below(*child);

@@ -90,11 +90,12 @@ int RYXmlWrapperBase::FindNodeByAttribute(RYXmlWrapperBase& out, const char* nam
 
 // ---- Adding.
 
+bool RYXmlWrapperBase::TakesChild() const {
+  return IsNodeValid() != 0 && node_->depth < Tree::kMaxDepth && node_->child_count < INT_MAX;
+}
+
 int RYXmlWrapperBase::AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, std::string_view text) {
-  if (IsNodeValid() == 0 || tag == nullptr || node_->depth >= Tree::kMaxDepth ||
-      node_->child_count == INT_MAX || text.size() > rytesavc::Value::kMaxLength) {
-    return 0;
-  }
+  if (!TakesChild() || tag == nullptr || text.size() > rytesavc::Value::kMaxLength) return 0;
   const Name* const name = tree_->Intern(StoredName(tag).view());
   if (name == nullptr) return 0;
   rytesavc::LooseBranch made(*tree_, tree_->NewNode(name, id, node_->depth + 1));
@@ -118,10 +119,7 @@ int RYXmlWrapperBase::AddTextNode(RYXmlWrapperBase& out, const char* text, const
 }
 
 int RYXmlWrapperBase::InsertNodeBefore(const RYXmlWrapperBase& next, const char* tag, int id) {
-  if (IsNodeValid() == 0 || next.IsNodeValid() == 0 || next.node_->parent != node_ || tag == nullptr ||
-      node_->depth >= Tree::kMaxDepth || node_->child_count == INT_MAX) {
-    return 0;
-  }
+  if (!TakesChild() || next.IsNodeValid() == 0 || next.node_->parent != node_ || tag == nullptr) return 0;
   const Name* const name = tree_->Intern(StoredName(tag).view());
   if (name == nullptr) return 0;
   tree_->InsertBefore(next.node_, tree_->NewNode(name, id, node_->depth + 1));
@@ -129,10 +127,7 @@ int RYXmlWrapperBase::InsertNodeBefore(const RYXmlWrapperBase& next, const char*
 }
 
 int RYXmlWrapperBase::AddNodeCopy(const RYXmlWrapperBase& src, int) {
-  if (IsNodeValid() == 0 || src.IsNodeValid() == 0 || node_->child_count == INT_MAX ||
-      !Fits(src.node_, node_->depth + 1)) {
-    return 0;
-  }
+  if (!TakesChild() || src.IsNodeValid() == 0 || !Fits(src.node_, node_->depth + 1)) return 0;
   tree_->Append(node_, tree_->Copy(src.node_, *src.tree_, node_->depth + 1));
   return 1;
 }

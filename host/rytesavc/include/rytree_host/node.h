@@ -387,6 +387,7 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   [[gnu::cold]] int GetTagNameInPage(CString& tag) const;
   const rytesavc::Name* Intern(const char* name) const;
   const rytesavc::Name* Intern(const RYPropertyName& name) const;
+  bool TakesChild() const;
   int AddNodeAs(RYXmlWrapperBase& out, const char* tag, int id, std::string_view text);
   template <class Name, class Write>
   int WriteAttribute(const Name& name, const Write& write);
