@@ -303,6 +303,10 @@ class Duel {
       const std::string wanted = has != 0 ? values.at(name) : "";
       ASSERT_EQ(std::tuple(by_name.View(), by_property.View()), std::tuple(wanted, wanted)) << name;
     }
+    CString name;
+    for (int i = 0; real.GetPropertyAt(i, name, value) != 0; ++i)
+      ASSERT_EQ(std::pair(std::string(name), std::string(value)), twin->attributes.at(i));
+    ASSERT_EQ(real.GetPropertyCount(), std::ssize(twin->attributes));
   }
 
   // Every step from the node goes where it should.

@@ -69,8 +69,9 @@ Results look_up(Node& n, Outputs& o, const char* name) {
 Results read_all(Node& n, Outputs& o) {
   return all(n.IsNodeValid(), static_cast<TESAObj&>(n).IsValid(), n.FirstChild(o.node), n.NextSibling(o.node),
              n.PrevSibling(o.node), n.GetParent(o.node), n.GetChild(o.node, 0), n.GetNodeCount(),
-             n.HasChildren(0), n.IsEmpty(), n.NodeValue(o.number, 1), n.NodeValue(o.real, 1),
-             n.NodeValue(o.flag, 1), n.NodeValue(o.numbers, 1), n.NodeValue(o.string, 1, 1, nullptr),
+             n.HasChildren(0), n.IsEmpty(), n.GetPropertyCount(), n.GetPropertyAt(0, o.string, o.string),
+             n.NodeValue(o.number, 1), n.NodeValue(o.real, 1), n.NodeValue(o.flag, 1),
+             n.NodeValue(o.numbers, 1), n.NodeValue(o.string, 1, 1, nullptr),
              n.GetNodeStringWithBlobInfo(o.string, 0), n.GetVector(o.vector) == 0, n.GetTagName(o.string),
              n.GetID(o.number), n.FindChild("c", o.node, 1), n.Clone(o.node, 1), n.GetXmlText(&o.string),
              n.Save("no-such-directory/x.xml"));

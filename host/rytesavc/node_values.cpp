@@ -37,6 +37,16 @@ bool ReadNumbers(std::string_view text, CArray<double, double>& to) {
   return true;
 }
 
+// In the default page, if that has the characters.
+bool ReadName(std::string_view stored, CString& name) {
+  const CodePage* const page = CodePage::Default();
+  if (page == nullptr) return name.Assign(stored.data(), stored.size()), true;
+  std::string in_page;
+  if (page->FromUtf8(stored, in_page) != stored.size()) return false;
+  name = CString(std::move(in_page));
+  return true;
+}
+
 std::string WriteNumbers(const CArray<double, double>& numbers) {
   std::string text;
   for (const double number : numbers) {
@@ -118,6 +128,16 @@ int RYXmlWrapperBase::SetPropertyValue(const char* name, const _variant_t* value
     if (const CString* const text = std::get_if<CString>(&value->value)) return SetPropertyValue(name, *text);
   }
   return SetPropertyValue(name, "");
+}
+
+int RYXmlWrapperBase::GetPropertyAt(int index, CString& name, CString& value) const {
+  if (index < 0 || index >= GetPropertyCount()) return 0;
+  const rytesavc::Attribute& attribute = node_->attributes[index];
+  CString read_name;
+  if (!ReadName(attribute.name->view(), read_name)) return 0;
+  AssignText(attribute.value, value);
+  name = std::move(read_name);
+  return 1;
 }
 
 int RYXmlWrapperBase::RemoveProperty(const char* name) {
@@ -213,11 +233,7 @@ int RYXmlWrapperBase::SetVector(const tagRYSOBJVECT& vector) {
 // ---- Identity.
 
 int RYXmlWrapperBase::GetTagNameInPage(CString& tag) const {
-  const std::string_view name = node_->tag->view();
-  std::string in_page;
-  if (CodePage::Default()->FromUtf8(name, in_page) != name.size()) return 0;
-  tag = CString(std::move(in_page));
-  return 1;
+  return ReadName(node_->tag->view(), tag) ? 1 : 0;
 }
 
 int RYXmlWrapperBase::SetID(int id, bool) {

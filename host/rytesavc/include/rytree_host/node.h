@@ -150,6 +150,11 @@ class RYTREE_API RYXmlWrapperBase : public TESAObj {
   }
   /// Whether the attribute is there, whatever its value.
   int HasProperty(const RYPropertyName& name) const { return FindAttribute(name) != nullptr ? 1 : 0; }
+  /// The number of attributes, O(1).
+  int GetPropertyCount() const { return IsNodeValid() != 0 ? static_cast<int>(node_->attribute_count) : 0; }
+  /// The name and the value, as a text, of the attribute at `index`, from 0, in O(1). 0, with both left alone,
+  /// for an index outside and for a name that the default code page cannot write, as in GetTagName.
+  int GetPropertyAt(int index, CString& name, CString& value) const;
 
   int SetPropertyValue(const char* name, int value);
   int SetPropertyValue(const char* name, double value);
