@@ -1,7 +1,8 @@
 # Switches of the build, and the flags that every target of this repository shares.
-option(RYTREE_DEVELOPER "Warnings are errors; tests and examples are built" OFF)
+option(RYTREE_DEVELOPER "Warnings are errors; tests, tools and examples are built" OFF)
 option(RYTREE_EXTRAS "Build the library of <rytree_Utils/extras.h>" ON)
 option(RYTREE_TESTS "Build the tests" ${RYTREE_DEVELOPER})
+option(RYTREE_TOOLS "Build the tools rytree-transfer and rytree-tree" ${PROJECT_IS_TOP_LEVEL})
 option(RYTREE_EXAMPLES "Build the examples" ${RYTREE_DEVELOPER})
 option(RYTREE_BENCH "Build the benchmarks" OFF)
 option(RYTREE_FUZZ "Build the fuzzers (Clang)" OFF)

@@ -41,6 +41,15 @@ class ProgramTest : public FolderTest {
     EXPECT_EQ(files(), before);
   }
 
+  /// The man page has every option that the help on the program and on these commands tells.
+  void expect_man_page(const std::string& commands = "") {
+    const std::string options = " | grep -oE -- '--[a-z-]+' | sort -u >../";
+    shell("for command in '' " + commands + "; do \"$PROGRAM\" $command --help; done" + options +
+          "told; sed 's/\\\\f.//g; s/\\\\//g' '" TOOLS_PATH "'/$(basename \"$PROGRAM\").1" + options +
+          "page; comm -23 ../told ../page; test -s ../told || echo none told");
+    EXPECT_EQ(out + err, "");
+  }
+
   /// Every file in the working folder, with its text.
   std::map<std::string, std::string> files() const {
     std::map<std::string, std::string> all;

@@ -119,7 +119,7 @@ TEST_F(TreeTool, TellsWhatIsNotKept) {
     expect_refused(set + where, 2, told + "; --allow-loss writes over it all the same");
   for (const char* const where : {"", "-o r.xml", "--in-place --allow-loss"}) {
     EXPECT_EQ(run(set + where), 0);
-    EXPECT_EQ(err, "tree_tool: " + told + '\n');
+    EXPECT_EQ(err, "rytree-tree: " + told + '\n');
   }
   EXPECT_EQ(tree("c.xml"), "<Root A=\"1\"/>");
 }
@@ -132,11 +132,11 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
       1 | sort t.xml Root.Plot Kind -o r.xml | t.xml: no child of Root.Plot has an int attribute 'Kind'
       1 | move t.xml 13 2 -o r.xml | t.xml: no row 13
       1 | pairs t.xml Root.Empty.E | t.xml: no children below Root.Empty.E
-      2 | | a COMMAND is needed, try tree_tool --help
-      2 | fix t.xml | unknown command 'fix', try tree_tool --help
-      2 | path t.xml 1 2 | unexpected argument '2', try tree_tool path --help
-      2 | show t.xml --in-place | unknown option '--in-place', try tree_tool show --help
-      2 | sort t.xml 1 A -o | -o needs a value, try tree_tool sort --help
+      2 | | a COMMAND is needed, try rytree-tree --help
+      2 | fix t.xml | unknown command 'fix', try rytree-tree --help
+      2 | path t.xml 1 2 | unexpected argument '2', try rytree-tree path --help
+      2 | show t.xml --in-place | unknown option '--in-place', try rytree-tree show --help
+      2 | sort t.xml 1 A -o | -o needs a value, try rytree-tree sort --help
       2 | show '' | a file name is empty
       2 | show lost.xml | lost.xml: cannot read: No such file or directory
       2 | show t.xml --level 0 | --level is 1 to 256
@@ -163,12 +163,14 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
 TEST_F(TreeTool, HelpOnTheProgramAndOnEachCommand) {
   ASSERT_EQ(run("--help"), 0);
   const std::string help = out;
-  std::istringstream commands("show path find filter sort move renumber pairs set prune-empty");
+  const std::string all = "show path find filter sort move renumber pairs set prune-empty";
+  std::istringstream commands(all);
   for (std::string command; commands >> command;) {
     ASSERT_EQ(run(command + " --help"), 0);
-    EXPECT_EQ(out.rfind("tree_tool " + command + " FILE", 0), 0U) << out;
+    EXPECT_EQ(out.rfind("rytree-tree " + command + " FILE", 0), 0U) << out;
     EXPECT_NE(help.find("\n  " + command + ' '), std::string::npos) << command;
   }
+  expect_man_page(all);
 }
 
 }  // namespace

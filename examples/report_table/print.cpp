@@ -7,9 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "columns.h"
-#include "nodes.h"
-
 namespace {
 
 using Line = std::vector<std::string>;
@@ -17,15 +14,29 @@ using Line = std::vector<std::string>;
 constexpr const char* kTable = "Table";
 constexpr int kColumns = 8;
 
+std::string tag_of(const RYXmlWrapperBase& node) {
+  CString tag;
+  node.GetTagName(tag);
+  return std::string(tag.View());
+}
+
+std::string value_of(RYXmlWrapperBase& node) {
+  CString value;
+  node.NodeValue(value, /*get=*/1, 1, nullptr);
+  return std::string(value.View());
+}
+
 void print_aligned(std::ostream& out, const std::vector<Line>& lines) {
-  std::vector<int> widths;
+  std::vector<std::size_t> widths;
   for (const Line& line : lines) {
     widths.resize(std::max(widths.size(), line.size()));
-    for (std::size_t i = 0; i < line.size(); ++i) widths[i] = std::max(widths[i], Cell(line[i]).width());
+    for (std::size_t i = 0; i < line.size(); ++i) widths[i] = std::max(widths[i], line[i].size());
   }
   for (const Line& line : lines) {
     std::string shown;
-    for (std::size_t i = 0; i < line.size(); ++i) shown += pad(one_line(line[i]), widths[i]) + "  ";
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      shown += line[i] + std::string(widths[i] - line[i].size() + 2, ' ');
+    }
     out << shown.substr(0, shown.find_last_not_of(' ') + 1) << '\n';
   }
 }

@@ -23,6 +23,9 @@ file(RENAME "${WORK}/first" "${WORK}/prefix")  # the package can be moved
 run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}" -B "${WORK}/build" -G "${GENERATOR}"
   "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_PREFIX_PATH=${WORK}/prefix")
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
+if(EXISTS "${WORK}/prefix/bin/rytree-tree")
+  run("${WORK}/prefix/bin/rytree-tree" --version)
+endif()
 run("${WORK}/build/consumer")
 file(READ "${WORK}/build/expected.txt" expected)
 if(NOT output STREQUAL expected)

@@ -105,7 +105,8 @@ std::string usage(const Command& command) {
 }
 
 std::string help(const Command& command) {
-  std::string text = std::string("tree_tool ") + command.name + ' ' + usage(command) + "\n\n" + command.help;
+  std::string text =
+      std::string("rytree-tree ") + command.name + ' ' + usage(command) + "\n\n" + command.help;
   if (usage(command).find("PATH") != std::string::npos) text += kCommonHelp;
   if (command.writes) text += kWriteHelp;
   return text;
@@ -113,13 +114,14 @@ std::string help(const Command& command) {
 
 std::string help() {
   std::string text =
-      "tree_tool COMMAND FILE …\n\nLooks at the tree in an XML file, and makes small repairs.\n\n";
+      "rytree-tree COMMAND FILE …\nrytree-tree --help | --version\n\nLooks at the tree in an XML file, and "
+      "makes small repairs.\n\n";
   for (const Command& command : kCommands) {
     const std::string line = command.help;
     text += "  " + pad(command.name, 13) + line.substr(0, line.find('\n') + 1);
   }
   return text + kCommonHelp + kWriteHelp +
-         "\ntree_tool COMMAND --help explains a command. The exit status is 0; 1 if what was asked for is "
+         "\nrytree-tree COMMAND --help explains a command. The exit status is 0; 1 if what was asked for is "
          "not\n"
          "in the tree; 2 for any other failure, with one line on standard error.\n";
 }

@@ -11,6 +11,7 @@ struct Arguments {
   std::string id_attribute;  // empty if not given
   bool allow_loss = false;
   bool help = false;
+  bool version = false;
 
   /// The attribute as the library takes it: null for its default.
   const char* id_attribute_or_null() const { return id_attribute.empty() ? nullptr : id_attribute.c_str(); }

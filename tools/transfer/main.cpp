@@ -7,6 +7,7 @@
 #include "columns.h"
 #include "failure.h"
 #include "report.h"
+#include "version.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ class Progress {
 
   void stage(const char* name) const {
     clear();
-    if (terminal_) std::cerr << "settings_transfer: " << name << " …" << std::flush;
+    if (terminal_) std::cerr << "rytree-transfer: " << name << " …" << std::flush;
   }
 
  private:
@@ -39,7 +40,7 @@ Outcome watched_transfer(const Arguments& arguments, int change_limit) {
 void run(const Arguments& arguments) {
   const Screen screen = Screen::of_standard_output();
   const Outcome outcome = watched_transfer(arguments, screen.change_limit);
-  for (const std::string& loss : outcome.losses) std::cerr << "settings_transfer: " << one_line(loss) << '\n';
+  for (const std::string& loss : outcome.losses) std::cerr << "rytree-transfer: " << one_line(loss) << '\n';
   print_report(std::cout, arguments, outcome, screen);
 }
 
@@ -50,14 +51,16 @@ int main(int count, char** words) {
     const Arguments arguments = read_arguments(count, words);
     if (arguments.help) {
       std::cout << kHelp;
+    } else if (arguments.version) {
+      std::cout << version_text("rytree-transfer");
     } else {
       run(arguments);
     }
     if (std::cout.flush()) return 0;
-    std::cerr << "settings_transfer: cannot write to standard output\n";
+    std::cerr << "rytree-transfer: cannot write to standard output\n";
     return 1;
   } catch (const std::exception& failure) {
-    std::cerr << "settings_transfer: " << one_line(failure.what()) << '\n';
+    std::cerr << "rytree-transfer: " << one_line(failure.what()) << '\n';
     return 2;
   }
 }

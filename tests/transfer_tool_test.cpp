@@ -6,9 +6,9 @@
 
 namespace {
 
-using SettingsTransfer = ProgramTest;
+using TransferTool = ProgramTest;
 
-TEST_F(SettingsTransfer, ValuesThemeMarksAndReport) {
+TEST_F(TransferTool, ValuesThemeMarksAndReport) {
   write("source.xml",
         R"(<S><A DataID="1">für 日本</A>
 <B DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1" DynaUseChck="0">7</C></B>
@@ -46,7 +46,7 @@ result    result.xml
       R"(<node8388612>abcdefghijklmnopqrstuvwxyz</node8388612><node8388613/><node9>9</node9></Settings>)");
 }
 
-TEST_F(SettingsTransfer, OtherIdsOntoTheTargetItself) {
+TEST_F(TransferTool, OtherIdsOntoTheTargetItself) {
   write("source.xml", "<S><A Id='1' DataID='2'>new</A></S>");
   write("target.xml", "<S><A Id='2'>b</A><A Id='1'>a</A></S>");
   ASSERT_EQ(run("--id-attribute Id source.xml target.xml target.xml folder/theme.xml"), 0) << err;
@@ -54,7 +54,7 @@ TEST_F(SettingsTransfer, OtherIdsOntoTheTargetItself) {
   EXPECT_NE(tree("folder/theme.xml").find("<node1>new</node1>"), std::string::npos);
 }
 
-TEST_F(SettingsTransfer, FailuresChangeNoFile) {
+TEST_F(TransferTool, FailuresChangeNoFile) {
   write("good.xml", "<S><A DataID='1'>new</A></S>");
   write("target.xml", "<S><A DataID='1'>old</A></S>");
   write("none.xml", "<S><A/></S>");
@@ -79,7 +79,7 @@ TEST_F(SettingsTransfer, FailuresChangeNoFile) {
   }
 }
 
-TEST_F(SettingsTransfer, TellsWhatIsNotKept) {
+TEST_F(TransferTool, TellsWhatIsNotKept) {
   write("s.xml", "<S><A DataID='1'>new</A><!-- c --></S>");
   write("t.xml", "<!DOCTYPE T [<!ENTITY e 'old'>]><T><?p?><A DataID='1'>&e;<B/>x</A></T>");
   const std::string t =
@@ -90,13 +90,13 @@ TEST_F(SettingsTransfer, TellsWhatIsNotKept) {
   expect_refused("s.xml t.xml ./t.xml", 2, t + all_the_same);
   expect_refused("s.xml t.xml s.xml", 2, s + all_the_same);
   EXPECT_EQ(run("s.xml t.xml r.xml"), 0);
-  EXPECT_EQ(err, "settings_transfer: " + t + '\n');
+  EXPECT_EQ(err, "rytree-transfer: " + t + '\n');
   EXPECT_EQ(run("--allow-loss s.xml t.xml s.xml"), 0);
-  EXPECT_EQ(err, "settings_transfer: " + s + "\nsettings_transfer: " + t + '\n');
+  EXPECT_EQ(err, "rytree-transfer: " + s + "\nrytree-transfer: " + t + '\n');
   EXPECT_EQ(tree("s.xml"), "<T><A DataID=\"1\" Use=\"new\">oldx<B/></A></T>");
 }
 
-TEST_F(SettingsTransfer, InterruptionsLeaveBothFilesOrNeither) {
+TEST_F(TransferTool, InterruptionsLeaveBothFilesOrNeither) {
   std::string items;
   for (int i = 0; i < 5000; ++i) items += "<A DataID='" + std::to_string(i) + "'>a value of the node</A>";
   write("s.xml", "<S>" + items + "</S>");
@@ -116,14 +116,17 @@ TEST_F(SettingsTransfer, InterruptionsLeaveBothFilesOrNeither) {
   }
 }
 
-TEST_F(SettingsTransfer, ReportOnTheExampleDataFitsAScreen) {
+TEST_F(TransferTool, ReportOnTheExampleDataFitsAScreen) {
   ASSERT_EQ(run("'" DATA_PATH "/settings_v1.xml' '" DATA_PATH "/settings_v2.xml' r.xml"), 0) << err;
   EXPECT_NE(out.find("\nchanged   118 nodes (marked with OldValue), 23 attributes\n"), std::string::npos)
       << out;
   EXPECT_NE(out.find("\n  … and 121 more\n"), std::string::npos) << out;
   EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 29);
   ASSERT_EQ(run("--help"), 0);
-  EXPECT_EQ(out.rfind("settings_transfer ", 0), 0U);
+  EXPECT_EQ(out.rfind("rytree-transfer ", 0), 0U);
+  expect_man_page();
+  ASSERT_EQ(run("--version"), 0);
+  EXPECT_EQ(out.rfind("rytree-transfer (rytree_Utils) ", 0), 0U);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 namespace fs = std::filesystem;
 
 const char* const kHelp =
-    "settings_transfer [--id-attribute NAME] [--allow-loss] SOURCE TARGET RESULT [THEME]\n"
+    "rytree-transfer [--id-attribute NAME] [--allow-loss] SOURCE TARGET RESULT [THEME]\n"
     "\n"
     "Carries the settings of one tree over to another version of it: nodes with equal IDs correspond.\n"
     "\n"
@@ -22,6 +22,7 @@ const char* const kHelp =
     "  --id-attribute NAME   the attribute that holds the ID of a node; DataID if not given\n"
     "  --allow-loss          writes RESULT over SOURCE or TARGET even if something in that is not kept\n"
     "  --help                shows this text\n"
+    "  --version             shows the version\n"
     "\n"
     "RESULT may be SOURCE or TARGET. Files that exist are replaced as a whole or not at all.\n"
     "Comments, processing instructions, a DOCTYPE and its entities, and the places of text among the "
@@ -52,6 +53,8 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
       options = false;
     } else if (word == "--help" || word == "-h") {
       arguments.help = true;
+    } else if (word == "--version") {
+      arguments.version = true;
     } else if (word == "--allow-loss") {
       arguments.allow_loss = true;
     } else if (word == kIdOption && i + 1 < count) {
@@ -71,7 +74,7 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
 Arguments read_arguments(int count, char** words) {
   Arguments arguments;
   const std::vector<std::string> files = read_options(count, words, arguments);
-  if (arguments.help) return arguments;
+  if (arguments.help || arguments.version) return arguments;
   if (files.size() < 3) throw Failure("SOURCE, TARGET and RESULT are needed, try --help");
   if (files.size() > 4) throw Failure("unexpected argument '" + files[4] + "', try --help");
   for (const std::string& file : files) {

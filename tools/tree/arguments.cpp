@@ -76,7 +76,7 @@ std::vector<std::pair<std::string, std::string>> Arguments::assignments(std::siz
 }
 
 Arguments read_arguments(const Command& command, const std::vector<std::string>& words) {
-  const std::string hint = std::string(", try tree_tool ") + command.name + " --help";
+  const std::string hint = std::string(", try rytree-tree ") + command.name + " --help";
   const Grammar grammar = read_usage(usage(command));
   Arguments arguments;
   bool options = true;

@@ -6,6 +6,7 @@
 #include "columns.h"
 #include "commands.h"
 #include "losses.h"
+#include "version.h"
 
 namespace {
 
@@ -23,17 +24,18 @@ std::string finish(const Document& document, const Arguments& arguments, const O
     document.save(target);
   }
   if (!document.lost.empty())
-    std::cerr << "tree_tool: " << one_line(document.file + ": " + document.lost) << '\n';
+    std::cerr << "rytree-tree: " << one_line(document.file + ": " + document.lost) << '\n';
   return one_line(outcome.text) + '\n' +
          (writes ? "written to " + one_line(target) : "nothing written: -o FILE or --in-place does that") +
          '\n';
 }
 
 std::string run(const std::vector<std::string>& words) {
-  if (words.empty()) throw Failure("a COMMAND is needed, try tree_tool --help");
+  if (words.empty()) throw Failure("a COMMAND is needed, try rytree-tree --help");
   if (words[0] == "--help" || words[0] == "-h") return help();
+  if (words[0] == "--version") return version_text("rytree-tree");
   const Command* const command = find_command(words[0]);
-  if (command == nullptr) throw Failure("unknown command '" + words[0] + "', try tree_tool --help");
+  if (command == nullptr) throw Failure("unknown command '" + words[0] + "', try rytree-tree --help");
   const Arguments arguments = read_arguments(*command, {words.begin() + 1, words.end()});
   if (arguments.has("--help")) return help(*command);
   if (arguments.has("-o") && arguments.has("--in-place"))
@@ -43,7 +45,7 @@ std::string run(const std::vector<std::string>& words) {
 }
 
 int report(const std::exception& failure, int status) {
-  std::cerr << "tree_tool: " << one_line(failure.what()) << '\n';
+  std::cerr << "rytree-tree: " << one_line(failure.what()) << '\n';
   return status;
 }
 
