@@ -1,4 +1,4 @@
-// The values of a branch as a flat list.
+// The value of a node, and the values of a branch as a flat list.
 #include <rytree_Utils/values.h>
 
 #include <utility>
@@ -17,8 +17,9 @@ void append_text(RYXmlWrapperBase& node, CStringArray& values) {
 }
 
 void append_entry(RYXmlWrapperBase& node, CStringArray& values) {
-  if (node.HasChildren(0) == 0) return append_text(node, values);
-  values.Add(CString());
+  CString text;
+  VCTreeNodeGetValue(node, text);
+  values.Add(std::move(text));
 }
 
 }  // namespace
@@ -45,4 +46,12 @@ extern "C" int flagged_VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* val
 void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values) {
   make_room(values, node, false);
   for (Children child(node); child; ++child) append_text(*child, values);
+}
+
+void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value) {
+  if (node.HasChildren(0) != 0) {
+    value.Empty();
+  } else {
+    read_text(node, value);
+  }
 }

@@ -1,4 +1,5 @@
 #include <rytree_Utils/changes.h>
+#include <rytree_Utils/values.h>
 
 #include "call_arguments.h"
 

@@ -1,12 +1,12 @@
 // Change marks, and the comparison of saved lists.
 #include <rytree_Utils/changes.h>
+#include <rytree_Utils/values.h>
 
 #include <algorithm>
 
 #include "frame/children.h"
 #include "frame/flag.h"
 #include "frame/host_arrays.h"
-#include "frame/node_text.h"
 #include "transfer/equal_texts.h"
 
 namespace {
@@ -23,14 +23,6 @@ struct ChangeMark {
   }
 };
 
-void read_value(RYXmlWrapperBase& node, CString& value) {
-  if (node.HasChildren(0) != 0) {
-    value.Empty();
-  } else {
-    read_text(node, value);
-  }
-}
-
 // Goes through a tree and a saved list side by side.
 struct Comparison {
   const CStringArray& saved;
@@ -42,7 +34,7 @@ struct Comparison {
   void compare(RYXmlWrapperBase& node) {
     if (index == saved.GetSize()) return mark.clear(node);
     const CString& before = saved[index++];
-    read_value(node, value);
+    VCTreeNodeGetValue(node, value);
     if (value == before) return mark.clear(node);
     mark.set(node, before);
     ++changed;
@@ -74,8 +66,6 @@ int ry_is_same(HostArrayObject* first, HostArrayObject* second) {
 int ryget_changed(HostArrayObject* first, HostArrayObject* second, int caseSensitive) {
   return VCTreeGetChanged(open_strings(first), open_strings(second), caseSensitive != 0);
 }
-
-void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value) { read_value(node, value); }
 
 int VCTreeUpdateChanges(RYXmlWrapperBase* node, CStringArray* saved) {
   if (node == nullptr || saved == nullptr) return -1;

@@ -40,10 +40,6 @@ RYTREE_API int ryget_changed(HostArrayObject* first, HostArrayObject* second, in
 
 }  // extern "C"
 
-/// Sets `value` to the value of a node as a saved list holds it: the text of a leaf, empty for a branch and
-/// for an invalid node.
-RYTREE_API void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value);
-
 /// Compares every node below `node` with its string in the saved list, byte for byte, and marks it with that
 /// string where they differ. Everywhere else the mark is removed, also from the nodes beyond the end of
 /// the list: earlier marks do not survive. `node` itself is not looked at and has no entry in the list. The

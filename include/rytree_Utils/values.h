@@ -1,4 +1,4 @@
-// The values of a branch as a flat list.
+// The value of a node, and the values of a branch as a flat list.
 #pragma once
 
 #include <rytree_host/framework.h>
@@ -24,3 +24,7 @@ RYTREE_API int VCTreeGetValues(RYXmlWrapperBase* tree, CStringArray* values, boo
 
 /// Appends the text of each direct child, even if it is empty, to `values`, which is never emptied.
 RYTREE_API void vctree_get_all_children_values_as_string_array(RYXmlWrapperBase& node, CStringArray& values);
+
+/// Sets `value` to the value of a node as these lists hold it: the text of a leaf, empty for a branch and
+/// for an invalid node.
+RYTREE_API void VCTreeNodeGetValue(RYXmlWrapperBase& node, CString& value);
