@@ -12,6 +12,12 @@ std::string value_of(RYXmlWrapperBase node) {
   return std::string(value.View());
 }
 
+std::optional<std::string> attribute_of(const RYXmlWrapperBase& node, const char* name) {
+  CString value;
+  if (node.GetPropertyValue(name, value) == 0) return std::nullopt;
+  return std::string(value.View());
+}
+
 void set_value(RYXmlWrapperBase& node, const std::string& text) {
   CString value(text.c_str());
   node.NodeValue(value, /*get=*/0, 1, nullptr);

@@ -5,15 +5,27 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <string_view>
 
-Terminal Terminal::of_standard_output() {
+namespace {
+
+std::string_view environment(const char* name) {
+  const char* const text = std::getenv(name);
+  return text == nullptr ? "" : text;
+}
+
+}  // namespace
+
+Terminal Terminal::of(int descriptor) {
   Terminal terminal;
-  if (isatty(STDOUT_FILENO) == 0) return terminal;
-  const char* const no_colour = std::getenv("NO_COLOR");
-  terminal.colour = no_colour == nullptr || *no_colour == '\0';
+  if (isatty(descriptor) == 0) return terminal;
+  terminal.plain = environment("TERM") == "dumb";
+  terminal.colour = !terminal.plain && environment("NO_COLOR").empty();
   winsize size{};
-  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) return terminal;
+  if (ioctl(descriptor, TIOCGWINSZ, &size) != 0) return terminal;
   if (size.ws_col > 0) terminal.columns = std::max<int>(size.ws_col, 40);
   terminal.lines = size.ws_row;
   return terminal;
 }
+
+Terminal Terminal::of_standard_output() { return of(STDOUT_FILENO); }

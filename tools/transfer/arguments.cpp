@@ -1,16 +1,20 @@
 #include "arguments.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <string_view>
 #include <vector>
 
 #include "failure.h"
 #include "losses.h"
+#include "streams.h"
 
 namespace fs = std::filesystem;
 
 const char* const kHelp =
-    "rytree-transfer [--id-attribute NAME] [--allow-loss] SOURCE TARGET RESULT [THEME]\n"
+    "rytree-transfer [OPTION…] SOURCE TARGET RESULT [THEME]\n"
+    "rytree-transfer --dry-run [OPTION…] SOURCE TARGET\n"
     "\n"
     "Carries the settings of one tree over to another version of it: nodes with equal IDs correspond.\n"
     "\n"
@@ -19,17 +23,42 @@ const char* const kHelp =
     "  RESULT   where TARGET is written with the values of SOURCE; OldValue marks what changed\n"
     "  THEME    where the IDs and values are written as a list; RESULT with .theme.xml if not given\n"
     "\n"
-    "  --id-attribute NAME   the attribute that holds the ID of a node; DataID if not given\n"
+    "What is carried:\n"
+    "  --id-attribute NAME   the attribute that holds the ID of a node, a number or a word; DataID if not\n"
+    "                        given, which holds numbers\n"
+    "  --no-marks            RESULT gets no OldValue\n"
+    "\n"
+    "What is told:\n"
+    "  --all                 prints every change and every ID without a partner, as into a pipe or a file\n"
+    "  --report FILE         writes a line for each value and what became of it, with tabs between status, "
+    "ID,\n"
+    "                        node, old value, new value and a note. The status is applied, unchanged, kept\n"
+    "                        (by a theme rule of TARGET), no-node (with this ID in TARGET), no-value (for "
+    "this\n"
+    "                        node in SOURCE) or duplicate (an ID that came before in SOURCE)\n"
+    "\n"
+    "What is written:\n"
+    "  --dry-run             writes neither RESULT nor THEME\n"
+    "  --strict              writes neither if an ID has no node, stands twice, or nothing matches\n"
+    "  --allow-no-match      writes both even if nothing matches\n"
     "  --allow-loss          writes RESULT over SOURCE or TARGET even if something in that is not kept\n"
+    "\n"
     "  --help                shows this text\n"
     "  --version             shows the version\n"
     "\n"
-    "RESULT may be SOURCE or TARGET. Files that exist are replaced as a whole or not at all.\n"
-    "Comments, processing instructions, a DOCTYPE and its entities, and the places of text among the "
-    "children\n"
-    "of a node are not kept in RESULT. What TARGET has of these is told on standard error.\n"
-    "The exit status is 0; 2 with one line on standard error, RESULT and THEME untouched; or 1 if only the\n"
-    "report could not be written.\n";
+    "A file may be -, which is standard input or standard output, or a FIFO. RESULT may be SOURCE or "
+    "TARGET.\n"
+    "Files that exist are replaced as a whole or not at all. Comments, processing instructions, a DOCTYPE "
+    "and\n"
+    "its entities, and the places of text among the children of a node are not kept in RESULT. What TARGET "
+    "has\n"
+    "of these is told on standard error.\n"
+    "\n"
+    "The exit status is 0; 1 if only the printing failed; 2 for a failure; 3 if the trees do not fit: "
+    "nothing\n"
+    "matches, or --strict finds fault. With 2 and 3, one line on standard error tells why, and RESULT and "
+    "THEME\n"
+    "are untouched.\n";
 
 namespace {
 
@@ -40,9 +69,35 @@ bool same_place(const std::string& left, const std::string& right) {
   return !error && place == fs::weakly_canonical(fs::absolute(right, error), error);
 }
 
+struct Flag {
+  std::string_view name;
+  bool Arguments::*member;
+};
+constexpr std::array kFlags = {Flag{"--help", &Arguments::help},
+                               Flag{"-h", &Arguments::help},
+                               Flag{"--version", &Arguments::version},
+                               Flag{"--all", &Arguments::all},
+                               Flag{"--dry-run", &Arguments::dry_run},
+                               Flag{"--strict", &Arguments::strict},
+                               Flag{"--allow-no-match", &Arguments::allow_no_match},
+                               Flag{"--allow-loss", &Arguments::allow_loss},
+                               Flag{"--no-marks", &Arguments::no_marks}};
+
+struct Option {
+  std::string_view name;
+  const char* needs;
+  std::string Arguments::*member;
+};
+constexpr std::array kOptions = {Option{"--id-attribute", "NAME", &Arguments::id_attribute},
+                                 Option{"--report", "FILE", &Arguments::report}};
+
+template <class Table>
+auto entry(const Table& table, std::string_view word) {
+  return std::find_if(table.begin(), table.end(), [&](const auto& known) { return known.name == word; });
+}
+
 /// Reads the options and gives the other words.
 std::vector<std::string> read_options(int count, char** words, Arguments& arguments) {
-  constexpr std::string_view kIdOption = "--id-attribute";
   std::vector<std::string> files;
   bool options = true;
   for (int i = 1; i < count; ++i) {
@@ -51,17 +106,12 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
       files.emplace_back(word);
     } else if (word == "--") {
       options = false;
-    } else if (word == "--help" || word == "-h") {
-      arguments.help = true;
-    } else if (word == "--version") {
-      arguments.version = true;
-    } else if (word == "--allow-loss") {
-      arguments.allow_loss = true;
-    } else if (word == kIdOption && i + 1 < count) {
-      arguments.id_attribute = words[++i];
-      if (arguments.id_attribute.empty()) throw Failure("--id-attribute needs a NAME");
-    } else if (word == kIdOption) {
-      throw Failure("--id-attribute needs a NAME");
+    } else if (const auto* const flag = entry(kFlags, word); flag != kFlags.end()) {
+      arguments.*(flag->member) = true;
+    } else if (const auto* const option = entry(kOptions, word); option != kOptions.end()) {
+      arguments.*(option->member) = i + 1 < count ? words[++i] : "";
+      if ((arguments.*(option->member)).empty())
+        throw Failure(std::string(word) + " needs a " + option->needs);
     } else {
       throw Failure("unknown option '" + std::string(word) + "', try --help");
     }
@@ -69,24 +119,50 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
   return files;
 }
 
+/// Throws a Failure if an output is another file of the command line; only RESULT may be an input.
+void check_files(const Arguments& arguments) {
+  const std::vector<std::string> inputs = {arguments.source, arguments.target};
+  if (std::count(inputs.begin(), inputs.end(), "-") > 1) throw Failure("only one file can be standard input");
+  const std::vector<std::string> outputs = {arguments.result, arguments.theme, arguments.report};
+  if (std::count(outputs.begin(), outputs.end(), "-") > 1)
+    throw Failure("only one file can be standard output");
+  std::vector<std::string> taken = inputs;
+  if (!arguments.result.empty()) taken.push_back(arguments.result);
+  const auto check = [&](const char* name, const std::string& file) {
+    for (const std::string& other : taken) {
+      if (!is_stream(file) && same_place(file, other))
+        throw Failure(file + ": " + name + " would overwrite " + other);
+    }
+  };
+  if (!arguments.theme.empty()) check("THEME", arguments.theme);
+  if (!arguments.theme.empty()) taken.push_back(arguments.theme);
+  if (!arguments.report.empty()) check("--report", arguments.report);
+}
+
 }  // namespace
+
+bool Arguments::prints_output() const {
+  return is_standard(report) || (!dry_run && (is_standard(result) || is_standard(theme)));
+}
 
 Arguments read_arguments(int count, char** words) {
   Arguments arguments;
   const std::vector<std::string> files = read_options(count, words, arguments);
   if (arguments.help || arguments.version) return arguments;
-  if (files.size() < 3) throw Failure("SOURCE, TARGET and RESULT are needed, try --help");
+  if (files.size() < 2 || (files.size() < 3 && !arguments.dry_run))
+    throw Failure("SOURCE, TARGET and RESULT are needed, try --help");
   if (files.size() > 4) throw Failure("unexpected argument '" + files[4] + "', try --help");
   for (const std::string& file : files) {
     if (file.empty()) throw Failure("a file name is empty");
   }
   arguments.source = files[0];
   arguments.target = files[1];
-  arguments.result = files[2];
-  arguments.theme = files.size() > 3 ? files[3] : fs::path(files[2]).replace_extension(".theme.xml").string();
-  for (const std::string& other : {arguments.source, arguments.target, arguments.result}) {
-    if (same_place(arguments.theme, other))
-      throw Failure(arguments.theme + ": THEME would overwrite " + other);
+  if (files.size() > 2) arguments.result = files[2];
+  if (files.size() > 3) {
+    arguments.theme = files[3];
+  } else if (!arguments.result.empty() && !is_stream(arguments.result)) {
+    arguments.theme = fs::path(arguments.result).replace_extension(".theme.xml").string();
   }
+  check_files(arguments);
   return arguments;
 }

@@ -6,15 +6,21 @@
 struct Arguments {
   std::string source;
   std::string target;
-  std::string result;
-  std::string theme;
+  std::string result;        // empty if nothing is to be written
+  std::string theme;         // the same
+  std::string report;        // the same
   std::string id_attribute;  // empty if not given
+  bool all = false;
+  bool dry_run = false;
+  bool strict = false;
+  bool allow_no_match = false;
   bool allow_loss = false;
+  bool no_marks = false;
   bool help = false;
   bool version = false;
 
-  /// The attribute as the library takes it: null for its default.
-  const char* id_attribute_or_null() const { return id_attribute.empty() ? nullptr : id_attribute.c_str(); }
+  /// Whether something other than the summary goes to standard output.
+  bool prints_output() const;
 };
 
 /// Reads the command line. Throws a Failure if it makes no sense.

@@ -1,6 +1,4 @@
 // Carries the settings of one tree over to another version of it.
-#include <unistd.h>
-
 #include <exception>
 #include <iostream>
 
@@ -11,37 +9,26 @@
 
 namespace {
 
-/// Shows on a terminal what is being done, and clears the line in the end. Shows nothing elsewhere.
-class Progress {
- public:
-  Progress() = default;
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-  ~Progress() { clear(); }
+constexpr const char* kProgram = "rytree-transfer";
 
-  void stage(const char* name) const {
-    clear();
-    if (terminal_) std::cerr << "rytree-transfer: " << name << " …" << std::flush;
+void tell(const std::string& text) { std::cerr << kProgram << ": " << one_line(text) << '\n'; }
+
+/// Does the job and gives the exit status.
+int run(const Arguments& arguments) {
+  constexpr int kStages = 6;
+  Outcome outcome;
+  {
+    Progress progress(kProgram, kStages);
+    outcome = transfer(arguments, progress);
+    write_files(arguments, outcome, progress);
   }
-
- private:
-  void clear() const {
-    if (terminal_) std::cerr << "\r\033[K" << std::flush;
-  }
-
-  bool terminal_ = isatty(STDERR_FILENO) != 0;
-};
-
-Outcome watched_transfer(const Arguments& arguments, int change_limit) {
-  const Progress progress;
-  return transfer(arguments, change_limit, [&](const char* name) { progress.stage(name); });
-}
-
-void run(const Arguments& arguments) {
-  const Screen screen = Screen::of_standard_output();
-  const Outcome outcome = watched_transfer(arguments, screen.change_limit);
-  for (const std::string& loss : outcome.losses) std::cerr << "rytree-transfer: " << one_line(loss) << '\n';
-  print_report(std::cout, arguments, outcome, screen);
+  for (const std::string& loss : outcome.losses) tell(loss);
+  print_report(arguments.prints_output() ? std::cerr : std::cout, arguments, outcome,
+               Screen::of_standard_output(arguments.all));
+  if (outcome.misfit.empty()) return 0;
+  std::cout.flush();
+  tell(outcome.misfit);
+  return 3;
 }
 
 }  // namespace
@@ -49,18 +36,19 @@ void run(const Arguments& arguments) {
 int main(int count, char** words) {
   try {
     const Arguments arguments = read_arguments(count, words);
+    int status = 0;
     if (arguments.help) {
       std::cout << kHelp;
     } else if (arguments.version) {
-      std::cout << version_text("rytree-transfer");
+      std::cout << version_text(kProgram);
     } else {
-      run(arguments);
+      status = run(arguments);
     }
-    if (std::cout.flush()) return 0;
-    std::cerr << "rytree-transfer: cannot write to standard output\n";
+    if (std::cout.flush()) return status;
+    tell("cannot write to standard output");
     return 1;
   } catch (const std::exception& failure) {
-    std::cerr << "rytree-transfer: " << one_line(failure.what()) << '\n';
+    tell(failure.what());
     return 2;
   }
 }

@@ -1,90 +1,166 @@
 #include "report.h"
 
 #include <algorithm>
+#include <array>
 
 #include "columns.h"
+#include "streams.h"
 #include "terminal.h"
 
 namespace {
 
-constexpr int kOtherLines = 12;  // lines of the report that list no change
-constexpr std::size_t kIdsShown = 4;
+constexpr int kOtherLines = 14;  // lines of the summary that list no change
+constexpr int kExamples = 4;
+constexpr int kGap = 2;
+constexpr int kWidest = 60;  // a column is no wider for a longer text, where none is cut
 
-/// One line of the report: a heading of one word, and a text.
+using Row = std::array<std::string, 4>;
+
+/// One line of the summary: a heading of one word, and a text.
 void line(std::ostream& out, const char* word, const std::string& text) {
   out << pad(word, 10) << one_line(text) << '\n';
 }
 
-/// A composed ID shows its two halves.
-std::string id_text(int id) {
-  const unsigned bits = static_cast<unsigned>(id);
-  if (bits < 0x10000U) return std::to_string(id);
-  return std::to_string(bits & 0xFFFFU) + " (repeat " + std::to_string(bits >> 16U) + ')';
+std::string shown(const std::optional<std::string>& value) {
+  if (!value) return "(none)";
+  return value->empty() ? "(empty)" : *value;
 }
 
-void print_homeless(std::ostream& out, const std::vector<int>& ids) {
-  if (ids.empty()) return;
-  std::string text = counted(static_cast<int>(ids.size()), "ID", "IDs") + ": ";
-  for (std::size_t i = 0; i < std::min(ids.size(), kIdsShown); ++i)
-    text += (i == 0 ? "" : ", ") + id_text(ids[i]);
-  line(out, "no node", ids.size() > kIdsShown ? text + ", …" : text);
+/// Prints rows in columns. On a terminal the first column is cut at its front and the others at their ends.
+void print_rows(std::ostream& out, std::vector<Row> rows, int columns) {
+  std::array<int, 4> widths{};
+  for (Row& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      const Cell cell(row[i]);
+      row[i] = columns > 0 && i > 0 ? cell.fit(std::max(columns / 4, 9)) : one_line(row[i]);
+      widths[i] = std::max(widths[i], std::min(Cell(row[i]).width(), columns > 0 ? columns : kWidest));
+    }
+  }
+  if (columns > 0) {
+    int others = kGap;
+    for (std::size_t i = 1; i < widths.size(); ++i) others += widths[i] > 0 ? widths[i] + kGap : 0;
+    widths[0] = std::min(widths[0], std::max(columns - others, 12));
+  }
+  for (const Row& row : rows) {
+    std::string text = "  ";
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (widths[i] == 0) continue;
+      text += pad(columns > 0 && i == 0 ? Cell(row[i]).fit_end(widths[i]) : row[i], widths[i] + kGap);
+    }
+    out << text.substr(0, text.find_last_not_of(' ') + 1) << '\n';
+  }
 }
 
-void print_changes(std::ostream& out, const Outcome& outcome, int columns) {
-  constexpr int kGap = 2;
-  std::vector<Change> rows = {{"node", "old value", "new value"}};
-  rows.insert(rows.end(), outcome.changes.begin(), outcome.changes.end());
-  const int most = std::max(columns / 4, 9);
-  int path_width = 0;
-  int old_width = 0;
-  int new_width = 0;
-  for (Change& row : rows) {
-    row.old_value = Cell(row.old_value).fit(most);
-    row.new_value = Cell(row.new_value).fit(most);
-    path_width = std::max(path_width, Cell(row.path).width());
-    old_width = std::max(old_width, Cell(row.old_value).width());
-    new_width = std::max(new_width, Cell(row.new_value).width());
+class Summary {
+ public:
+  Summary(std::ostream& out, const Outcome& outcome, const Screen& screen)
+      : out_(out), outcome_(outcome), screen_(screen) {}
+
+  /// Lists the changes, or the first of them.
+  void changes() const {
+    std::vector<Row> rows = {{"node", "ID", "old value", "new value"}};
+    add_rows(Fate::kApplied, rows);
+    if (rows.size() > 1) print_rows(out_, std::move(rows), screen_.columns);
+    const int more = outcome_.findings.count(Fate::kApplied) - screen_.change_limit;
+    if (more > 0) out_ << "  … and " << more << " more\n";
   }
-  path_width = std::min(path_width, std::max(columns - 3 * kGap - old_width - new_width, 12));
-  for (const Change& row : rows) {
-    out << "  " << pad(Cell(row.path).fit_end(path_width), path_width + kGap)
-        << pad(row.old_value, old_width + kGap) << row.new_value << '\n';
+
+  /// Tells how many findings of the fate there are, and lists them or tells the IDs of some.
+  void others(Fate fate, const char* word, const std::string& what) const {
+    if (outcome_.findings.count(fate) == 0) return;
+    line(out_, word, screen_.whole ? what : what + ": " + examples(fate));
+    if (!screen_.whole) return;
+    std::vector<Row> rows;
+    add_rows(fate, rows);
+    print_rows(out_, std::move(rows), screen_.columns);
   }
-  const int total = outcome.changed_nodes + outcome.changed_attributes;
-  const int more = total - static_cast<int>(outcome.changes.size());
-  if (more > 0) out << "  … and " << more << " more\n";
+
+ private:
+  void add_rows(Fate fate, std::vector<Row>& rows) const {
+    const bool changes = fate == Fate::kApplied;
+    int room = changes ? screen_.change_limit : std::numeric_limits<int>::max();
+    for (const Finding& finding : outcome_.findings.list) {
+      if (finding.fate != fate) continue;
+      if (--room < 0) return;
+      const bool both = changes || fate == Fate::kKept;
+      const auto& value = finding.new_value ? finding.new_value : finding.old_value;
+      rows.push_back({finding.path, outcome_.ids.text(finding.id),
+                      both ? shown(finding.old_value) : shown(value),
+                      both ? shown(finding.new_value) : finding.note});
+    }
+  }
+
+  std::string examples(Fate fate) const {
+    std::string text;
+    int count = 0;
+    for (const Finding& finding : outcome_.findings.list) {
+      if (finding.fate != fate) continue;
+      if (++count > kExamples) return text + ", …";
+      text += (count > 1 ? ", " : "") + outcome_.ids.text(finding.id);
+    }
+    return text;
+  }
+
+  std::ostream& out_;
+  const Outcome& outcome_;
+  const Screen& screen_;
+};
+
+std::string written(const Arguments& arguments, const Outcome& outcome, const std::string& file) {
+  if (arguments.dry_run) return "not written (--dry-run)";
+  return outcome.misfit.empty() ? shown_name(file) : "not written";
 }
 
 }  // namespace
 
-Screen Screen::of_standard_output() {
+Screen Screen::of_standard_output(bool all) {
   Screen screen;
   const Terminal terminal = Terminal::of_standard_output();
-  if (terminal.columns > 0) screen.columns = terminal.columns;
-  if (terminal.lines > 0) screen.change_limit = std::max(terminal.lines - kOtherLines, 5);
+  if (all || terminal.columns == 0) return screen;
+  screen.whole = false;
+  screen.columns = terminal.columns;
+  screen.change_limit = terminal.lines > 0 ? std::max(terminal.lines - kOtherLines, 5) : 20;
   return screen;
 }
 
 void print_report(std::ostream& out, const Arguments& arguments, const Outcome& outcome,
                   const Screen& screen) {
+  const Findings& found = outcome.findings;
+  const Summary summary(out, outcome, screen);
   line(out, "source",
-       arguments.source + ": " + counted(outcome.source_nodes, "node", "nodes") + ", " +
+       shown_input(arguments.source) + ": " + counted(outcome.source_nodes, "node", "nodes") + ", " +
            counted(outcome.harvested, "value", "values") + " harvested");
   line(out, "target",
-       arguments.target + ": " + counted(outcome.target_nodes, "node", "nodes") + ", " +
+       shown_input(arguments.target) + ": " + counted(found.target_nodes, "node", "nodes") + ", " +
            std::to_string(outcome.matched) + " matched");
   if (!outcome.warning.empty()) line(out, "warning", outcome.warning);
-  if (outcome.repeated > 0) {
+  if (found.shared_ids > 0) {
     line(out, "warning",
-         counted(outcome.repeated, "value", "values") +
-             " left out: the ID stood before in the source, and the first one is used");
+         counted(found.shared_ids, "ID is that", "IDs are those") +
+             " of several nodes, which all get its value");
   }
-  print_homeless(out, outcome.homeless);
   line(out, "changed",
-       counted(outcome.changed_nodes, "node", "nodes") + " (marked with OldValue), " +
-           counted(outcome.changed_attributes, "attribute", "attributes"));
-  if (!outcome.changes.empty()) print_changes(out, outcome, screen.columns);
-  line(out, "theme",
-       arguments.theme + ": " + counted(outcome.harvested, "value", "values") + ", read back and equal");
-  line(out, "result", arguments.result);
+       counted(found.changed_nodes, "node", "nodes") +
+           (arguments.no_marks ? ", " : " (marked with OldValue), ") +
+           counted(found.changed_attributes, "attribute", "attributes"));
+  summary.changes();
+  summary.others(Fate::kKept, "kept",
+                 counted(found.count(Fate::kKept), "value", "values") + " of the target, by its theme rules");
+  summary.others(Fate::kNoNode, "no node",
+                 counted(found.count(Fate::kNoNode), "ID", "IDs") + " of the source");
+  summary.others(Fate::kNoValue, "no value",
+                 counted(found.count(Fate::kNoValue), "node", "nodes") + " of the target with an ID");
+  summary.others(
+      Fate::kDuplicate, "duplicate",
+      counted(found.count(Fate::kDuplicate), "value", "values") + " left out, as the ID came before");
+  if (!arguments.theme.empty()) {
+    line(
+        out, "theme",
+        written(arguments, outcome, arguments.theme) +
+            (arguments.dry_run || !outcome.misfit.empty()
+                 ? ""
+                 : ": " + counted(outcome.pairs.ids.GetSize(), "value", "values") + ", read back and equal"));
+  }
+  line(out, "result", written(arguments, outcome, arguments.result));
+  if (!arguments.report.empty()) line(out, "report", shown_name(arguments.report));
 }

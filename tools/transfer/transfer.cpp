@@ -1,147 +1,124 @@
 #include "transfer.h"
 
-#include <rytree_Utils.h>
+#include <utility>
 
-#include <unordered_set>
-
-#include "changes.h"
+#include "columns.h"
 #include "failure.h"
-#include "held_signals.h"
 #include "losses.h"
-#include "staged_file.h"
+#include "streams.h"
 
 namespace {
 
-/// The harvested IDs and their values.
-struct Pairs {
-  CArray<int, int> ids;
-  CStringArray values;
-};
-
-struct TreeIds {
-  int nodes = 0;
-  std::unordered_set<int> ids;
-};
-
-RYXmlWrapperBase load_tree(const std::string& file, const Arguments& arguments, Outcome& outcome) {
-  RYXmlWrapperBase tree;
-  if (tree.load(file.c_str(), 0) == 0) throw file_failure(file);
+RYXmlWrapperBase load(const std::string& file, const Arguments& arguments, Progress& progress,
+                      Outcome& outcome) {
+  progress.reading(file);
+  RYXmlWrapperBase tree = load_tree(file);
   const std::string lost = not_kept();
-  refuse_loss(file, lost, arguments.result, arguments.allow_loss);
+  if (!arguments.dry_run) refuse_loss(file, lost, arguments.result, arguments.allow_loss);
   const bool written = file == arguments.target || same_file(file, arguments.result);
-  if (written && !lost.empty()) outcome.losses.push_back(file + ": " + lost);
+  if (written && !lost.empty()) outcome.losses.push_back(shown_input(file) + ": " + lost);
   return tree;
 }
 
-/// Counts the nodes below `parent` and collects their IDs, combined with the repeat numbers above them.
-void collect_ids(const RYXmlWrapperBase& parent, int repeat, const char* id_attribute, TreeIds& found) {
-  RYXmlWrapperBase child;
-  for (parent.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) {
-    int id = -1;
-    int child_repeat = repeat;
-    child.GetPropertyValue(id_attribute == nullptr ? "DataID" : id_attribute, id);
-    rytree_combine_treenode_id_with_repeat_id(&child, &id, &child_repeat, repeat);
-    ++found.nodes;
-    if (id >= 0) found.ids.insert(id);
-    collect_ids(child, child_repeat, id_attribute, found);
-  }
-}
-
-void harvest(const Arguments& arguments, RYXmlWrapperBase& source, Pairs& pairs, Outcome& outcome) {
+Pairs harvest(const Arguments& arguments, RYXmlWrapperBase& source, Outcome& outcome) {
+  Pairs pairs;
   CString message;
-  const char* const id_attribute = arguments.id_attribute_or_null();
   outcome.harvested = vctree_get_values_with_ids(&source, &pairs.ids, &pairs.values, /*recursive=*/1,
-                                                 /*changedOnly=*/0, /*repeat=*/0, id_attribute,
+                                                 /*changedOnly=*/0, /*repeat=*/0, outcome.ids.argument(),
                                                  /*allBranches=*/0, &message);
   if (outcome.harvested < 1) {
-    throw Failure(arguments.source + ": no value to take, as no node has an int attribute '" +
-                  (id_attribute == nullptr ? "DataID" : id_attribute) +
+    const bool given = !arguments.id_attribute.empty();
+    throw Failure(shown_input(arguments.source) + ": no value to take, as no node has " +
+                  (given ? "the attribute '" + arguments.id_attribute : "an int attribute 'DataID") +
                   "' (--id-attribute NAME takes another)");
   }
   outcome.warning = message.View();
-  TreeIds found;
-  collect_ids(source, /*repeat=*/0, id_attribute, found);
-  outcome.source_nodes = found.nodes;
+  outcome.source_nodes = source.GetTreeSize() - 1;
+  return pairs;
 }
 
-/// Finds out which of the harvested IDs have no node in the target, and how many are repeated.
-void match_ids(const Arguments& arguments, const RYXmlWrapperBase& target, const Pairs& pairs,
-               Outcome& outcome) {
-  TreeIds found;
-  collect_ids(target, /*repeat=*/0, arguments.id_attribute_or_null(), found);
-  outcome.target_nodes = found.nodes;
-  std::unordered_set<int> seen;
-  for (const int id : pairs.ids) {
-    if (!seen.insert(id).second) {
-      ++outcome.repeated;
-    } else if (!found.ids.contains(id)) {
-      outcome.homeless.push_back(id);
-    }
-  }
-}
-
-/// The values below the root before the transfer, with which the change marks compare.
-CStringArray saved_list(RYXmlWrapperBase& target) {
-  CStringArray values;
-  VCTreeGetValues(&target, &values, /*childrenOnly=*/false);
-  values.RemoveAt(0);  // the root itself
-  return values;
-}
-
-void apply(const Arguments& arguments, RYXmlWrapperBase& target, Pairs& pairs, Outcome& outcome) {
+int apply(const Arguments& arguments, RYXmlWrapperBase& target, Pairs& pairs, const Ids& ids) {
   CString message;
   // Where `duplicate` is null, the first of several equal IDs is used.
-  outcome.matched =
-      vctree_set_values_by_ids(&target, &pairs.ids, &pairs.values, /*repeat=*/0, /*duplicate=*/nullptr,
-                               /*storeArgument=*/0, arguments.id_attribute_or_null(), &message);
-  if (outcome.matched < 0) throw Failure(arguments.target + ": " + std::string(message.View()));
+  const int matched =
+      vctree_set_values_by_ids(&target, &pairs.ids, &pairs.values, /*repeat=*/0,
+                               /*duplicate=*/nullptr, /*storeArgument=*/0, ids.argument(), &message);
+  if (matched < 0) throw Failure(shown_input(arguments.target) + ": " + std::string(message.View()));
+  return matched;
 }
 
-/// Writes the theme to the staged file and reads it back.
-void write_theme(const Arguments& arguments, const StagedFile& file, Pairs& pairs) {
-  const std::string comment = "Values of " + arguments.source;
-  if (!vctree_save_values_with_ids(file.path(), &pairs.ids, &pairs.values, comment.c_str(), nullptr)) {
-    throw file_failure(arguments.theme);
+/// A copy of the target in which no rule keeps a value from being stored; invalid if none does so.
+RYXmlWrapperBase without_rules(const RYXmlWrapperBase& target) {
+  constexpr int kRules = 0x70000;
+  const RYPropertyName name("ThemeApplicability");
+  RYXmlWrapperBase copy;
+  target.Clone(copy, 1);
+  bool rules = false;
+  for (RYXmlWrapperBase node(copy); node.IsNodeValid() != 0; node.NextBelow(node, copy)) {
+    int bits = 0;
+    if (node.GetPropertyValue(name, bits) == 0 || (bits & kRules) == 0) continue;
+    rules = true;
+    node.SetPropertyValue(name, bits & ~kRules);
   }
-  Pairs back;
-  CString comment_back;
-  if (!vctree_read_values_with_ids(file.path(), &back.ids, &back.values, &comment_back)) {
-    throw file_failure(arguments.theme);
+  if (!rules) copy.ReleaseNode();
+  return copy;
+}
+
+/// Marks the nodes that differ from what they were.
+void mark_changes(RYXmlWrapperBase& before, RYXmlWrapperBase& after) {
+  CStringArray saved;
+  VCTreeGetValues(&before, &saved, /*childrenOnly=*/false);
+  saved.RemoveAt(0);  // the root itself
+  VCTreeUpdateChanges(&after, &saved);
+}
+
+/// Why nothing is to be written; empty if nothing speaks against it.
+std::string misfit(const Arguments& arguments, const Outcome& outcome) {
+  const Findings& found = outcome.findings;
+  if (outcome.matched == 0 && !arguments.allow_no_match) {
+    return shown_input(arguments.target) + ": no node has an ID of " + shown_input(arguments.source) +
+           " (--allow-no-match writes all the same)";
   }
-  if (VCTreeIsSame(&pairs.ids, &back.ids) == 0 ||
-      VCTreeGetChanged(&pairs.values, &back.values, /*caseSensitive=*/true) != -1 ||
-      comment_back != comment.c_str()) {
-    throw Failure(arguments.theme + ": the theme does not read back as it was written");
-  }
+  if (!arguments.strict) return "";
+  std::vector<std::string> faults;
+  const auto add = [&](int count, const char* one, const char* more) {
+    if (count > 0) faults.push_back(counted(count, one, more));
+  };
+  add(found.count(Fate::kNoNode), "ID has no node", "IDs have no node");
+  add(found.count(Fate::kDuplicate), "ID stands twice in SOURCE", "IDs stand twice in SOURCE");
+  add(found.shared_ids, "ID stands twice in TARGET", "IDs stand twice in TARGET");
+  if (outcome.matched == 0) faults.emplace_back("nothing matches");
+  std::string text;
+  for (const std::string& fault : faults) text += (text.empty() ? "" : ", ") + fault;
+  return text.empty() ? "" : shown_input(arguments.target) + ": " + text + " (--strict)";
 }
 
 }  // namespace
 
-Outcome transfer(const Arguments& arguments, int change_limit,
-                 const std::function<void(const char*)>& stage) {
+Outcome transfer(const Arguments& arguments, Progress& progress) {
   Outcome outcome;
-  Pairs pairs;
-  stage("reading");
-  RYXmlWrapperBase source = load_tree(arguments.source, arguments, outcome);
-  RYXmlWrapperBase target = load_tree(arguments.target, arguments, outcome);
+  outcome.ids = Ids(arguments.id_attribute);
+  RYXmlWrapperBase source = load(arguments.source, arguments, progress, outcome);
+  RYXmlWrapperBase& target = outcome.result;
+  target = load(arguments.target, arguments, progress, outcome);
 
-  stage("harvest");
-  harvest(arguments, source, pairs, outcome);
+  progress.stage("harvesting values");
+  outcome.ids.number({source, target});
+  Pairs pairs = harvest(arguments, source, outcome);
 
-  stage("apply");
-  match_ids(arguments, target, pairs, outcome);
-  CStringArray saved = saved_list(target);
+  progress.stage("applying " + counted(outcome.harvested, "value", "values"));
   RYXmlWrapperBase before;
   target.Clone(before, 1);
-  apply(arguments, target, pairs, outcome);
-  find_changes(before, target, saved, change_limit, outcome);
+  RYXmlWrapperBase unruled = without_rules(target);
+  outcome.matched = apply(arguments, target, pairs, outcome.ids);
+  if (unruled.IsNodeValid() != 0) apply(arguments, unruled, pairs, outcome.ids);
 
-  stage("save");
-  const HeldSignals signals;
-  StagedFile theme(arguments.theme);
-  write_theme(arguments, theme, pairs);
-  signals.check();
-  if (target.Save(arguments.result.c_str()) == 0) throw file_failure(arguments.result);
-  theme.commit();
+  progress.stage("comparing");
+  outcome.findings =
+      find_out(outcome.ids, pairs, Settled(), source, before, target, unruled, !arguments.report.empty());
+  outcome.misfit = misfit(arguments, outcome);
+  outcome.ids.remove_numbers(target);
+  if (!arguments.no_marks) mark_changes(before, target);
+  outcome.pairs = std::move(pairs);
   return outcome;
 }
