@@ -1,8 +1,11 @@
-// Makes the n-th allocation of the whole program fail, and counts the blocks in use. To be included by one source of a
+// Makes the n-th allocation of the whole program fail, and counts the blocks and bytes in use. To be included by one source of a
 // program with one thread: it replaces malloc and its relatives, from which all others take their memory, those of the
 // shared libraries too.
 #pragma once
 
+#include <malloc.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
@@ -33,6 +36,13 @@ class FailingAllocations {
   static long failed() { return failed_; }
   /// How many blocks the program has.
   static long blocks() { return blocks_; }
+  /// Starts to count the bytes of the blocks that come and go.
+  static void count_bytes() {
+    counts_bytes_ = true;
+    bytes_ = most_bytes_ = 0;
+  }
+  /// The most that there were since then, beyond those at the start.
+  static long most_bytes() { return most_bytes_; }
 
   static bool fails() {
     if (left_ == 0 || --left_ != 0) return false;
@@ -43,18 +53,34 @@ class FailingAllocations {
   }
   static void* count(void* block) {
     if (block != nullptr) ++blocks_;
+    add_bytes(size_of(block));
     return block;
   }
   static void free(void* block) {
     if (block != nullptr) --blocks_;
+    add_bytes(-size_of(block));
     real_free(block);
+  }
+  static void* resize(void* block, std::size_t bytes) {
+    const long former = size_of(block);
+    void* const resized = real_realloc(block, bytes);
+    if (resized != nullptr) add_bytes(size_of(resized) - former);
+    return resized;
   }
 
  private:
+  static long size_of(void* block) {
+    return counts_bytes_ ? static_cast<long>(malloc_usable_size(block)) : 0;
+  }
+  static void add_bytes(long bytes) { most_bytes_ = std::max(most_bytes_, bytes_ += bytes); }
+
   static inline constinit long left_ = 0;  // allocations until the one that fails; 0: none does
   static inline constinit bool onwards_ = false;
   static inline constinit long failed_ = 0;
   static inline constinit long blocks_ = 0;
+  static inline constinit bool counts_bytes_ = false;
+  static inline constinit long bytes_ = 0;
+  static inline constinit long most_bytes_ = 0;
 };
 
 // One source alone includes this, so there is one definition of each.
@@ -69,7 +95,7 @@ extern "C" {
 [[gnu::visibility("default")]] void* realloc(void* block, std::size_t bytes) noexcept {
   if (block == nullptr) return malloc(bytes);
   if (bytes == 0) return FailingAllocations::free(block), nullptr;
-  return FailingAllocations::fails() ? nullptr : real_realloc(block, bytes);
+  return FailingAllocations::fails() ? nullptr : FailingAllocations::resize(block, bytes);
 }
 [[gnu::visibility("default")]] void* aligned_alloc(std::size_t step, std::size_t bytes) noexcept {
   return FailingAllocations::fails() ? nullptr : FailingAllocations::count(real_memalign(step, bytes));

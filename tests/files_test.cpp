@@ -256,34 +256,16 @@ TEST_F(Files, TellWhatIsPassedOver) {
   }
 }
 
-TEST_F(Files, AreBoundedHoweverHostile) {
-  const std::string much = "the entities expand to too much";
-  std::string chain = "<!DOCTYPE a [<!ENTITY x0 ''>";
-  std::string defaults = "<!DOCTYPE a [<!ATTLIST b";
-  std::string wide = "<a";
-  for (int i = 1; i < 30000; ++i) {
-    const std::string number = std::to_string(i);
-    chain += "<!ENTITY x" + number + " '&x" + std::to_string(i - 1) + ";'>";
-    if (i < 2000) defaults += " a" + number + " CDATA ''";
-    wide += " a" + number + "=\"\"";
-  }
-  const std::string big(200000, 'x');
-  const Rows<std::string, std::string> cases = {
-      {repeat("<a>", 1025) + repeat("</a>", 1025), "nested deeper than 1,024 levels"},
-      {"<!DOCTYPE a [<!ENTITY x '" + big + "'>]><a>" + repeat("&x;", 200) + "</a>", much},
-      {"<!DOCTYPE a [<!ENTITY x '" + repeat("<b/>", 9000) + "'>]><a>" + repeat("&x;", 1000) + "</a>", much},
-      {chain + "]><a>&x29999;</a>", "too many entities that name entities"},
-      {defaults + ">]><a>" + repeat("<b/>", 20000) + "</a>", much},
-  };
-  for (const auto& [xml, why] : cases) EXPECT_EQ(loaded(xml), "! " + why);
-
+TEST_F(Files, KeepDeepAndLongContent) {
   const std::string most = repeat("<a>", 1023) + "<a/>" + repeat("</a>", 1023);
   EXPECT_EQ(loaded(most), most);
   Node low = at(parse("<r><m><l/></m></r>"), {0, 0});
   EXPECT_EQ(low.SetXmlText((repeat("<a>", 1023) + repeat("</a>", 1023)).c_str()), 0);
   EXPECT_EQ(low.SetXmlText((repeat("<a>", 1022) + repeat("</a>", 1022)).c_str()), 1);
 
-  // Long tokens and many attributes take time in step with their length.
+  const std::string big(200000, 'x');
+  std::string wide = "<a";
+  for (int i = 1; i < 30000; ++i) wide += " a" + std::to_string(i) + "=\"\"";
   wide += " a=\"" + repeat(big, 10) + "\">" + repeat(big + "&amp;", 10) + "</a>";
   EXPECT_EQ(loaded("<!--" + repeat(big, 10) + "-->" + wide), wide);
 }
