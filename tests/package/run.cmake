@@ -23,6 +23,10 @@ file(RENAME "${WORK}/first" "${WORK}/prefix")  # the package can be moved
 run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}" -B "${WORK}/build" -G "${GENERATOR}"
   "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_PREFIX_PATH=${WORK}/prefix")
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
+file(GLOB_RECURSE printers "${WORK}/prefix/*/librytesavc.so.*-gdb.py")
+if(NOT printers)
+  message(FATAL_ERROR "What shows nodes in gdb is not installed beside its library")
+endif()
 if(EXISTS "${WORK}/prefix/bin/rytree-tree")
   run("${WORK}/prefix/bin/rytree-tree" --version)
 endif()
