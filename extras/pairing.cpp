@@ -1,21 +1,19 @@
 #include "extras/pairing.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "extras/sequence.h"
+#include "extras/matching.h"
 
 namespace rytree::detail {
 
 namespace {
 
-/// The nodes below the top that have an ID, each with its index, by ID and then in document order.
-std::vector<std::pair<int, int>> sorted_ids(const Listing& nodes) {
-  std::vector<std::pair<int, int>> ids;
+/// The IDs of the nodes below the top that have one.
+std::vector<Numbered> ids_of(const Listing& nodes) {
+  std::vector<Numbered> ids;
   for (int i = 1; i < nodes.size(); ++i) {
     if (nodes[i].id != -1) ids.emplace_back(nodes[i].id, i);
   }
-  std::sort(ids.begin(), ids.end());
   return ids;
 }
 
@@ -78,19 +76,8 @@ void Pairing::pair(int old_index, int new_index) {
 }
 
 void Pairing::pair_by_id() {
-  const std::vector<std::pair<int, int>> old_ids = sorted_ids(old_);
-  const std::vector<std::pair<int, int>> new_ids = sorted_ids(new_);
-  auto old_at = old_ids.begin();
-  auto new_at = new_ids.begin();
-  while (old_at != old_ids.end() && new_at != new_ids.end()) {
-    if (old_at->first == new_at->first) {
-      pair((old_at++)->second, (new_at++)->second);
-    } else if (old_at->first < new_at->first) {
-      ++old_at;
-    } else {
-      ++new_at;
-    }
-  }
+  for (const auto& [old_index, new_index] : match_equal(ids_of(old_), ids_of(new_)))
+    pair(old_index, new_index);
 }
 
 void Pairing::pair_by_tag(std::size_t tag_count) {

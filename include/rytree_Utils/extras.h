@@ -108,7 +108,8 @@ std::vector<Difference> differences_by_path(const RYXmlWrapperBase& old_tree,
 
 /// An index of the nodes below one node by their IDs, composed with the repeat numbers as a harvest and an apply
 /// compose them. It is made in one walk, linear; a look-up is a binary search. Nodes that are added later, or
-/// get another ID, are not known to it; a node that is removed stays in it as a dead handle.
+/// get another ID, are not known to it; a node that is removed stays in it as a dead handle. It keeps the tree
+/// alive.
 class NodesById {
  public:
   /// - `id_attribute`: null means "DataID".
@@ -130,5 +131,96 @@ class NodesById {
   std::vector<Place> places_;  // sorted
   std::vector<RYXmlWrapperBase> nodes_;
 };
+
+// ---- Values by ID.
+
+/// IDs and the values that belong to them, as a harvest fills them and an apply takes them:
+///     vctree_get_values_with_ids(&tree, &list.ids, &list.values, 1, 0, 0, nullptr, 0, nullptr);
+/// An ID without a value has the empty one; a value without an ID does not count.
+struct ValueList {
+  CArray<int, int> ids;
+  CStringArray values;
+};
+
+struct ValueDifference {
+  DifferenceKind kind = DifferenceKind::kChanged;  // kAdded, kRemoved or kChanged
+  int id = -1;
+  std::optional<std::string> old_value;  // nothing of kAdded
+  std::optional<std::string> new_value;  // nothing of kRemoved
+};
+
+/// The differences between two lists, compared by ID: first those of the new list, in its order, then what was
+/// removed, in the order of the old one. Of several entries with one ID the first corresponds to the first, the
+/// second to the second. Values are compared byte for byte, the order of the entries does not count. Linear.
+std::vector<ValueDifference> differences_of_values(const ValueList& old_list, const ValueList& new_list);
+
+/// What an apply or a copy did.
+struct Applied {
+  /// The result of the export: the number of nodes matched, or its negative code.
+  int matched = -1;
+  /// The IDs that no node has, each once, in the order of the values. Empty if `matched` is negative.
+  std::vector<int> unmatched;
+  /// The message of the export about a failure.
+  std::string message;
+};
+
+struct ApplyOptions {
+  const char* id_attribute = nullptr;  // null means "DataID"
+  int repeat = 0;                      // the repeat number in force at the node
+  int store_argument = 0;
+  bool first_counts = false;  // of several values with one ID the first is used; else they are a failure
+};
+
+/// vctree_set_values_by_ids, which also tells the IDs that found no node.
+Applied apply_values(RYXmlWrapperBase& node, const ValueList& list, const ApplyOptions& options = {});
+
+struct CopyOptions {
+  const char* source_id_attribute = nullptr;       // null means "DataID"
+  const char* destination_id_attribute = nullptr;  // the same
+  int store_argument = 0;
+  bool all_branches = false;
+  bool keep_bit_18_off = false;
+  bool drop_empty = false;
+};
+
+/// rytree_copy_values_by_id, which also tells the IDs that found no node. There is no message. The values are
+/// harvested twice.
+Applied copy_values(RYXmlWrapperBase& source, RYXmlWrapperBase& destination, const CopyOptions& options = {});
+
+/// Whether a file holds saved values, as vctree_save_values_with_ids writes them: its root is "Settings", and has
+/// children, each of them a leaf tagged "node" and an int. False also if it cannot be loaded. Of a regular file
+/// with another root only the beginning is read, if that is in UTF-8 or another encoding with the letters of ASCII and
+/// has no DOCTYPE.
+[[nodiscard]] bool holds_saved_values(const char* file);
+
+// ---- Taking changes back.
+
+/// What is in "OldValue", the mark of a changed node.
+enum class OldValues {
+  kTexts,  // the text of a leaf: VCTreeUpdateChanges, and callers of rytree_node_changed who give such texts
+  kDecorated,  // the value as a harvest gives it, with its decorations in front, of branches too
+};
+
+/// Gives the marked nodes below `node` their old values back and takes their marks ("OldValue", "OldName") off.
+/// - kTexts: each marked leaf gets its text back. A marked branch stays as it is, with its mark.
+/// - kDecorated: each marked leaf gets its text back, each marked branch its attribute "Use", or "Data" with bit 20 of
+///   "ThemeApplicability"; the value "-1" of a branch without that attribute makes none. "Auto" and "DynaUseChck" are
+///   set, or removed where the old value has no such decoration.
+///
+/// A harvest with `changedOnly` puts the present values into the marks: undo before it. A mark knows nothing of
+/// other attributes and of nodes that came or went; restore() takes back everything. The number of nodes that
+/// were given their values back. Linear.
+int undo_changes(RYXmlWrapperBase& node, OldValues form = OldValues::kTexts);
+
+/// Makes a branch equal to another one, attributes in the same order too, and changes only what differs. Nodes that
+/// both have stay, so that handles on them stay good: the two top nodes, and below nodes that stay, children of
+/// one tag and one "DataID" (or none), the first of them for the first, as far as they are in the same order. Of
+/// children that are not, as many as possible stay. All others are removed, and copies made of what is missing.
+/// Where the tags of the two top nodes differ, all nodes below `target` are replaced.
+///
+/// The branches may be in one tree, one in the other too; what `source` is then changes with `target`. True, or false
+/// with a part of it done: a handle is invalid (nothing is done), the tree would be too deep, or a node has an
+/// attribute whose name the default code page cannot write. Linear.
+bool restore(RYXmlWrapperBase& target, const RYXmlWrapperBase& source);
 
 }  // namespace rytree

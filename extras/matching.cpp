@@ -1,9 +1,27 @@
-#include "extras/sequence.h"
+#include "extras/matching.h"
 
 #include <algorithm>
 #include <cstddef>
 
 namespace rytree::detail {
+
+std::vector<std::pair<int, int>> match_equal(std::vector<Numbered> left, std::vector<Numbered> right) {
+  std::sort(left.begin(), left.end());
+  std::sort(right.begin(), right.end());
+  std::vector<std::pair<int, int>> matches;
+  auto left_at = left.begin();
+  auto right_at = right.begin();
+  while (left_at != left.end() && right_at != right.end()) {
+    if (left_at->first == right_at->first) {
+      matches.emplace_back((left_at++)->second, (right_at++)->second);
+    } else if (left_at->first < right_at->first) {
+      ++left_at;
+    } else {
+      ++right_at;
+    }
+  }
+  return matches;
+}
 
 std::vector<bool> in_order(const std::vector<int>& numbers) {
   if (std::is_sorted(numbers.begin(), numbers.end())) return std::vector<bool>(numbers.size(), true);
