@@ -1,5 +1,5 @@
-# Installs a build, then configures, builds and runs the consumer in this folder against what was installed, and compares
-# its output with the README's.
+# Installs a build, then configures, builds and runs the app in this folder against what was installed, and compares what
+# it prints.
 #   cmake -DBUILD=folder -DWORK=folder [-DGENERATOR=… -DCOMPILER=… -DFLAGS=…] -P run.cmake
 foreach(name IN ITEMS GENERATOR COMPILER FLAGS)
   if(NOT DEFINED ${name})
@@ -18,6 +18,7 @@ function(run)
 endfunction()
 
 file(REMOVE_RECURSE "${WORK}")
+set(examples "${CMAKE_CURRENT_LIST_DIR}/../../examples")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/first")
 file(RENAME "${WORK}/first" "${WORK}/prefix")  # the package can be moved
 run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}" -B "${WORK}/build" -G "${GENERATOR}"
@@ -30,9 +31,6 @@ endif()
 if(EXISTS "${WORK}/prefix/bin/rytree-tree")
   run("${WORK}/prefix/bin/rytree-tree" --version)
 endif()
-run("${WORK}/build/consumer")
-file(READ "${WORK}/build/expected.txt" expected)
-if(NOT output STREQUAL expected)
-  message(FATAL_ERROR "The example printed:\n${output}The README says:\n${expected}")
-endif()
+run("${CMAKE_COMMAND}" "-DPROGRAM=${WORK}/build/app" "-DEXPECTED=${examples}/carry_values.txt"
+  -P "${CMAKE_CURRENT_LIST_DIR}/../compare_output.cmake")
 message(STATUS "installed, moved, found, built, run")
