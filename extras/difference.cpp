@@ -2,6 +2,7 @@
 #include <rytree_Utils/extras.h>
 
 #include "extras/listing.h"
+#include "extras/node_comparison.h"
 #include "extras/pairing.h"
 
 namespace rytree {
@@ -92,6 +93,7 @@ class Comparison {
   void add_changes(int former, int at) {
     const RYXmlWrapperBase& old_node = old_[former].node;
     const RYXmlWrapperBase& new_node = new_[at].node;
+    if (nodes_.are_equal(old_node, new_node)) return;
     if (old_[former].tag != new_[at].tag)
       add_change(former, at, NodePart::kTag, {}, tags_.tag(old_[former].tag), tags_.tag(new_[at].tag));
     add_if_changed(former, at, NodePart::kNodeId, {}, node_id_of(old_node), node_id_of(new_node));
@@ -125,6 +127,7 @@ class Comparison {
   const Listing old_;
   const Listing new_;
   const Pairing pairs_;
+  detail::NodeComparison nodes_;
   std::vector<Difference> found_;
 };
 

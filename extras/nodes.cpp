@@ -1,51 +1,11 @@
 // Reading nodes, and the equality of branches.
 #include <rytree_Utils/extras.h>
 
+#include "extras/node_comparison.h"
+
 namespace rytree {
 
 namespace {
-
-/// Compares the nodes of two branches, with buffers that it uses again.
-class NodeComparison {
- public:
-  bool are_equal(const RYXmlWrapperBase& left, const RYXmlWrapperBase& right) {
-    return left.GetNodeCount() == right.GetNodeCount() && have_equal_ids(left, right) &&
-           have_equal_tags(left, right) && have_equal_texts(left, right) &&
-           have_equal_attributes(left, right);
-  }
-
- private:
-  static bool have_equal_ids(const RYXmlWrapperBase& left, const RYXmlWrapperBase& right) {
-    int left_id = -1;
-    int right_id = -1;
-    left.GetID(left_id);
-    right.GetID(right_id);
-    return left_id == right_id;
-  }
-  bool have_equal_tags(const RYXmlWrapperBase& left, const RYXmlWrapperBase& right) {
-    left_.Empty();
-    right_.Empty();
-    return left.GetTagName(left_) == right.GetTagName(right_) && left_ == right_;
-  }
-  bool have_equal_texts(const RYXmlWrapperBase& left, const RYXmlWrapperBase& right) {
-    left.GetNodeStringWithBlobInfo(left_, 0);
-    right.GetNodeStringWithBlobInfo(right_, 0);
-    return left_ == right_;
-  }
-  bool have_equal_attributes(const RYXmlWrapperBase& left, const RYXmlWrapperBase& right) {
-    const int count = left.GetPropertyCount();
-    if (right.GetPropertyCount() != count) return false;
-    for (int i = 0; i < count; ++i) {
-      if (left.GetPropertyAt(i, name_, left_) == 0) continue;
-      if (right.GetPropertyValue(name_, right_) == 0 || left_ != right_) return false;
-    }
-    return true;
-  }
-
-  CString name_;
-  CString left_;
-  CString right_;
-};
 
 template <class Value>
 std::optional<Value> read(const RYXmlWrapperBase& node, const char* name) {
@@ -100,11 +60,12 @@ bool are_equal(const RYXmlWrapperBase& left, const RYXmlWrapperBase& right) {
   if (left == right) return true;
   if (left.IsNodeValid() == 0 || right.IsNodeValid() == 0) return false;
   // As long as nodes have equally many children, both walks come to corresponding nodes.
-  NodeComparison comparison;
+  detail::NodeComparison comparison;
   RYXmlWrapperBase left_at(left);
   RYXmlWrapperBase right_at(right);
   while (left_at.IsNodeValid() != 0) {
-    if (!comparison.are_equal(left_at, right_at)) return false;
+    if (left_at.GetNodeCount() != right_at.GetNodeCount() || !comparison.are_equal(left_at, right_at))
+      return false;
     left_at.NextBelow(left_at, left);
     right_at.NextBelow(right_at, right);
   }

@@ -2,7 +2,7 @@
 #include <rytree_Utils/extras.h>
 
 #include <algorithm>
-#include <deque>
+#include <iterator>
 #include <map>
 
 #include "extras/matching.h"
@@ -24,37 +24,48 @@ struct Child {
 
 std::vector<Child> children_of(const RYXmlWrapperBase& parent) {
   std::vector<Child> children;
+  children.reserve(static_cast<std::size_t>(parent.GetNodeCount()));
   RYXmlWrapperBase at;
   for (parent.FirstChild(at); at.IsNodeValid() != 0; at.NextSibling(at))
     children.push_back({at, {tag_of(at), attribute_of(at, "DataID").value_or("")}});
   return children;
 }
 
-/// For each child of the source the child of the target that stays for it, an invalid handle if there is none; in
-/// both the order is the same. The other children of the target are removed.
+/// For each child the place of the wanted one that has the same key, -1 for none.
+std::vector<int> wanted_places(const std::vector<Child>& children, const std::vector<Child>& wanted) {
+  std::map<std::pair<std::string, std::string>, int> numbers;
+  const auto numbered = [&](const std::vector<Child>& all) {
+    std::vector<detail::Numbered> keys;
+    keys.reserve(all.size());
+    for (const Child& child : all) {
+      const auto number = numbers.try_emplace(child.key, static_cast<int>(numbers.size())).first;
+      keys.emplace_back(number->second, static_cast<int>(keys.size()));
+    }
+    return keys;
+  };
+  std::vector<int> places(children.size(), -1);
+  for (const auto& [at, place] : detail::match_equal(numbered(children), numbered(wanted)))
+    places[static_cast<std::size_t>(at)] = place;
+  return places;
+}
+
+/// For each wanted child the child of the target that stays for it, an invalid handle if there is none. The order
+/// of those that stay is that of the wanted ones; the other children are removed.
 std::vector<RYXmlWrapperBase> keep_children(const RYXmlWrapperBase& target,
                                             const std::vector<Child>& wanted) {
-  std::map<std::pair<std::string, std::string>, std::deque<int>> places;
-  for (std::size_t i = 0; i < wanted.size(); ++i) places[wanted[i].key].push_back(static_cast<int>(i));
-  std::vector<Child> found;
+  std::vector<Child> children = children_of(target);
+  const std::vector<int> places = wanted_places(children, wanted);
   std::vector<int> found_places;
-  for (Child& child : children_of(target)) {
-    const auto same = places.find(child.key);
-    if (same == places.end() || same->second.empty()) {
-      child.node.RemoveNode();
-      continue;
-    }
-    found_places.push_back(same->second.front());
-    same->second.pop_front();
-    found.push_back(std::move(child));
-  }
-  std::vector<RYXmlWrapperBase> kept(wanted.size());
+  std::copy_if(places.begin(), places.end(), std::back_inserter(found_places),
+               [](int at) { return at >= 0; });
   const std::vector<bool> stays = detail::in_order(found_places);
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    if (stays[i]) {
-      kept[static_cast<std::size_t>(found_places[i])] = found[i].node;
+  std::vector<RYXmlWrapperBase> kept(wanted.size());
+  std::size_t found = 0;
+  for (std::size_t i = 0; i < children.size(); ++i) {
+    if (places[i] >= 0 && stays[found++]) {
+      kept[static_cast<std::size_t>(places[i])] = children[i].node;
     } else {
-      found[i].node.RemoveNode();
+      children[i].node.RemoveNode();
     }
   }
   return kept;
