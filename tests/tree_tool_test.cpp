@@ -67,6 +67,35 @@ TEST_F(TreeTool, ColoursAndFitsATerminalOnly) {
             "  ^[2m2^[0m      ^[2m1^[0m  ^[1m  A^[0m   ^[36m" + label + "^[0m  ^[32m" + value + "^[0m\n");
 }
 
+TEST_F(TreeTool, ComparesReadsAndWritesStreams) {
+  write("a.xml", R"(<R><A DataID="1" x="1">a</A><B DataID="2">b</B><C n="k l">c<D n="m"/></C></R>)");
+  write("b.xml", R"(<R y=""><B DataID="2">b</B><A DataID="1" x="2"><E n="m"/></A><C n="k l">c</C></R>)");
+  const Rows<const char*, int, const char*> rows = {
+      {"P diff a.xml a.xml", 0, ""},
+      {"P diff a.xml - <b.xml", 1,
+       "  changed  R@y       (none)        (empty)\n"
+       "  moved    R.B    2  R.B, child 2  R.B, child 1\n"
+       "  changed  R.A    1  a             (empty)\n"
+       "  changed  R.A@x  1  1             2\n"
+       "  added    R.A.E                   (empty)\n"
+       "  removed  R.C.D     (empty)\n"},
+      {"P diff a.xml b.xml --id-attribute n | grep -v @", 0,
+       "  moved    R.B             R.B, child 2    R.B, child 1\n"
+       "  changed  R.A             a               (empty)\n"
+       "  moved    R.A.E        m  R.C.D, child 1  R.A.E, child 1\n"
+       "  changed  R.A.E (tag)  m  D               E\n"},
+      {"P diff a.xml b.xml --by path | grep -c R.B", 0, "1\n"},
+      {"cat a.xml | P path - R.C | tail -1", 0, "value  c\n"},
+      {"P set a.xml R.B x=y -o - 2>told | P path - R.B | tail -1; cat told; rm told", 0,
+       "value  b\nset 1 attribute of R.B\nwritten to standard output\n"},
+      {"(printf '<R>'; yes '<A/>' | head -n 40000; echo '</R>') | P show - | head -n 3", 0,
+       "  row  level  node  label  value\n    1      0  R\n    2      1    A\n"}};
+  for (const auto& [command, status, shown] : rows) {
+    EXPECT_EQ(shell(std::string("P() { \"$PROGRAM\" \"$@\"; }; ") + command), status) << command << err;
+    EXPECT_EQ(out, shown) << command;
+  }
+}
+
 TEST_F(TreeTool, Changes) {
   for (const auto& [arguments, done, left] : rows<3>(R"(
       filter t.xml --data-id 1 --attribute Name --text LPHA | removed 4 of 12 nodes | $Set$Empty
@@ -94,7 +123,9 @@ TEST_F(TreeTool, Changes) {
           $Plot$Set<Empty A="1" B="c=d">text<E/></Empty>
       set t.xml --value -- Root.Empty.E | set 0 attributes and the value of Root.Empty.E | \
           $Plot$Set<Empty><E>--</E></Empty>
-      prune-empty t.xml | removed 4 of 12 nodes | \
+      prune-empty t.xml | removed 3 of 12 nodes | \
+          $Plot<Set DataID="1" Name="Alpha"><item3>b</item3>$Rest</Set>
+      prune-empty t.xml --with-attributes | removed 4 of 12 nodes | \
           <Plot Label="図 one" DataID="1">$X$Y</Plot><Set DataID="1" Name="Alpha"><item3>b</item3>$Rest</Set>
       prune-empty t.xml Root.Empty | removed 1 of 12 nodes | $Plot$Set<Empty/>)")) {
     EXPECT_EQ(run(arguments + " -o r.xml"), 0) << arguments << err;
@@ -141,6 +172,10 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
       2 | show lost.xml | lost.xml: cannot read: No such file or directory
       2 | show t.xml --level 0 | --level is 1 to 256
       2 | path t.xml 99999999999 | '99999999999' is not a number
+      2 | diff - - | only one file can be standard input
+      2 | diff t.xml lost.xml | lost.xml: cannot read: No such file or directory
+      2 | diff t.xml t.xml --by tag | --by cannot be 'tag'
+      2 | set - 1 A=1 --in-place | --in-place needs a file
       2 | find t.xml =x | '=x' is not ATTRIBUTE=VALUE
       2 | set t.xml 1 A=1 '1 B=2' --in-place | '1 B' is not an attribute name
       2 | set t.xml 1 A=1 -o r.xml --in-place | -o and --in-place exclude each other
@@ -163,7 +198,7 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
 TEST_F(TreeTool, HelpOnTheProgramAndOnEachCommand) {
   ASSERT_EQ(run("--help"), 0);
   const std::string help = out;
-  const std::string all = "show path find filter sort move renumber pairs set prune-empty";
+  const std::string all = "show path find diff filter sort move renumber pairs set prune-empty";
   std::istringstream commands(all);
   for (std::string command; commands >> command;) {
     ASSERT_EQ(run(command + " --help"), 0);

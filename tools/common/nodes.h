@@ -1,16 +1,10 @@
-// What the programs print of a node.
+// What the tools and <rytree_Utils/extras.h> do with the text of a node.
 #pragma once
 
 #include <rytree_Utils.h>
+#include <rytree_Utils/extras.h>
 
-#include <optional>
 #include <string>
 
-/// The tag of a node.
-std::string tag_of(const RYXmlWrapperBase& node);
-
-/// The text of a node itself.
-std::string value_of(RYXmlWrapperBase node);
-/// Nothing if the node has no such attribute.
-std::optional<std::string> attribute_of(const RYXmlWrapperBase& node, const char* name);
+/// Gives the node this text.
 void set_value(RYXmlWrapperBase& node, const std::string& text);

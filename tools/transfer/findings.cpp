@@ -1,5 +1,7 @@
 #include "findings.h"
 
+#include <rytree_Utils/extras.h>
+
 #include <utility>
 
 #include "columns.h"
@@ -7,8 +9,7 @@
 
 namespace {
 
-/// The attributes in which a value may be stored.
-constexpr std::array kValueAttributes = {"Use", "Data", "Auto", "DynaUseChck"};
+constexpr const char* kThemeRule = "ThemeApplicability";
 
 std::string path_of(RYXmlWrapperBase node) {
   CString path;
@@ -18,9 +19,9 @@ std::string path_of(RYXmlWrapperBase node) {
 
 /// The value that a harvest reads: the text of a leaf, an attribute of a branch.
 std::optional<std::string> own_value(const RYXmlWrapperBase& node) {
-  if (node.GetNodeCount() == 0) return value_of(node);
-  const auto use = attribute_of(node, "Use");
-  return use ? use : attribute_of(node, "Data");
+  if (node.GetNodeCount() == 0) return rytree::text_of(node);
+  const auto use = rytree::attribute_of(node, "Use");
+  return use ? use : rytree::attribute_of(node, "Data");
 }
 
 class Search {
@@ -59,20 +60,19 @@ class Search {
 int Search::compare(Fate fate, int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after) {
   int differences = 0;
   const bool applied = fate == Fate::kApplied;
-  const std::string note =
-      applied ? nodes_[id] > 1 ? "several nodes have this ID" : "" : "ThemeApplicability";
-  if (std::string old_value = value_of(before), new_value = value_of(after); old_value != new_value) {
+  const std::string note = applied ? nodes_[id] > 1 ? "several nodes have this ID" : "" : kThemeRule;
+  if (std::string old_value = rytree::text_of(before), new_value = rytree::text_of(after);
+      old_value != new_value) {
     ++differences;
     found.changed_nodes += applied ? 1 : 0;
     add(fate, id, path_of(after), std::move(old_value), std::move(new_value), note);
   }
-  for (const char* const name : kValueAttributes) {
-    std::optional<std::string> old_value = attribute_of(before, name);
-    std::optional<std::string> new_value = attribute_of(after, name);
-    if (!new_value || old_value == new_value) continue;
+  for (const auto& [name, new_value] : rytree::attributes_of(after)) {
+    std::optional<std::string> old_value = rytree::attribute_of(before, name.c_str());
+    if (name == kThemeRule || old_value == new_value) continue;
     ++differences;
     found.changed_attributes += applied ? 1 : 0;
-    add(fate, id, path_of(after) + '@' + name, std::move(old_value), std::move(new_value), note);
+    add(fate, id, path_of(after) + '@' + name, std::move(old_value), new_value, note);
   }
   return differences;
 }

@@ -1,20 +1,16 @@
 #include "report.h"
 
 #include <algorithm>
-#include <array>
 
 #include "columns.h"
 #include "streams.h"
+#include "table.h"
 #include "terminal.h"
 
 namespace {
 
 constexpr int kOtherLines = 14;  // lines of the summary that list no change
 constexpr int kExamples = 4;
-constexpr int kGap = 2;
-constexpr int kWidest = 60;  // a column is no wider for a longer text, where none is cut
-
-using Row = std::array<std::string, 4>;
 
 /// One line of the summary: a heading of one word, and a text.
 void line(std::ostream& out, const char* word, const std::string& text) {
@@ -26,31 +22,6 @@ std::string shown(const std::optional<std::string>& value) {
   return value->empty() ? "(empty)" : *value;
 }
 
-/// Prints rows in columns. On a terminal the first column is cut at its front and the others at their ends.
-void print_rows(std::ostream& out, std::vector<Row> rows, int columns) {
-  std::array<int, 4> widths{};
-  for (Row& row : rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      const Cell cell(row[i]);
-      row[i] = columns > 0 && i > 0 ? cell.fit(std::max(columns / 4, 9)) : one_line(row[i]);
-      widths[i] = std::max(widths[i], std::min(Cell(row[i]).width(), columns > 0 ? columns : kWidest));
-    }
-  }
-  if (columns > 0) {
-    int others = kGap;
-    for (std::size_t i = 1; i < widths.size(); ++i) others += widths[i] > 0 ? widths[i] + kGap : 0;
-    widths[0] = std::min(widths[0], std::max(columns - others, 12));
-  }
-  for (const Row& row : rows) {
-    std::string text = "  ";
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      if (widths[i] == 0) continue;
-      text += pad(columns > 0 && i == 0 ? Cell(row[i]).fit_end(widths[i]) : row[i], widths[i] + kGap);
-    }
-    out << text.substr(0, text.find_last_not_of(' ') + 1) << '\n';
-  }
-}
-
 class Summary {
  public:
   Summary(std::ostream& out, const Outcome& outcome, const Screen& screen)
@@ -60,7 +31,7 @@ class Summary {
   void changes() const {
     std::vector<Row> rows = {{"node", "ID", "old value", "new value"}};
     add_rows(Fate::kApplied, rows);
-    if (rows.size() > 1) print_rows(out_, std::move(rows), screen_.columns);
+    if (rows.size() > 1) print_rows(out_, std::move(rows), screen_.columns, /*path=*/0);
     const int more = outcome_.findings.count(Fate::kApplied) - screen_.change_limit;
     if (more > 0) out_ << "  … and " << more << " more\n";
   }
@@ -72,7 +43,7 @@ class Summary {
     if (!screen_.whole) return;
     std::vector<Row> rows;
     add_rows(fate, rows);
-    print_rows(out_, std::move(rows), screen_.columns);
+    print_rows(out_, std::move(rows), screen_.columns, /*path=*/0);
   }
 
  private:

@@ -25,6 +25,20 @@ constexpr std::array kCommands = {
             "prints row number, path, label and value of all nodes that have all these attributes\n", false,
             find},
     Command{
+        "diff", "FILE OTHER [--by KEY] [--id-attribute NAME]",
+        "prints what OTHER has added, removed, moved and changed; status 1 if anything\n"
+        "\n"
+        "A line tells what it is, the path in OTHER (in FILE of what was removed), the ID, the old and the "
+        "new\n"
+        "value. Nothing is printed if the trees are equal. The order of attributes does not count.\n"
+        "\n"
+        "  --by id              nodes with equal IDs correspond, wherever they are, and nodes without an ID "
+        "by\n"
+        "                       their tags below corresponding nodes; so it is if --by is not given\n"
+        "  --by path            all nodes correspond by their tags and places\n"
+        "  --id-attribute NAME  the attribute that holds the ID, a number or a word; DataID if not given\n",
+        false, diff},
+    Command{
         "filter",
         "FILE --data-id N\n"
         "      (--attribute NAME (--text T [--case] [--start] | --match PATTERN [--case]) |\n"
@@ -71,19 +85,20 @@ constexpr std::array kCommands = {
         true, pairs},
     Command{"set", "FILE PATH [ATTRIBUTE=VALUE…] [--value TEXT]", "sets attributes and the value of a node\n",
             true, set},
-    Command{"prune-empty", "FILE [PATH]",
-            "removes empty leaves, and branches that hold nothing else, from the tree or below a node\n",
+    Command{"prune-empty", "FILE [PATH] [--with-attributes]",
+            "removes empty leaves, and branches that hold nothing else, from the tree or below a node\n"
+            "\n"
+            "  --with-attributes  also those that have attributes, or a text beside their children\n",
             true, prune_empty}};
 
 constexpr const char* kCommonHelp =
     "\n"
-    "A PATH is the tags from the root down with full stops between them (\"Root.Plot.Axis\", in upper or "
-    "lower\n"
-    "case; of several equal tags the first is taken), or a row number as show prints it.\n";
+    "A PATH is the tags from the root down with full stops between them (\"Root.Plot.Axis\", in upper or\n"
+    "lower case; of several equal tags the first is taken), or a row number as show prints it.\n";
 
 constexpr const char* kWriteHelp =
     "\n"
-    "  -o FILE       writes the changed tree there\n"
+    "  -o FILE       writes the changed tree there; - is standard output\n"
     "  --in-place    replaces the file that was read\n"
     "  --allow-loss  replaces that file even if something in it is not kept\n"
     "\n"
@@ -121,7 +136,9 @@ std::string help() {
     text += "  " + pad(command.name, 13) + line.substr(0, line.find('\n') + 1);
   }
   return text + kCommonHelp + kWriteHelp +
-         "\nrytree-tree COMMAND --help explains a command. The exit status is 0; 1 if what was asked for is "
-         "not\n"
-         "in the tree; 2 for any other failure, with one line on standard error.\n";
+         "\nFILE may be -, which is standard input, or a FIFO. rytree-tree COMMAND --help explains a "
+         "command.\n"
+         "The exit status is 0; 1 if what was asked for is not in the tree, or if diff finds a difference; 2 "
+         "for\n"
+         "any other failure, with one line on standard error.\n";
 }

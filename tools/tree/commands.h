@@ -6,10 +6,11 @@
 #include "arguments.h"
 #include "document.h"
 
-/// What a command has to print, and whether it changed the tree.
+/// What a command has left to print, whether it changed the tree, and the exit status.
 struct Outcome {
-  std::string text;
+  std::string text{};
   bool changed = false;
+  int status = 0;
 };
 
 struct Command {
@@ -33,6 +34,9 @@ std::string help();
 Outcome show(Document& document, const Arguments& arguments);
 Outcome path(Document& document, const Arguments& arguments);
 Outcome find(Document& document, const Arguments& arguments);
+
+// Comparing.
+Outcome diff(Document& document, const Arguments& arguments);
 
 // Thinning.
 Outcome filter(Document& document, const Arguments& arguments);

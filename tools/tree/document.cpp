@@ -3,12 +3,11 @@
 #include <utility>
 
 #include "arguments.h"
-#include "held_signals.h"
 #include "losses.h"
 
 Document::Document(std::string file_name) : file(std::move(file_name)) {
   if (file.empty()) throw Failure("a file name is empty");
-  if (root.load(file.c_str(), 0) == 0) throw file_failure(file);
+  root = load_tree(file);
   lost = not_kept();
 }
 
@@ -24,12 +23,6 @@ Place Document::at(const std::string& place) {
 
 int Document::count() {
   return 1 + rytree_count_items_by_attribute(&root, nullptr, nullptr, /*countMissing=*/0, /*recursive=*/1);
-}
-
-void Document::save(const std::string& target) const {
-  if (target.empty()) throw Failure("a file name is empty");
-  const HeldSignals signals;
-  if (root.Save(target.c_str()) == 0) throw file_failure(target);
 }
 
 RYXmlWrapperBase node_at_row(RYXmlWrapperBase& root, int row, DWORD flags) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "failure.h"
+#include "streams.h"
 
 /// What was asked for is not in the tree: the program ends with status 1, not 2.
 struct NotFound : Failure {
@@ -29,13 +30,14 @@ struct Document {
   /// How many nodes the tree has.
   int count();
   /// Throws NotFound, with the file in front of the reason.
-  [[noreturn]] void miss(const std::string& reason) const { throw NotFound(file + ": " + reason); }
+  [[noreturn]] void miss(const std::string& reason) const {
+    throw NotFound(shown_input(file) + ": " + reason);
+  }
   /// The same for a Failure.
-  [[noreturn]] void fail(const std::string& reason) const { throw Failure(file + ": " + reason); }
-  /// Writes the tree to a file, which is replaced as a whole or not at all. Throws a Failure.
-  void save(const std::string& target) const;
-
-  std::string file;
+  [[noreturn]] void fail(const std::string& reason) const {
+    throw Failure(shown_input(file) + ": " + reason);
+  }
+  std::string file;  // as the user named it
   std::string lost;  // what of the file is not in the tree; "" if nothing
   RYXmlWrapperBase root;
 };

@@ -23,14 +23,15 @@ Listing::Text Listing::fitted(const std::string& text, int part) const {
   return fitted;
 }
 
-void Listing::add_heading() {
-  lines_.push_back({Text{"row", 3}, {"level", 5}, {"node", 4}, {"label", 5}, {"value", 5}});
+void Listing::add_heading(int rows) {
+  widths_[kRow] = static_cast<int>(std::to_string(rows).size());
+  keep({Text{"row", 3}, {"level", 5}, {"node", 4}, {"label", 5}, {"value", 5}});
 }
 
 void Listing::add(RYXmlWrapperBase& node, int row, int level) {
   const int most = terminal_.columns > 0 ? terminal_.columns / 4 : 2 * level;
   const int indent = std::min(2 * level, most);
-  Text name = fitted(tag_of(node), 4);
+  Text name = fitted(rytree::tag_of(node), 4);
   name.shown.insert(0, static_cast<std::size_t>(indent), ' ');
   name.width += indent;
   add_line(node, row, std::to_string(level), std::move(name));
@@ -42,34 +43,39 @@ void Listing::add(RYXmlWrapperBase& node, int row, const CString& path) {
 
 void Listing::add_line(RYXmlWrapperBase& node, int row, const std::string& level, Text name) {
   const CString label = rytree_get_node_label(&node, /*useLabel=*/true);
-  const bool own_label = label != tag_of(node).c_str();
-  lines_.push_back({fitted(std::to_string(row), 1), fitted(level, 1), std::move(name),
-                    fitted(own_label ? label.GetString() : "", 4), fitted(value_of(node), 1)});
+  const bool own_label = label != rytree::tag_of(node).c_str();
+  keep({fitted(std::to_string(row), 1), fitted(level, 1), std::move(name),
+        fitted(own_label ? label.GetString() : "", 4), fitted(rytree::text_of(node), 1)});
 }
 
-std::string Listing::text() const {
-  std::array<int, kColumns> widths{};
-  for (const Line& line : lines_) {
-    for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], line[i].width);
-  }
-  std::string out;
-  for (const Line& line : lines_) write(out, line, widths);
-  return out;
+void Listing::keep(Line line) {
+  constexpr std::size_t kBlock = 500;
+  is_empty_ = false;
+  for (std::size_t i = 0; i < kColumns; ++i) widths_[i] = std::max(widths_[i], line[i].width);
+  lines_.push_back(std::move(line));
+  if (lines_.size() == kBlock) finish();
 }
 
-void Listing::write(std::string& out, const Line& line, const std::array<int, kColumns>& widths) const {
+void Listing::finish() {
+  std::string text;
+  for (const Line& line : lines_) write(text, line);
+  lines_.clear();
+  out_ << text << std::flush;
+}
+
+void Listing::write(std::string& out, const Line& line) const {
   int start = 0;    // of the column
   int written = 0;  // columns of this line so far
   for (std::size_t i = 0; i < kColumns; ++i) {
     Text cell = line[i];
     if (i == kValue && terminal_.columns > 0) cell.shown = Cell(cell.shown).fit(terminal_.columns - start);
     if (!cell.shown.empty()) {
-      const int place = i <= kLevel ? start + widths[i] - cell.width : start;  // numbers to the right
+      const int place = i <= kLevel ? start + widths_[i] - cell.width : start;  // numbers to the right
       out.append(static_cast<std::size_t>(place - written), ' ');
       out += terminal_.colour ? kColours[i] + cell.shown + kNoColour : cell.shown;
       written = place + cell.width;
     }
-    if (widths[i] > 0) start += widths[i] + kGap;
+    if (widths_[i] > 0) start += widths_[i] + kGap;
   }
   out += '\n';
 }

@@ -1,9 +1,10 @@
-// Nodes in aligned columns, for a terminal or for a pipe.
+// Prints nodes in aligned columns, for a terminal or for a pipe.
 #pragma once
 
 #include <rytree_Utils.h>
 
 #include <array>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,16 +13,19 @@
 class Listing {
  public:
   /// On a terminal, texts are cut so that a line fits its width; elsewhere they stay whole.
-  explicit Listing(const Terminal& terminal) : terminal_(terminal) {}
+  Listing(std::ostream& out, const Terminal& terminal) : out_(out), terminal_(terminal) {}
 
-  void add_heading();
+  /// A heading, and room for row numbers up to `rows`.
+  void add_heading(int rows);
   /// Adds a node with its level and its tag, indented by the level.
   void add(RYXmlWrapperBase& node, int row, int level);
   /// Adds a node with its path and without a level.
   void add(RYXmlWrapperBase& node, int row, const CString& path);
 
-  /// All lines added so far, without blanks at their ends.
-  std::string text() const;
+  /// Prints what is left. Lines are printed as they come, some hundred at a time, and a longer text widens its
+  /// column from there on.
+  void finish();
+  bool is_empty() const { return is_empty_; }
 
  private:
   enum Column : std::size_t { kRow, kLevel, kNode, kLabel, kValue, kColumns };
@@ -33,8 +37,12 @@ class Listing {
 
   Text fitted(const std::string& text, int part) const;
   void add_line(RYXmlWrapperBase& node, int row, const std::string& level, Text name);
-  void write(std::string& out, const Line& line, const std::array<int, kColumns>& widths) const;
+  void keep(Line line);
+  void write(std::string& out, const Line& line) const;
 
+  std::ostream& out_;
   Terminal terminal_;
+  bool is_empty_ = true;
+  std::array<int, kColumns> widths_{};
   std::vector<Line> lines_;
 };

@@ -1,4 +1,6 @@
 // The commands that only look.
+#include <iostream>
+
 #include "columns.h"
 #include "commands.h"
 #include "listing.h"
@@ -6,11 +8,12 @@
 #include "rows.h"
 
 Outcome show(Document& document, const Arguments& arguments) {
-  Listing listing(Terminal::of_standard_output());
-  listing.add_heading();
+  Listing listing(std::cout, Terminal::of_standard_output());
+  listing.add_heading(document.root.GetTreeSize());
   visit_rows(document.root, row_flags(arguments),
              [&](RYXmlWrapperBase& node, int row, int level) { listing.add(node, row, level); });
-  return {listing.text()};
+  listing.finish();
+  return {};
 }
 
 Outcome path(Document& document, const Arguments& arguments) {
@@ -18,7 +21,7 @@ Outcome path(Document& document, const Arguments& arguments) {
   const CString label = rytree_get_node_label(&place.node, /*useLabel=*/true);
   return {"row    " + std::to_string(place.row) + "\nlevel  " + std::to_string(place.level) + "\npath   " +
           one_line(place.path.View()) + "\nlabel  " + one_line(label.View()) + "\nvalue  " +
-          one_line(value_of(place.node)) + '\n'};
+          one_line(rytree::text_of(place.node)) + '\n'};
 }
 
 Outcome find(Document& document, const Arguments& arguments) {
@@ -29,14 +32,14 @@ Outcome find(Document& document, const Arguments& arguments) {
     values.array().Add(value.c_str());
   }
   const int ignore_case = arguments.has("--ignore-case") ? 1 : 0;
-  Listing listing(Terminal::of_standard_output());
+  Listing listing(std::cout, Terminal::of_standard_output());
   visit_rows(document.root, /*flags=*/0, [&](RYXmlWrapperBase& node, int row, int /*level*/) {
     if (rytree_check_node_str_attr(&node, &names, &values, ignore_case) != 1) return;
     CString path;
     VCTreeGetPathStr(path, &node);
     listing.add(node, row, path);
   });
-  const std::string lines = listing.text();
-  if (lines.empty()) document.miss("no node has these attributes");
-  return {lines};
+  if (listing.is_empty()) document.miss("no node has these attributes");
+  listing.finish();
+  return {};
 }

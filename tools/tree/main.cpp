@@ -10,38 +10,54 @@
 
 namespace {
 
-/// Writes a changed tree where the options say, and gives the text to print.
-std::string finish(const Document& document, const Arguments& arguments, const Outcome& outcome) {
+/// Writes a changed tree where the options say, and prints what was done.
+void finish(const Document& document, const Arguments& arguments, const Outcome& outcome) {
   const bool in_place = arguments.has("--in-place");
   const bool writes = in_place || arguments.has("-o");
   if (!outcome.changed) {
     if (writes) throw Failure("nothing changes, so there is nothing to write");
-    return outcome.text;
+    std::cout << outcome.text;
+    return;
   }
   const std::string target = in_place ? document.file : arguments.text("-o");
   if (writes) {
     refuse_loss(document.file, document.lost, target, arguments.has("--allow-loss"));
-    document.save(target);
+    save_tree(document.root, target);
   }
   if (!document.lost.empty())
-    std::cerr << "rytree-tree: " << one_line(document.file + ": " + document.lost) << '\n';
-  return one_line(outcome.text) + '\n' +
-         (writes ? "written to " + one_line(target) : "nothing written: -o FILE or --in-place does that") +
-         '\n';
+    std::cerr << "rytree-tree: " << one_line(shown_input(document.file) + ": " + document.lost) << '\n';
+  (writes && is_standard(target) ? std::cerr : std::cout)
+      << one_line(outcome.text) << '\n'
+      << (writes ? "written to " + one_line(shown_name(target))
+                 : "nothing written: -o FILE or --in-place does that")
+      << '\n';
 }
 
-std::string run(const std::vector<std::string>& words) {
+/// Gives the exit status.
+int run(const std::vector<std::string>& words) {
   if (words.empty()) throw Failure("a COMMAND is needed, try rytree-tree --help");
-  if (words[0] == "--help" || words[0] == "-h") return help();
-  if (words[0] == "--version") return version_text("rytree-tree");
+  const bool help_wanted = words[0] == "--help" || words[0] == "-h";
+  if (help_wanted || words[0] == "--version") {
+    std::cout << (help_wanted ? help() : version_text("rytree-tree"));
+    return 0;
+  }
   const Command* const command = find_command(words[0]);
   if (command == nullptr) throw Failure("unknown command '" + words[0] + "', try rytree-tree --help");
   const Arguments arguments = read_arguments(*command, {words.begin() + 1, words.end()});
-  if (arguments.has("--help")) return help(*command);
+  if (arguments.has("--help")) {
+    std::cout << help(*command);
+    return 0;
+  }
   if (arguments.has("-o") && arguments.has("--in-place"))
     throw Failure("-o and --in-place exclude each other");
+  if (arguments.has("-o") && arguments.text("-o").empty()) throw Failure("a file name is empty");
+  if (arguments.has("--in-place") && is_stream(arguments.words[0])) throw Failure("--in-place needs a file");
+  if (command->run == diff && is_standard(arguments.words[0]) && is_standard(arguments.words[1]))
+    throw Failure("only one file can be standard input");
   Document document(arguments.words[0]);
-  return finish(document, arguments, command->run(document, arguments));
+  const Outcome outcome = command->run(document, arguments);
+  finish(document, arguments, outcome);
+  return outcome.status;
 }
 
 int report(const std::exception& failure, int status) {
@@ -53,8 +69,8 @@ int report(const std::exception& failure, int status) {
 
 int main(int count, char** words) {
   try {
-    std::cout << run({words + std::min(count, 1), words + count});
-    if (std::cout.flush()) return 0;
+    const int status = run({words + std::min(count, 1), words + count});
+    if (std::cout.flush()) return status;
     throw Failure("cannot write to standard output");
   } catch (const NotFound& failure) {
     return report(failure, 1);

@@ -72,7 +72,7 @@ Outcome renumber(Document& document, const Arguments& arguments) {
   const std::string& prefix = arguments.words[2];
   int number = 0;
   visit_children(parent.node, [&](RYXmlWrapperBase& child) {
-    if (!is_numbered(tag_of(child), prefix)) return;
+    if (!is_numbered(rytree::tag_of(child), prefix)) return;
     const std::string tag = prefix + std::to_string(++number);
     if (!set_tag(child, tag)) document.fail("cannot give the tag '" + tag + "'");
   });

@@ -1,9 +1,12 @@
 // The commands that remove nodes.
 #include <algorithm>
 #include <initializer_list>
+#include <optional>
+#include <vector>
 
 #include "columns.h"
 #include "commands.h"
+#include "nodes.h"
 
 namespace {
 
@@ -41,6 +44,40 @@ void filter_by_texts(RYXmlWrapperBase& root, int id, const Arguments& arguments)
   rytree_filter(&root, id, include_mode, include_id, &includes, exclude_mode, exclude_id, &excludes);
 }
 
+/// Keeps nodes from being taken for empty ones for as long as it lives.
+class Kept {
+ public:
+  /// Those below `top` that have attributes or a node ID, and the branches that have a text.
+  explicit Kept(const RYXmlWrapperBase& top) {
+    for (RYXmlWrapperBase node(top); node.NextBelow(node, top) != 0;) {
+      int id = 0;
+      const bool holds = node.GetPropertyCount() > 0 || node.GetID(id) != 0;
+      if (node.GetNodeCount() == 0 ? holds && node.IsEmpty() != 0 : holds || !rytree::text_of(node).empty())
+        nodes_.push_back(node);
+    }
+    for (RYXmlWrapperBase& node : nodes_) {
+      RYXmlWrapperBase child;
+      if (node.GetNodeCount() > 0 && node.AddTextNode(child, "-", "Kept", -1, 0, nullptr) != 0) {
+        children_.push_back(child);
+      } else {
+        set_value(node, "-");
+        texts_.push_back(node);
+      }
+    }
+  }
+  Kept(const Kept&) = delete;
+  Kept& operator=(const Kept&) = delete;
+  ~Kept() {
+    for (RYXmlWrapperBase& node : texts_) set_value(node, "");
+    for (RYXmlWrapperBase& child : children_) child.RemoveNode();
+  }
+
+ private:
+  std::vector<RYXmlWrapperBase> nodes_;
+  std::vector<RYXmlWrapperBase> texts_;
+  std::vector<RYXmlWrapperBase> children_;
+};
+
 Outcome removed(Document& document, int before) {
   const int now = document.count();
   return {"removed " + std::to_string(before - now) + " of " + counted(before, "node", "nodes"), true};
@@ -67,6 +104,10 @@ Outcome prune_empty(Document& document, const Arguments& arguments) {
   RYXmlWrapperBase top =
       arguments.words.size() > 1 ? document.at(arguments.words[1]).node : RYXmlWrapperBase(document.root);
   const int before = document.count();
-  rytree_remove_empty_child_nodes(&top, /*recursive=*/true);
+  {
+    std::optional<Kept> kept;
+    if (!arguments.has("--with-attributes")) kept.emplace(top);
+    rytree_remove_empty_child_nodes(&top, /*recursive=*/true);
+  }
   return removed(document, before);
 }
