@@ -1,9 +1,9 @@
-# host_library(NAME DEPENDS ... PRIVATE_DEPENDS ...): makes a shared library of the bundled host from the sources of the
+# host_library(NAME DEPENDS ... PRIVATE_DEPENDS ...): makes a library of the bundled host from the sources of the
 # calling folder, with public headers in include/ below it. Both are installed with the library's package.
 function(host_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;PRIVATE_DEPENDS")
   file(GLOB sources CONFIGURE_DEPENDS "*.cpp")
-  add_library(${name} SHARED ${sources})
+  add_library(${name} ${sources})
   target_include_directories(${name}
     PUBLIC "$<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>"
            "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
@@ -12,6 +12,8 @@ function(host_library name)
   target_compile_features(${name} PUBLIC cxx_std_20)
   set_target_properties(${name} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} POSITION_INDEPENDENT_CODE ON)
-  install(TARGETS ${name} EXPORT rytree_UtilsTargets)
-  install(DIRECTORY include/ TYPE INCLUDE FILES_MATCHING PATTERN "*.h")
+  if(RYTREE_INSTALL)
+    install(TARGETS ${name} EXPORT rytree_UtilsTargets)
+    install(DIRECTORY include/ TYPE INCLUDE FILES_MATCHING PATTERN "*.h")
+  endif()
 endfunction()

@@ -3,12 +3,17 @@ option(RYTREE_DEVELOPER "Warnings are errors; tests, tools and examples are buil
 option(RYTREE_EXTRAS "Build the library of <rytree_Utils/extras.h>" ON)
 option(RYTREE_TESTS "Build the tests" ${RYTREE_DEVELOPER})
 option(RYTREE_TOOLS "Build the tools rytree-transfer and rytree-tree" ${PROJECT_IS_TOP_LEVEL})
+option(RYTREE_INSTALL "Install the libraries, and the tools if they are built" ${PROJECT_IS_TOP_LEVEL})
 option(RYTREE_EXAMPLES "Build the examples" ${RYTREE_DEVELOPER})
 option(RYTREE_BENCH "Build the benchmarks" OFF)
 option(RYTREE_FUZZ "Build the fuzzers (Clang)" OFF)
 set(RYTREE_SANITIZE "" CACHE STRING "Sanitizers for everything, as in address,undefined or thread")
 
-if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+if(NOT DEFINED BUILD_SHARED_LIBS)
+  set(BUILD_SHARED_LIBS ON)
+endif()
+# What belongs to the whole build is left to the project that this one is part of.
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
 endif()
 

@@ -21,6 +21,8 @@
 // - A tree and an array belong to one thread at a time; different trees on different threads need no lock.
 #pragma once
 
+#include <rytree_Utils/version.h>  // first: it asks for C++20
+
 #include <rytree_Utils/action_id.h>
 #include <rytree_Utils/arrange.h>
 #include <rytree_Utils/auto_support.h>

@@ -1,12 +1,19 @@
-# Installs a build, then configures, builds and runs the app in this folder against what was installed, and compares what
-# it prints.
-#   cmake -DBUILD=folder -DWORK=folder [-DGENERATOR=… -DCOMPILER=… -DFLAGS=…] -P run.cmake
+# Builds and runs the first example in each of some ways to use the library, and compares what it prints.
+#   cmake -DBUILD=folder -DWORK=folder [-DWAYS=way;way…] [-DGENERATOR=… -DCOMPILER=… -DFLAGS=…] -P run.cmake
+# The ways: installed, moved (an installed package in another place), pkg-config and compiler (without CMake), subdirectory
+# and fetch (as a part of the project that uses it).
+cmake_minimum_required(VERSION 3.25)
+set(SOURCE "${CMAKE_CURRENT_LIST_DIR}/../..")
+if(NOT WAYS)
+  set(WAYS moved)
+endif()
 foreach(name IN ITEMS GENERATOR COMPILER FLAGS)
   if(NOT DEFINED ${name})
     file(STRINGS "${BUILD}/CMakeCache.txt" line REGEX "^CMAKE_(CXX_)?${name}:")
     string(REGEX REPLACE "^[^=]*=(.*)$" "\\1" ${name} "${line}")
   endif()
 endforeach()
+separate_arguments(flags UNIX_COMMAND "${FLAGS} -std=c++20")
 
 function(run)
   execute_process(COMMAND ${ARGV} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE status)
@@ -17,20 +24,60 @@ function(run)
   endif()
 endfunction()
 
+function(build_with_cmake way prefix)
+  run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}" -B "${WORK}/${way}" -G "${GENERATOR}" "-DWAY=${way}"
+    "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_PREFIX_PATH=${prefix}")
+  run("${CMAKE_COMMAND}" --build "${WORK}/${way}" --parallel)
+endfunction()
+
+function(build_with_compiler way)
+  file(MAKE_DIRECTORY "${WORK}/${way}")
+  run("${COMPILER}" ${flags} "${SOURCE}/examples/carry_values.cpp" ${ARGN} "-Wl,-rpath,${library_folder}" -o "${WORK}/${way}/app")
+endfunction()
+
+function(check way)
+  run("${WORK}/${way}/app")
+  file(READ "${SOURCE}/examples/carry_values.txt" expected)
+  if(NOT output STREQUAL expected)
+    message(FATAL_ERROR "${way}: the example printed:\n${output}Expected:\n${expected}")
+  endif()
+  message(STATUS "${way}: built, run")
+endfunction()
+
 file(REMOVE_RECURSE "${WORK}")
-set(examples "${CMAKE_CURRENT_LIST_DIR}/../../examples")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/first")
-file(RENAME "${WORK}/first" "${WORK}/prefix")  # the package can be moved
-run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}" -B "${WORK}/build" -G "${GENERATOR}"
-  "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_PREFIX_PATH=${WORK}/prefix")
-run("${CMAKE_COMMAND}" --build "${WORK}/build")
-file(GLOB_RECURSE printers "${WORK}/prefix/*/librytesavc.so.*-gdb.py")
+if("installed" IN_LIST WAYS)
+  build_with_cmake(installed "${WORK}/first")
+  check(installed)
+  list(REMOVE_ITEM WAYS installed)
+endif()
+file(RENAME "${WORK}/first" "${WORK}/prefix")
+file(GLOB_RECURSE pc "${WORK}/prefix/*/rytree_Utils.pc")
+cmake_path(GET pc PARENT_PATH pc)
+cmake_path(GET pc PARENT_PATH library_folder)
+file(GLOB printers "${library_folder}/librytesavc.so.*-gdb.py")
 if(NOT printers)
   message(FATAL_ERROR "What shows nodes in gdb is not installed beside its library")
 endif()
 if(EXISTS "${WORK}/prefix/bin/rytree-tree")
   run("${WORK}/prefix/bin/rytree-tree" --version)
 endif()
-run("${CMAKE_COMMAND}" "-DPROGRAM=${WORK}/build/app" "-DEXPECTED=${examples}/carry_values.txt"
-  -P "${CMAKE_CURRENT_LIST_DIR}/../compare_output.cmake")
-message(STATUS "installed, moved, found, built, run")
+
+foreach(way IN LISTS WAYS)
+  if(way STREQUAL "pkg-config")
+    run("${CMAKE_COMMAND}" -E env "PKG_CONFIG_PATH=${pc}" pkg-config --cflags --libs rytree_Utils)
+    separate_arguments(flags_found UNIX_COMMAND "${output}")
+    build_with_compiler(pkg-config ${flags_found})
+  elseif(way STREQUAL "compiler")
+    build_with_compiler(compiler "-I${WORK}/prefix/include" "-L${library_folder}"
+      -lrytree_Utils -lrytesavc -lryUtils -lKelp60 -lryframework)
+  else()
+    build_with_cmake(${way} "${WORK}/prefix")
+    run("${CMAKE_COMMAND}" --install "${WORK}/${way}" --prefix "${WORK}/${way}/put")
+    file(GLOB_RECURSE put RELATIVE "${WORK}/${way}/put" "${WORK}/${way}/put/*")
+    if(NOT put STREQUAL "bin/app")
+      message(FATAL_ERROR "${way}: installed without being asked for: ${put}")
+    endif()
+  endif()
+  check(${way})
+endforeach()

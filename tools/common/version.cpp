@@ -1,5 +1,7 @@
 #include "version.h"
 
+#include <rytree_Utils/version.h>
+
 std::string version_text(const char* program) {
-  return std::string(program) + " (rytree_Utils) " RYTREE_VERSION "\n";
+  return std::string(program) + " (rytree_Utils) " RYTREE_VERSION_TEXT "\n";
 }
