@@ -32,7 +32,7 @@ changed   4 nodes (marked with OldValue), 3 attributes
   T.Z.F              4 (repeat 128)  空         abcdefghijklmnopqrstuvwxyz
   T.Z.F              5 (repeat 128)  a\nb       (empty)
 kept      1 value of the target, by its theme rules
-  T.K  9  k  9
+  T.K  9  k  9  ThemeApplicability
 no node   1 ID of the source
   S.J  10  j\\t
 no value  1 node of the target with an ID
@@ -91,6 +91,31 @@ TEST_F(TransferTool, Options) {
   EXPECT_NE(out.find("\napplied\t7\tT.C.A\tnew\tb\tseveral nodes have this ID\n"), std::string::npos) << out;
 }
 
+TEST_F(TransferTool, ThreeWays) {
+  const auto leaves = [](const char* values) {
+    std::string xml;
+    for (int id = 1; const char value : std::string(values))
+      xml += "<V DataID='" + std::to_string(id++) + "'>" + value + "</V>";
+    return "<T>" + xml + "</T>";
+  };
+  write("base.xml", leaves("aaaaa"));
+  write("s.xml", leaves("abbbac"));
+  write("t.xml", leaves("bacbx"));
+  for (const auto& [arguments, status, values, conflicts] : rows<4>(R"(
+      t.xml r.xml | 0 | bbbbx |   T.V  3  c  b  old default a; mine taken
+      t.xml r.xml --prefer mine --no-marks | 0 | bbbbx | 1 value changed by both sides, mine taken
+      t.xml r.xml --prefer new --report - | 0 | bbcbx | old default a; new taken
+      t.xml r.xml --strict | 3 | - | 1 value changed by both sides, mine taken)")) {
+    EXPECT_EQ(run("--base base.xml s.xml " + arguments), std::stoi(status)) << arguments << err;
+    EXPECT_NE(out.find(conflicts), std::string::npos) << arguments << out;
+    if (status != "0") continue;
+    shell("grep -o '>.</V>' r.xml | tr -d '<>/V\\n'");
+    EXPECT_EQ(out, values) << arguments;
+  }
+  EXPECT_EQ(run("--base s.xml s.xml t.xml all.xml"), 0) << err;
+  EXPECT_EQ(tree("all.xml"), tree("t.xml"));
+}
+
 TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
   write("s.xml", "<S><A DataID='1'>new</A><B DataID='2'>b</B><B DataID='2'>c</B></S>");
   write("t.xml", "<T><A DataID='1'>old</A></T>");
@@ -135,6 +160,8 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml target.xml r.xml folder/../good.xml | folder/../good.xml: THEME would overwrite good.xml
       good.xml target.xml ./r.xml r.xml | r.xml: THEME would overwrite ./r.xml
       good.xml target.xml r.xml folder | folder: not a regular file
+      good.xml target.xml r.xml --prefer new | --prefer goes with --base
+      good.xml target.xml r.xml --base good.xml --prefer old | --prefer is mine or new
       - - r.xml | only one file can be standard input
       good.xml target.xml - - | only one file can be standard output
       good.xml target.xml r.xml --report ./target.xml | ./target.xml: --report would overwrite target.xml

@@ -26,6 +26,13 @@ const char* const kHelp =
     "What is carried:\n"
     "  --id-attribute NAME   the attribute that holds the ID of a node, a number or a word; DataID if not\n"
     "                        given, which holds numbers\n"
+    "  --base OLD_DEFAULTS   carries only the values that differ from those in this XML file, the TARGET of "
+    "the\n"
+    "                        version that SOURCE was made with, so that better defaults of TARGET come "
+    "through\n"
+    "  --prefer mine|new     decides where both SOURCE and TARGET differ from OLD_DEFAULTS: the value of "
+    "SOURCE\n"
+    "                        (so it is if not given) or that of TARGET\n"
     "  --no-marks            RESULT gets no OldValue\n"
     "\n"
     "What is told:\n"
@@ -35,11 +42,15 @@ const char* const kHelp =
     "                        node, old value, new value and a note. The status is applied, unchanged, kept\n"
     "                        (by a theme rule of TARGET), no-node (with this ID in TARGET), no-value (for "
     "this\n"
-    "                        node in SOURCE) or duplicate (an ID that came before in SOURCE)\n"
+    "                        node in SOURCE) or duplicate (an ID that came before in SOURCE); with --base "
+    "also\n"
+    "                        default (not carried) or conflict\n"
     "\n"
     "What is written:\n"
     "  --dry-run             writes neither RESULT nor THEME\n"
-    "  --strict              writes neither if an ID has no node, stands twice, or nothing matches\n"
+    "  --strict              writes neither if an ID has no node, stands twice, or nothing matches, or if "
+    "there\n"
+    "                        is a conflict and no --prefer\n"
     "  --allow-no-match      writes both even if nothing matches\n"
     "  --allow-loss          writes RESULT over SOURCE or TARGET even if something in that is not kept\n"
     "\n"
@@ -89,7 +100,9 @@ struct Option {
   std::string Arguments::*member;
 };
 constexpr std::array kOptions = {Option{"--id-attribute", "NAME", &Arguments::id_attribute},
-                                 Option{"--report", "FILE", &Arguments::report}};
+                                 Option{"--report", "FILE", &Arguments::report},
+                                 Option{"--base", "FILE", &Arguments::base},
+                                 Option{"--prefer", "choice, mine or new", &Arguments::prefer}};
 
 template <class Table>
 auto entry(const Table& table, std::string_view word) {
@@ -121,12 +134,13 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
 
 /// Throws a Failure if an output is another file of the command line; only RESULT may be an input.
 void check_files(const Arguments& arguments) {
-  const std::vector<std::string> inputs = {arguments.source, arguments.target};
+  const std::vector<std::string> inputs = {arguments.source, arguments.target, arguments.base};
   if (std::count(inputs.begin(), inputs.end(), "-") > 1) throw Failure("only one file can be standard input");
   const std::vector<std::string> outputs = {arguments.result, arguments.theme, arguments.report};
   if (std::count(outputs.begin(), outputs.end(), "-") > 1)
     throw Failure("only one file can be standard output");
   std::vector<std::string> taken = inputs;
+  std::erase(taken, "");
   if (!arguments.result.empty()) taken.push_back(arguments.result);
   const auto check = [&](const char* name, const std::string& file) {
     for (const std::string& other : taken) {
@@ -163,6 +177,9 @@ Arguments read_arguments(int count, char** words) {
   } else if (!arguments.result.empty() && !is_stream(arguments.result)) {
     arguments.theme = fs::path(arguments.result).replace_extension(".theme.xml").string();
   }
+  const std::string& prefer = arguments.prefer;
+  if (!prefer.empty() && prefer != "mine" && prefer != "new") throw Failure("--prefer is mine or new");
+  if (!prefer.empty() && arguments.base.empty()) throw Failure("--prefer goes with --base");
   check_files(arguments);
   return arguments;
 }

@@ -9,6 +9,8 @@ struct Arguments {
   std::string result;        // empty if nothing is to be written
   std::string theme;         // the same
   std::string report;        // the same
+  std::string base;          // the same
+  std::string prefer;        // "mine", "new", or empty if not given
   std::string id_attribute;  // empty if not given
   bool all = false;
   bool dry_run = false;

@@ -15,10 +15,10 @@ void tell(const std::string& text) { std::cerr << kProgram << ": " << one_line(t
 
 /// Does the job and gives the exit status.
 int run(const Arguments& arguments) {
-  constexpr int kStages = 6;
+  const int stages = arguments.base.empty() ? 6 : 7;
   Outcome outcome;
   {
-    Progress progress(kProgram, kStages);
+    Progress progress(kProgram, stages);
     outcome = transfer(arguments, progress);
     write_files(arguments, outcome, progress);
   }

@@ -29,7 +29,7 @@ class Summary {
 
   /// Lists the changes, or the first of them.
   void changes() const {
-    std::vector<Row> rows = {{"node", "ID", "old value", "new value"}};
+    std::vector<Row> rows = {{"node", "ID", "old value", "new value", ""}};
     add_rows(Fate::kApplied, rows);
     if (rows.size() > 1) print_rows(out_, std::move(rows), screen_.columns, /*path=*/0);
     const int more = outcome_.findings.count(Fate::kApplied) - screen_.change_limit;
@@ -53,11 +53,11 @@ class Summary {
     for (const Finding& finding : outcome_.findings.list) {
       if (finding.fate != fate) continue;
       if (--room < 0) return;
-      const bool both = changes || fate == Fate::kKept;
+      const bool both = changes || fate == Fate::kKept || fate == Fate::kConflict;
       const auto& value = finding.new_value ? finding.new_value : finding.old_value;
       rows.push_back({finding.path, outcome_.ids.text(finding.id),
-                      both ? shown(finding.old_value) : shown(value),
-                      both ? shown(finding.new_value) : finding.note});
+                      both ? shown(finding.old_value) : shown(value), both ? shown(finding.new_value) : "",
+                      finding.note});
     }
   }
 
@@ -80,6 +80,14 @@ class Summary {
 std::string written(const Arguments& arguments, const Outcome& outcome, const std::string& file) {
   if (arguments.dry_run) return "not written (--dry-run)";
   return outcome.misfit.empty() ? shown_name(file) : "not written";
+}
+
+std::string theme_text(const Arguments& arguments, const Outcome& outcome) {
+  const std::string text = written(arguments, outcome, arguments.theme);
+  const int values = outcome.pairs.ids.GetSize();
+  if (arguments.dry_run || !outcome.misfit.empty()) return text;
+  if (values == 0) return "not written, as no value is carried";
+  return text + ": " + counted(values, "value", "values") + ", read back and equal";
 }
 
 }  // namespace
@@ -115,6 +123,12 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
            (arguments.no_marks ? ", " : " (marked with OldValue), ") +
            counted(found.changed_attributes, "attribute", "attributes"));
   summary.changes();
+  summary.others(Fate::kConflict, "conflict",
+                 counted(found.count(Fate::kConflict), "value", "values") + " changed by both sides, " +
+                     (arguments.prefer == "new" ? "the new one" : "mine") + " taken");
+  summary.others(Fate::kDefault, "default",
+                 counted(found.count(Fate::kDefault), "value", "values") + " still as in " +
+                     shown_input(arguments.base) + ", not carried");
   summary.others(Fate::kKept, "kept",
                  counted(found.count(Fate::kKept), "value", "values") + " of the target, by its theme rules");
   summary.others(Fate::kNoNode, "no node",
@@ -124,14 +138,7 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
   summary.others(
       Fate::kDuplicate, "duplicate",
       counted(found.count(Fate::kDuplicate), "value", "values") + " left out, as the ID came before");
-  if (!arguments.theme.empty()) {
-    line(
-        out, "theme",
-        written(arguments, outcome, arguments.theme) +
-            (arguments.dry_run || !outcome.misfit.empty()
-                 ? ""
-                 : ": " + counted(outcome.pairs.ids.GetSize(), "value", "values") + ", read back and equal"));
-  }
+  if (!arguments.theme.empty()) line(out, "theme", theme_text(arguments, outcome));
   line(out, "result", written(arguments, outcome, arguments.result));
   if (!arguments.report.empty()) line(out, "report", shown_name(arguments.report));
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base.h"
 #include "columns.h"
 #include "failure.h"
 #include "losses.h"
@@ -38,6 +39,7 @@ Pairs harvest(const Arguments& arguments, RYXmlWrapperBase& source, Outcome& out
 }
 
 int apply(const Arguments& arguments, RYXmlWrapperBase& target, Pairs& pairs, const Ids& ids) {
+  if (pairs.ids.GetSize() == 0) return 0;
   CString message;
   // Where `duplicate` is null, the first of several equal IDs is used.
   const int matched =
@@ -75,7 +77,7 @@ void mark_changes(RYXmlWrapperBase& before, RYXmlWrapperBase& after) {
 /// Why nothing is to be written; empty if nothing speaks against it.
 std::string misfit(const Arguments& arguments, const Outcome& outcome) {
   const Findings& found = outcome.findings;
-  if (outcome.matched == 0 && !arguments.allow_no_match) {
+  if (outcome.matched == 0 && outcome.pairs.ids.GetSize() > 0 && !arguments.allow_no_match) {
     return shown_input(arguments.target) + ": no node has an ID of " + shown_input(arguments.source) +
            " (--allow-no-match writes all the same)";
   }
@@ -87,7 +89,9 @@ std::string misfit(const Arguments& arguments, const Outcome& outcome) {
   add(found.count(Fate::kNoNode), "ID has no node", "IDs have no node");
   add(found.count(Fate::kDuplicate), "ID stands twice in SOURCE", "IDs stand twice in SOURCE");
   add(found.shared_ids, "ID stands twice in TARGET", "IDs stand twice in TARGET");
-  if (outcome.matched == 0) faults.emplace_back("nothing matches");
+  if (arguments.prefer.empty())
+    add(found.count(Fate::kConflict), "conflict without --prefer", "conflicts without --prefer");
+  if (outcome.matched == 0 && outcome.pairs.ids.GetSize() > 0) faults.emplace_back("nothing matches");
   std::string text;
   for (const std::string& fault : faults) text += (text.empty() ? "" : ", ") + fault;
   return text.empty() ? "" : shown_input(arguments.target) + ": " + text + " (--strict)";
@@ -102,9 +106,14 @@ Outcome transfer(const Arguments& arguments, Progress& progress) {
   RYXmlWrapperBase& target = outcome.result;
   target = load(arguments.target, arguments, progress, outcome);
 
+  RYXmlWrapperBase base;
+  if (!arguments.base.empty()) base = load(arguments.base, arguments, progress, outcome);
+
   progress.stage("harvesting values");
-  outcome.ids.number({source, target});
+  outcome.ids.number({source, target, base});
   Pairs pairs = harvest(arguments, source, outcome);
+  Settled settled;
+  if (base.IsNodeValid() != 0) settled = settle(base, target, outcome.ids, arguments.prefer == "new", pairs);
 
   progress.stage("applying " + counted(outcome.harvested, "value", "values"));
   RYXmlWrapperBase before;
@@ -115,10 +124,10 @@ Outcome transfer(const Arguments& arguments, Progress& progress) {
 
   progress.stage("comparing");
   outcome.findings =
-      find_out(outcome.ids, pairs, Settled(), source, before, target, unruled, !arguments.report.empty());
+      find_out(outcome.ids, pairs, settled, source, before, target, unruled, !arguments.report.empty());
+  outcome.pairs = std::move(pairs);
   outcome.misfit = misfit(arguments, outcome);
   outcome.ids.remove_numbers(target);
   if (!arguments.no_marks) mark_changes(before, target);
-  outcome.pairs = std::move(pairs);
   return outcome;
 }

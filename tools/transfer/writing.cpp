@@ -42,7 +42,9 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
   std::optional<StagedFile> report;
   std::optional<StagedFile> result;
   if (!arguments.report.empty()) report.emplace(arguments.report).write(report_text(arguments, outcome));
-  if (fits && !arguments.theme.empty()) write_theme(arguments, theme.emplace(arguments.theme), outcome);
+  const bool carries = outcome.pairs.ids.GetSize() > 0;  // a theme is never empty
+  if (fits && carries && !arguments.theme.empty())
+    write_theme(arguments, theme.emplace(arguments.theme), outcome);
   signals->check();
   if (fits && is_stream(arguments.result)) {
     result.emplace(arguments.result);

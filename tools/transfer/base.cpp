@@ -1,0 +1,49 @@
+#include "base.h"
+
+#include <utility>
+
+namespace {
+
+using Values = std::unordered_map<int, std::string>;
+
+/// The first value of each ID.
+Values values_of(RYXmlWrapperBase tree, const Ids& ids) {
+  Pairs pairs;
+  vctree_get_values_with_ids(&tree, &pairs.ids, &pairs.values, /*recursive=*/1, /*changedOnly=*/0,
+                             /*repeat=*/0, ids.attribute(), /*allBranches=*/0, /*error=*/nullptr);
+  Values values;
+  for (int i = 0; i < pairs.ids.GetSize(); ++i) values.emplace(pairs.ids[i], pairs.values[i].View());
+  return values;
+}
+
+}  // namespace
+
+Settled settle(const RYXmlWrapperBase& base, const RYXmlWrapperBase& target, const Ids& ids, bool prefer_new,
+               Pairs& pairs) {
+  const Values bases = values_of(base, ids);
+  const Values targets = values_of(target, ids);
+  Settled settled;
+  std::unordered_map<int, bool> taken;
+  Pairs left;
+  for (int i = 0; i < pairs.ids.GetSize(); ++i) {
+    const int id = pairs.ids[i];
+    const auto [decision, is_first] = taken.try_emplace(id, true);
+    const auto former = bases.find(id);
+    if (is_first && former != bases.end()) {
+      const std::string mine(pairs.values[i].View());
+      const auto newer = targets.find(id);
+      if (mine == former->second) {
+        settled.defaults.insert(id);
+        decision->second = false;
+      } else if (newer != targets.end() && newer->second != former->second && newer->second != mine) {
+        settled.conflicts.emplace(id, Conflict{former->second, mine, !prefer_new});
+        decision->second = !prefer_new;
+      }
+    }
+    if (!decision->second) continue;
+    left.ids.Add(id);
+    left.values.Add(pairs.values[i]);
+  }
+  pairs = std::move(left);
+  return settled;
+}

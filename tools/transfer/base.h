@@ -1,0 +1,12 @@
+// The third side of a transfer: the defaults of the version that SOURCE was made with.
+#pragma once
+
+#include <rytree_Utils.h>
+
+#include "findings.h"
+
+/// Takes out of `pairs` what the user never changed, so that better defaults of TARGET come through, and with
+/// `prefer_new` also what user and TARGET changed both, and tells what it found. The first entry of an ID
+/// decides for all of them.
+Settled settle(const RYXmlWrapperBase& base, const RYXmlWrapperBase& target, const Ids& ids, bool prefer_new,
+               Pairs& pairs);
