@@ -5,7 +5,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 jobs=$(nproc)
 
 build_packages=(cmake g++ ninja-build libexpat1-dev)
-test_packages=(libgtest-dev python3 gdb)
+test_packages=(libgtest-dev python3 gdb locales)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev git make pkg-config)
 bench_packages=(libbenchmark-dev pkg-config libpugixml-dev libtinyxml2-dev libxml2-dev librapidxml-dev)
 

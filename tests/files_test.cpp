@@ -1,8 +1,6 @@
 // Nodes as XML text and in files: what comes back, what is refused and why, and what a failed save leaves.
-#include <rytree_host/utf8.h>
 #include <sys/stat.h>
 
-#include <random>
 #include <thread>
 
 #include "scratch_folder.h"
@@ -26,22 +24,6 @@ std::string attribute(const Node& node) {
   return std::string(read.View());
 }
 
-// Each text in every place it can have: attribute and text, of a branch and of a leaf.
-Node filled(const std::vector<std::string>& texts) {
-  Node root;
-  root.CreateNew(0, nullptr);
-  for (const std::string& bytes : texts) {
-    Node node(root);
-    for (const char* const tag : {"branch", "leaf"}) {
-      CString all{std::string_view(bytes)};
-      node.AddNode(node, tag, -1);
-      node.SetPropertyValue("a", all);
-      node.NodeValue(all, 0, 1, nullptr);
-    }
-  }
-  return root;
-}
-
 class Files : public FolderTest {
  protected:
   ~Files() override { Node::SetDefaultCodePage(65001); }
@@ -58,20 +40,6 @@ class Files : public FolderTest {
     EXPECT_EQ(tree.Save(path().c_str()), 1) << failure();
     EXPECT_EQ(back.load(path().c_str(), 0), 1) << failure();
     return back;
-  }
-  void expect_comes_back(const std::vector<std::string>& texts) const {
-    const Node tree = filled(texts);
-    for (Node branch : {at(saved_and_loaded(tree), {0}), at(parse(text(tree)), {0})}) {
-      for (const std::string& bytes : texts) {
-        for (Node node : {branch, at(branch, {0})}) {
-          CString read;
-          node.NodeValue(read, 1, 1, nullptr);
-          ASSERT_EQ(attribute(node), bytes);
-          ASSERT_EQ(read.View(), bytes);
-        }
-        branch.NextSibling(branch);
-      }
-    }
   }
 };
 
@@ -164,29 +132,6 @@ TEST_F(Files, InDeclaredEncodingsAreRead) {
     loaded(file);
     EXPECT_EQ(failure(), why + std::to_string(static_cast<int>(file.size()) - offset));
   }
-}
-
-TEST_F(Files, KeepEveryByteAndCharacter) {
-  std::vector<std::string> texts = {std::string(600, 'a') + "\xE2\x82",
-                                    std::string(255, '\\') + "\xE2\x82\xAC\x01",
-                                    std::string(254, '&') + "\xF0\x9F\x98\x80" + std::string(600, '\x02')};
-  std::istringstream odd(
-      "\n\t \r| x "
-      "|\\41|]]>|\xEF\xBF\xBE|\xED\xA0\x80|\xC0\x80|\xE0\x80\x80|\xF0\x80\x80\x80|\xF4\x90\x80\x80");
-  for (std::string one; std::getline(odd, one, '|');) texts.push_back(one);
-  for (int byte = 0; byte < 256; ++byte) texts.emplace_back(1, static_cast<char>(byte));
-  std::mt19937 random(7);
-  for (int i = 0; i < 200; ++i) {
-    std::string& bytes = texts.emplace_back(random() % 40, ' ');
-    for (char& c : bytes) c = static_cast<char>(random() % (i % 2 == 0 ? 256 : 0x28));
-  }
-  expect_comes_back(texts);
-  std::string all;
-  for (char32_t code = 0x20; code <= 0x10FFFF; code += code < 0x10000 ? 1 : 0xFF) {
-    if ((code < 0xD800 || code > 0xDFFF) && code != 0xFFFE && code != 0xFFFF) utf8::append(all, code);
-  }
-  expect_comes_back({all});
-  EXPECT_EQ(content(path()).find("_NodeEscape"), std::string::npos);
 }
 
 TEST_F(Files, AreRefusedWithReasonAndPlace) {
@@ -339,12 +284,6 @@ TEST_F(Files, AreUtf8InEveryCodePage) {
       EXPECT_EQ(loaded(before + "\u0E01" + after), "! U+0E01 is not in code page " + std::to_string(number));
       EXPECT_EQ(Node::LastFailure().offset, std::ssize(before));
     }
-    std::string all;
-    for (unsigned high = 0; high < 256; ++high) {
-      for (unsigned low = number < 1000 ? 0 : 255; low < 256; ++low)
-        all += {static_cast<char>(high), static_cast<char>(low)};
-    }
-    ASSERT_NO_FATAL_FAILURE(expect_comes_back({all}));
   }
   EXPECT_EQ(Node::SetDefaultCodePage(932), 1);
   EXPECT_EQ(Node::SetDefaultCodePage(1), 0);

@@ -37,8 +37,11 @@ struct RYXmlPassedOver {
 /// A handle on one node of a tree. A copy is a second handle on the same node. A tree lives as long as a
 /// handle on any of its nodes; a removed node is dead at once, with everything below it, and its handles
 /// report IsNodeValid() 0. A handle that is moved from into a new one is empty; one that is moved from by an
-/// assignment holds the other handle's former node, and keeps that tree alive. The handles of
-/// one tree belong to one thread at a time; trees of different threads share nothing.
+/// assignment holds the other handle's former node, and keeps that tree alive.
+///
+/// The handles of one tree belong to one thread at a time, also if all threads only read, each through its own handles:
+/// reads write too. They count handles, GetChild and searches among many attributes remember places, a copy marks the
+/// names it has copied. Threads that read at the same time each need a Clone, made beforehand; trees share nothing.
 ///
 /// Rules that hold for every operation:
 /// - Results are int, nonzero on success, unless said otherwise.
@@ -54,7 +57,7 @@ struct RYXmlPassedOver {
 ///   "_NodeID" and "_NodeEscape" belong to the file form and are refused.
 /// - Numbers are written in the shortest form that reads back to the same value. An int is read from a text
 ///   with blanks around it, a sign, or as a real number of integral value in range; a double takes NaN and
-///   infinities too. A read that fails leaves the variable alone.
+///   infinities too; of a NaN nothing but the sign is kept. A read that fails leaves the variable alone.
 class RYTREE_API RYXmlWrapperBase : public TESAObj {
  public:
   RYXmlWrapperBase() = default;
