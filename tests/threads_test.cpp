@@ -1,6 +1,11 @@
 // Threads with trees of their own need no lock, whatever they call. scripts/check runs this under the thread
 // sanitizer.
+#include <dlfcn.h>
+#include <rytree_host/ryUtils.h>
+
+#include <atomic>
 #include <barrier>
+#include <chrono>
 #include <thread>
 
 #include "fuzz/calls/call.h"
@@ -9,6 +14,23 @@
 namespace {
 
 constexpr std::size_t kThreads = 8;
+constexpr int kRangeLabel = 1996;  // the message that is fetched once, for all threads
+std::atomic<int> label_fetches = 0;
+
+}  // namespace
+
+// Takes the place of the host's function: while it lingers, all other threads come to the first use of the label.
+int ryu_load_err_msg_str(int number, CString* out, int option) {
+  static auto* const real = reinterpret_cast<decltype(&ryu_load_err_msg_str)>(
+      dlsym(RTLD_NEXT, "_Z20ryu_load_err_msg_striP7CStringi"));
+  if (number == kRangeLabel) {
+    ++label_fetches;
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  }
+  return real(number, out, option);
+}
+
+namespace {
 
 using Outcomes = std::vector<std::string>;  // one for each export
 
@@ -41,6 +63,7 @@ TEST(Threads, CallEveryExportOnTreesOfTheirOwn) {
     });
   }
   for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(label_fetches, 1);
   const Outcomes expected = outcomes(0, no_step);
   for (const Outcomes& shown : found) {
     for (std::size_t i = 0; i < expected.size(); ++i) {
