@@ -11,7 +11,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
+#include <random>
 #include <thread>
 
 #include "scratch_folder.h"
@@ -127,6 +129,7 @@ class FileFaults : public FolderTest {
       const auto files = entries("/proc/self/fd");
       const bool done = spoiled(Fault::kFailed, call);
       if (calls.names.size() <= call) return all;
+      ++failures;
       const std::string why = Node::LastFailure().text;
       const std::string name = ' ' + calls.names[call] + ' ';
       all += (done ? " " : " !") + calls.names[call];
@@ -139,6 +142,7 @@ class FileFaults : public FolderTest {
       EXPECT_EQ(content(path) == before, load || !done);
       for (const auto& [fault, able] : kHarmless) {
         if (able.find(name) == std::string::npos) continue;
+        ++harmless;
         EXPECT_TRUE(spoiled(fault, call)) << Node::LastFailure().text;
         EXPECT_TRUE(arrived());
         EXPECT_EQ(entries(folder), 1);
@@ -147,6 +151,7 @@ class FileFaults : public FolderTest {
       const pid_t child = fork();
       if (child == 0) spoiled(Fault::kKilled, call), _exit(1);
       waitpid(child, nullptr, 0);
+      ++kills;
       const std::string left = content(path);
       EXPECT_EQ(left, left == fresh_text ? fresh_text : before);
       EXPECT_EQ(fresh.Save(path.c_str()), 1);  // which takes away what the killed process left
@@ -159,6 +164,7 @@ class FileFaults : public FolderTest {
       {Fault::kInterrupted, " open flock fchmod read write sendfile fsync linkat rename "},
       {Fault::kDoneButInterrupted, " close linkat rename "},
       {Fault::kInPart, " read write sendfile "}};
+  int failures = 0, harmless = 0, kills = 0;
   bool load = false;
   bool there = true;  // the old file
   const fs::path path = folder / "x.xml";
@@ -189,6 +195,29 @@ TEST_F(FileFaults, LeaveTheOldFileOrTheNewOne) {
     calls.refused = refused;
     load = loads, there = old;
     EXPECT_EQ(spoil_each(), names);
+  }
+  std::printf("%d system calls failed, %d were interrupted or done in part, %d kills\n", failures, harmless,
+              kills);
+}
+
+// With RYTREE_FULL_TESTS set, 1,000 times.
+TEST_F(FileFaults, LeaveAWholeFileWheneverKilled) {
+  std::mt19937 random(5);
+  ASSERT_EQ(fresh.Save(path.c_str()), 1);
+  const Node other = parse("<other/>");
+  for (int kill_number = std::getenv("RYTREE_FULL_TESTS") != nullptr ? 1000 : 20; kill_number > 0;
+       --kill_number) {
+    const pid_t child = fork();
+    if (child == 0) {
+      for (;;) static_cast<void>(fresh.Save(path.c_str()) + other.Save(path.c_str()));
+    }
+    usleep(static_cast<useconds_t>(random() % 5000));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    ASSERT_EQ(loaded.load(path.c_str(), 0), 1) << Node::LastFailure().text;
+    ASSERT_TRUE(text(loaded) == text(fresh) || text(loaded) == "<other/>");
+    ASSERT_EQ(fresh.Save(path.c_str()), 1);
+    ASSERT_EQ(entries(folder), 1);
   }
 }
 
