@@ -3,7 +3,7 @@
 include(CMakePackageConfigHelpers)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/rytree_Utils")
 
-install(TARGETS rytree_Utils EXPORT rytree_UtilsTargets)
+install(TARGETS rytree_Utils EXPORT rytree_UtilsTargets ${RYTREE_INSTALL_LIBRARY})
 install(DIRECTORY include/ TYPE INCLUDE FILES_MATCHING PATTERN "*.h")
 install(EXPORT rytree_UtilsTargets NAMESPACE rytree_Utils:: DESTINATION "${package_folder}")
 

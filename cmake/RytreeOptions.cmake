@@ -17,6 +17,12 @@ if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYP
   set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
 endif()
 
+# Counts the changes after which a program has to be compiled again. It is in the names of the shared libraries.
+set(RYTREE_ABI 1)
+# What is installed belongs to one of three packages: libraries, development, tools.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
+set(RYTREE_INSTALL_LIBRARY LIBRARY COMPONENT libraries NAMELINK_COMPONENT development)
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -1,0 +1,32 @@
+# The Debian packages that cpack makes: the libraries, what is needed to build with them, and the tools.
+set(CPACK_GENERATOR DEB)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL libraries development)
+if(RYTREE_TOOLS)
+  list(APPEND CPACK_COMPONENTS_ALL tools)
+endif()
+set(CPACK_PACKAGE_CONTACT "The maintainers of rytree_Utils <rytree-utils@maintainers.invalid>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS  # where libraries of ours are that are not installed yet
+  "${PROJECT_BINARY_DIR};${PROJECT_BINARY_DIR}/host/rytesavc;${PROJECT_BINARY_DIR}/host/framework;${PROJECT_BINARY_DIR}/host/ryUtils;${PROJECT_BINARY_DIR}/host/Kelp60")
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+
+set(CPACK_DEBIAN_LIBRARIES_PACKAGE_NAME "librytree-utils${RYTREE_ABI}")
+set(CPACK_DEBIAN_LIBRARIES_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_LIBRARIES_DESCRIPTION "Tree utilities for a data-analysis application: the shared libraries")
+
+set(library "librytree-utils${RYTREE_ABI} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME librytree-utils-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library}")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Tree utilities for a data-analysis application: what programs are built with")
+
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME librytree-utils-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${library}")
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION "Tree utilities for a data-analysis application: programs for XML files of settings")
+include(CPack)
