@@ -17,17 +17,26 @@ constexpr std::size_t kThreads = 8;
 constexpr int kRangeLabel = 1996;  // the message that is fetched once, for all threads
 std::atomic<int> label_fetches = 0;
 
+void linger() { std::this_thread::sleep_for(std::chrono::milliseconds(50)); }
+
 }  // namespace
 
-// Takes the place of the host's function: while it lingers, all other threads come to the first use of the label.
+// These take the place of the host's functions. While they linger, all other threads come to the first use of what is
+// fetched or loaded.
 int ryu_load_err_msg_str(int number, CString* out, int option) {
   static auto* const real = reinterpret_cast<decltype(&ryu_load_err_msg_str)>(
       dlsym(RTLD_NEXT, "_Z20ryu_load_err_msg_striP7CStringi"));
   if (number == kRangeLabel) {
     ++label_fetches;
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    linger();
   }
   return real(number, out, option);
+}
+HMODULE LoadLibraryA(const char* name) {
+  static auto* const real =
+      reinterpret_cast<decltype(&LoadLibraryA)>(dlsym(RTLD_NEXT, "_Z12LoadLibraryAPKc"));
+  linger();
+  return real(name);
 }
 
 namespace {
