@@ -116,6 +116,23 @@ TEST_F(TransferTool, ThreeWays) {
   EXPECT_EQ(tree("all.xml"), tree("t.xml"));
 }
 
+TEST_F(TransferTool, PageHoldsItAllAndNothingFromElsewhere) {
+  write("s.xml", "<S><A DataID='1'>&lt;new>&amp;&#x7f;</A><B DataID='2'>b</B></S>");
+  write("t.xml", "<T><X><Y Label='&quot;'><A DataID='1'>old</A></Y><Z><A DataID='3'/></Z></X><W>w</W></T>");
+  ASSERT_EQ(run("s.xml t.xml r.xml --report r.html"), 0) << err;
+  const std::string page = content(work / "r.html");
+  for (const char* const part :
+       {"<title>s.xml → t.xml</title>", "<button aria-pressed=false data-s=applied><b>1</b> applied</button>",
+        "<details class=n open><summary><span class=tag>Y</span> <span class=note>&quot;</span></summary>\n"
+        "<div class=\"n line\" data-s=\"applied\"><span class=tag>A</span> <span class=id>1</span> "
+        "<del>old</del> → <ins>&lt;new&gt;&amp;\\x7F</ins></div>\n</details>\n"
+        "<details class=n><summary><span class=tag>Z</span></summary>\n",
+        "<div class=\"n line\" data-s=no-node><span class=path>S.B</span> <span class=id>2</span> "
+        "<span class=value>b</span></div>\n"})
+    EXPECT_NE(page.find(part), std::string::npos) << part << page;
+  EXPECT_EQ(page.find("://"), std::string::npos);
+}
+
 TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
   write("s.xml", "<S><A DataID='1'>new</A><B DataID='2'>b</B><B DataID='2'>c</B></S>");
   write("t.xml", "<T><A DataID='1'>old</A></T>");

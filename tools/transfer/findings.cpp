@@ -43,7 +43,7 @@ class Search {
     ++found.counts[static_cast<std::size_t>(fate)];
     if (fate != Fate::kUnchanged || with_unchanged_)
       found.list.push_back(
-          {fate, id, std::move(path), std::move(old_value), std::move(new_value), std::move(note)});
+          {fate, id, std::move(path), std::move(old_value), std::move(new_value), std::move(note), row_});
   }
   void look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
                     const RYXmlWrapperBase& unruled);
@@ -52,6 +52,7 @@ class Search {
   const Ids& ids_;
   const Settled& settled_;
   bool with_unchanged_;
+  int row_ = 0;                           // of the node that is looked at
   std::unordered_map<int, int> entries_;  // of each ID in the source
   std::unordered_map<int, int> nodes_;    // of each ID in the target
 };
@@ -106,10 +107,12 @@ void Search::look_at_target(const RYXmlWrapperBase& before, const RYXmlWrapperBa
   RYXmlWrapperBase old_node(before);
   RYXmlWrapperBase free_node(unruled);
   visit_ids(after, ids_.attribute(), [&](const RYXmlWrapperBase& node, int id) {
+    ++row_;
     old_node.NextBelow(old_node, before);
     if (free_node.IsNodeValid() != 0) free_node.NextBelow(free_node, unruled);
     if (id >= 0) look_at_node(id, old_node, node, free_node);
   });
+  row_ = -1;
 }
 
 /// What of the source has no node in the target, or comes a second time.

@@ -31,6 +31,7 @@ struct Finding {
   std::optional<std::string> old_value;  // in TARGET before; nothing where there was none
   std::optional<std::string> new_value;  // in RESULT; of a value that was not taken, the one in SOURCE
   std::string note;
+  int row = -1;  // of the node in TARGET, in document order, the root being 0
 };
 
 /// A value that the user and the new version changed both.

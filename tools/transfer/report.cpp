@@ -77,11 +77,6 @@ class Summary {
   const Screen& screen_;
 };
 
-std::string written(const Arguments& arguments, const Outcome& outcome, const std::string& file) {
-  if (arguments.dry_run) return "not written (--dry-run)";
-  return outcome.misfit.empty() ? shown_name(file) : "not written";
-}
-
 std::string theme_text(const Arguments& arguments, const Outcome& outcome) {
   const std::string text = written(arguments, outcome, arguments.theme);
   const int values = outcome.pairs.ids.GetSize();
@@ -100,6 +95,11 @@ Screen Screen::of_standard_output(bool all) {
   screen.columns = terminal.columns;
   screen.change_limit = terminal.lines > 0 ? std::max(terminal.lines - kOtherLines, 5) : 20;
   return screen;
+}
+
+std::string written(const Arguments& arguments, const Outcome& outcome, const std::string& file) {
+  if (arguments.dry_run) return "not written (--dry-run)";
+  return outcome.misfit.empty() ? shown_name(file) : "not written";
 }
 
 void print_report(std::ostream& out, const Arguments& arguments, const Outcome& outcome,

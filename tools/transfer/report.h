@@ -16,5 +16,8 @@ struct Screen {
   static Screen of_standard_output(bool all);
 };
 
+/// The name of an output, or why it is not written.
+std::string written(const Arguments& arguments, const Outcome& outcome, const std::string& file);
+
 void print_report(std::ostream& out, const Arguments& arguments, const Outcome& outcome,
                   const Screen& screen);

@@ -25,7 +25,7 @@ void append(std::string& out, const std::string& text) {
 
 }  // namespace
 
-std::string report_text(const Arguments& /*arguments*/, const Outcome& outcome) {
+std::string report_text(const Outcome& outcome) {
   std::string out = "status\tID\tnode\told value\tnew value\tnote\n";
   for (const Finding& finding : outcome.findings.list) {
     out += name_of(finding.fate);

@@ -1,4 +1,4 @@
-// The file that --report writes.
+// The lines that --report writes.
 #pragma once
 
 #include <string>
@@ -7,4 +7,4 @@
 
 /// A heading, then a line with tabs for each finding. A backslash, a tab and the ends of lines in a text are
 /// written as \\, \t, \n and \r.
-std::string report_text(const Arguments& arguments, const Outcome& outcome);
+std::string report_text(const Outcome& outcome);

@@ -4,6 +4,7 @@
 
 #include "failure.h"
 #include "held_signals.h"
+#include "page.h"
 #include "report_file.h"
 #include "staged_file.h"
 #include "streams.h"
@@ -32,6 +33,8 @@ void write_theme(const Arguments& arguments, const StagedFile& file, const Outco
     throw Failure(arguments.theme + ": the theme does not read back as it was written");
 }
 
+bool is_page(const std::string& file) { return file.ends_with(".html") || file.ends_with(".htm"); }
+
 }  // namespace
 
 void write_files(const Arguments& arguments, const Outcome& outcome, Progress& progress) {
@@ -41,7 +44,9 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
   std::optional<StagedFile> theme;
   std::optional<StagedFile> report;
   std::optional<StagedFile> result;
-  if (!arguments.report.empty()) report.emplace(arguments.report).write(report_text(arguments, outcome));
+  if (!arguments.report.empty())
+    report.emplace(arguments.report)
+        .write(is_page(arguments.report) ? page_text(arguments, outcome) : report_text(outcome));
   const bool carries = outcome.pairs.ids.GetSize() > 0;  // a theme is never empty
   if (fits && carries && !arguments.theme.empty())
     write_theme(arguments, theme.emplace(arguments.theme), outcome);
