@@ -36,3 +36,9 @@ build() {
   cmake --preset "$preset"
   cmake --build --preset "$preset" --parallel "$jobs" ${1:+--target "$@"}
 }
+
+# Builds what the Debian packages hold in build/package, with the types that debuggers know, which cpack takes out again.
+build_for_packages() {
+  cmake -S . -B build/package -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS=-g
+  cmake --build build/package --parallel "$jobs"
+}
