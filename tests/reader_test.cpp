@@ -32,7 +32,8 @@ const std::string kTexts[] = {
     "<a b='-2147483648' c='2147483648' d='1x' e='-' f='+1' g='123456789012'/>",
     "<a b='1234567890123' c='12345678901234567'>1234567890123456</a>",
     "<abcdefg.-_:1 abcdefgh='' abcdefghijklmnop='' abcdefghijklmnopq=''></abcdefg.-_:1>",
-    "<abcdefghijklmnopq><ABCDEFGHIJKLMNOPQRSTUVWXYZ/></abcdefghijklmnopq>",
+    "<abcdefghijklmnopq><ABCDEFGHIJKLMNOPQRSTUVWXYZ>1</ABCDEFGHIJKLMNOPQRSTUVWXYZ></abcdefghijklmnopq>",
+    "<a><b abcdefghijklmnopqrs='1'/><b abcdefghijklmnopqrs='&#48;'/><b abcdefghijklmnopqrt=\"1\"/></a>",
     "<\xC3\xA9 \xD1\x8F='\xE4\xBA\xBA'>\x7F\xC2\x80\xEF\xBF\xBD\xF0\x9F\x98\x80 \xD0\xB0\xD0\xB1</\xC3\xA9>",
     "<a" + attributes(40) + "><b" + attributes(9) + "/><b a='" + std::string(40, 'x') + "&amp;'/></a>",
     "<a>" + std::string(70, 'x') + "&#x10FFFF;" + std::string(70, ' ') + "<!--" + std::string(40, ' ') +
@@ -94,6 +95,7 @@ TEST(PlainReader, LeavesTheRestToExpat) {
     <a>&#4294967361;</a>
     <a></b>
     <a></aa>
+    <abcdefghijklmnopq>1</abcdefghijklmnopr>
     <abcdefghijklmnopq></abcdefghijklmnopr>)");
   for (std::string text; std::getline(texts, text);) {
     text.erase(0, text.find('<'));

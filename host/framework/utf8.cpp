@@ -16,19 +16,11 @@ char32_t Convert(const Table& table, char32_t code) noexcept {
   return static_cast<char32_t>(static_cast<int>(code) + run->delta);
 }
 
-char Byte(char32_t value) noexcept { return static_cast<char>(static_cast<unsigned char>(value)); }
-
 }  // namespace
 
 void append(std::string& text, char32_t code) {
-  if (code < 0x80 || code >= kStray) {
-    text += Byte(code < 0x80 ? code : code - kStray);
-    return;
-  }
-  const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-  constexpr char32_t kLead[] = {0, 0xC0, 0xE0, 0xF0};
-  text += Byte(kLead[more] | code >> (6 * more));
-  for (int shift = 6 * (more - 1); shift >= 0; shift -= 6) text += Byte(0x80U | (code >> shift & 0x3FU));
+  char bytes[4];
+  text.append(bytes, put(bytes, code));
 }
 
 char32_t upper(char32_t code) noexcept {

@@ -51,7 +51,8 @@ bool ParsesAsName(std::string_view name) {
 
 bool IsName(std::string_view name) {
   constexpr std::size_t kLongest = std::size_t{1} << 24;
-  if (name.empty() || name.size() > kLongest || name == kNodeId || name == kNodeEscape) return false;
+  if (name.empty() || name.size() > kLongest) return false;
+  if (name[0] == '_' && (name == kNodeId || name == kNodeEscape)) return false;
   const auto kind = [](char c) { return kNameCharacters[static_cast<unsigned char>(c)]; };
   if (std::all_of(name.begin(), name.end(), [kind](char c) { return kind(c) != 0; }))
     return kind(name[0]) == 2;
@@ -64,36 +65,36 @@ const Word Tree::kHashSeed =
     static_cast<Word>(reinterpret_cast<std::uintptr_t>(&Tree::kHashSeed));
 
 std::uint32_t Tree::HashLong(std::string_view name) {
-  TextWords all;
-  while (name.size() > sizeof(Word)) {
-    all.low = LoadWord(name.data());
-    all.high = Hash(all);
-    name.remove_prefix(sizeof(Word));
+  Word mixed = name.size();
+  for (std::size_t at = 0; at < name.size(); at += TextWords::kBytes) {
+    const TextWords words = TextWords::Load(name.data() + std::min(at, name.size() - TextWords::kBytes));
+    mixed = Mix({words.low ^ mixed, words.high});
   }
-  all.low = TextWords::Of(name).low;
-  return Hash(all);
+  return static_cast<std::uint32_t>(mixed ^ mixed >> 32);
 }
 
 const Name* Tree::InternNew(std::string_view name, const TextWords& words, std::uint32_t hash) {
-  const Name* const found = FindName(name, words, hash);
-  return found == nullptr && IsName(name) ? AddName(name, hash) : found;
+  return IsName(name) ? AddName(name, words, hash) : nullptr;
 }
 
 // Most nodes of a branch that is copied share a few names: each is looked up once in a copy.
 const Name* Tree::InternCopy(const Name* name, const Tree& of_tree) {
   const Name* const found = FindName(name->view(), name->words(), name->hash);
-  name->copied_as = found != nullptr ? found : AddName(name->view(), name->hash);
+  name->copied_as = found != nullptr ? found : AddName(name->view(), name->words(), name->hash);
   name->stamp = of_tree.stamps_;
   return name->copied_as;
 }
 
-const Name* Tree::AddName(std::string_view name, std::uint32_t hash) {
+const Name* Tree::AddName(std::string_view name, const TextWords& words, std::uint32_t hash) {
   if (4 * (name_count_ + 1) > 3 * name_slots_) GrowNames();
-  const std::size_t bytes = NameBytes(name.size());
-  void* const block = memory_.Allocate(bytes);
-  Name* const added = new (block) Name{static_cast<std::uint32_t>(name.size()), hash, 0, nullptr};
+  void* const block = memory_.Allocate(NameBytes(name.size()));
+  Name* const added = new (block) Name{static_cast<std::uint32_t>(name.size()), hash};
   char* const text = static_cast<char*>(block) + sizeof(Name);
-  std::fill(std::copy(name.begin(), name.end(), text), static_cast<char*>(block) + bytes, '\0');
+  words.Store(text);
+  if (name.size() >= TextWords::kBytes) {
+    name.copy(text + TextWords::kBytes, name.npos, TextWords::kBytes);
+    text[name.size()] = '\0';
+  }
   std::uint32_t slot = hash & (name_slots_ - 1);
   while (names_[slot].name != nullptr) slot = (slot + 1) & (name_slots_ - 1);
   names_[slot] = {added, hash};

@@ -6,7 +6,9 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
 
+#include "plain_names.h"
 #include "plain_scan.h"
 #include "plain_text.h"
 
@@ -22,14 +24,6 @@ constexpr std::size_t kLongToken = std::size_t{1} << 18;
 // No decision needs more than so many bytes from the place that it is about.
 constexpr std::ptrdiff_t kLookahead = 32;
 
-// The place after the rest of an end tag, from its name on, if that is just the tag's name and '>'; else null.
-char* PlainEnd(const NameText& tag, char* name) {
-  const std::size_t length = tag.view.size();
-  const bool plain =
-      length <= TextWords::kBytes && name[length] == '>' && TextWords::OfPadded(name, length) == tag.words;
-  return plain ? name + length + 1 : nullptr;
-}
-
 template <char... kEnds>
 NameText NameAt(const char* at) {
   const std::size_t length = NameLength<kEnds...>(at);
@@ -41,40 +35,23 @@ bool IsReservedTarget(std::string_view target) {
          (target[2] | 0x20) == 'l';
 }
 
-// An attribute's name with the '=' and the quotation mark after it, to recognise it at once when it comes again. Only
-// what fits in 16 bytes is kept.
-struct KnownName {
-  void Set(const char* at, const char* end, const Name* its_name) {
-    const auto bytes = static_cast<std::size_t>(end - at);
-    const bool kept = bytes <= TextWords::kBytes;
-    length = kept ? bytes : 0;
-    words = TextWords::OfPadded(at, length);
-    mask = kept ? kFirstBytes[bytes] : kAll;
-    name = its_name;
-  }
-  bool IsAt(const char* at) const {
-    return (TextWords{LoadWord(at), LoadWord(at + sizeof(Word))} & mask) == words;
-  }
-
-  static constexpr TextWords kAll{~Word{0}, ~Word{0}};
-  TextWords words;  // zeros if nothing is kept: the end of the text looks like that, a name never
-  TextWords mask = kAll;
-  std::size_t length = 0;
-  const Name* name = nullptr;
-  KnownName* next = nullptr;
-};
-
 class Reader {
  public:
   Reader(XmlInput& input, XmlBuilder& builder, std::size_t piece)
       : input_(input), builder_(builder), tree_(builder.tree()), piece_(piece) {
-    for (std::size_t i = 0; i < known_.size(); ++i) known_[i].next = &known_[(i + 1) % known_.size()];
+    for (std::size_t i = 0; i < places_.size(); ++i) places_[i].next = &places_[(i + 1) % places_.size()];
   }
 
   bool Read();
 
  private:
   enum class Answer { kTaken, kMore, kRefused };
+  // A place among the attributes of a tag.
+  struct Place {
+    KnownName name;    // the last one here
+    KnownName before;  // and the one before it
+    Place* next = nullptr;
+  };
 
   bool Fill();
   void TakeTokens();
@@ -87,12 +64,12 @@ class Reader {
   bool IsLayout(char next) const;
   char* CData(char* at);
   char* StartTag(char* at);
-  char* AttributeName(char* at, KnownName& known);
+  char* AttributeName(char* at, Place& place);
   template <char kQuote>
   char* Value(char* at, const Name* name);
   template <char kQuote>
   char* LongValue(char* at, const Name* name);
-  std::string_view DecodedValue(const char* text, const char* end);
+  DecodedText Decoded(TextKind kind, const char* text, char* from);
   char* EndTag(char* at);
   char* Comment(char* at);
   char* Instruction(char* at);
@@ -123,11 +100,12 @@ class Reader {
   char* at_ = buffer_;   // the token at hand
   char* end_ = buffer_;  // of the text in the buffer; there is a NUL
 
-  // Of the start tag at hand.
-  std::unique_ptr<char[]> decoded_;  // values, with as much room as the buffer has
+  // Of the token at hand, and of the text before it.
+  std::unique_ptr<char[]> decoded_;  // what had to be decoded, with as much room as the buffer has
   std::size_t decoded_room_ = 0;
   char* decoded_end_ = nullptr;
-  std::array<KnownName, 8> known_;  // the last name at each place among the attributes
+
+  std::array<Place, 8> places_;  // of the attributes, from the first on
 };
 
 bool Reader::Read() {
@@ -169,6 +147,7 @@ void Reader::TakeTokens() {
   char* at = started_ ? at_ : Start(at_);
   while (at != nullptr) {
     at_ = at;
+    decoded_end_ = decoded_.get();
     at = builder_.is_open() ? Inside(at) : Outside(at);
   }
 }
@@ -225,20 +204,14 @@ char* Reader::Inside(char* at) {
 char* Reader::Text(char* at) {
   char* end = SkipLayout(at);
   if (*end == '<' && IsLayout(end[1])) return end;
-  char* coded = nullptr;  // the first byte that does not mean itself
-  for (end = at; *(end = Skip<'<', '&', ']'>(end)) != '<'; ++end) {
-    if (*end == '&' || *end == '\r') {
-      if (coded == nullptr) coded = end;
-    } else if (*end == ']' ? end[1] == ']' && end[2] == '>' : !IsXmlBlank(*end)) {
-      return Stop(end);
-    }
+  for (end = at; *(end = Skip<'<', '&', ']'>(end)) != '<' && MeansItself(end); ++end) {
   }
-  const char* const text_end = coded != nullptr ? Decode(coded, end, TextKind::kContent, coded) : end;
-  if (text_end == nullptr) return Refuse();
-  const std::string_view text(at, text_end);
-  if (end[1] == '/') return builder_.LastText(text) ? end : Refuse();
-  builder_.Text(text);
-  return end;
+  DecodedText text{{at, end}, end};
+  if (*end == '&' || *end == '\r') text = Decoded(TextKind::kContent, at, end);
+  if (*text.end != '<') return Stop(text.end);
+  if (text.end[1] == '/') return builder_.LastText(text.text) ? text.end : Refuse();
+  builder_.Text(text.text);
+  return text.end;
 }
 
 // Whether white space is layout before a '<' and this byte.
@@ -249,43 +222,46 @@ bool Reader::IsLayout(char next) const {
 char* Reader::CData(char* at) {
   constexpr std::string_view kStart = "<![CDATA[";
   if (!std::string_view(at, end_).starts_with(kStart)) return Stop(at);
-  char* const text = at + kStart.size();
-  bool coded = false;
-  char* end = text;
-  for (; *(end = Skip<']'>(end)) != ']' || end[1] != ']' || end[2] != '>'; ++end) {
-    if (*end == '\r') coded = true;
-    if (*end != ']' && !IsXmlBlank(*end)) return Stop(end);
-  }
-  builder_.Text({text, coded ? Decode(text, end, TextKind::kCData, text) : end});
-  return end + 3;
+  at += kStart.size();
+  char* end = at;
+  while (MeansItself(end = Skip<']'>(end))) ++end;
+  DecodedText text{{at, end}, end};
+  if (*end == '\r') text = Decoded(TextKind::kCData, at, end);
+  if (*text.end != ']') return Stop(text.end);
+  builder_.Text(text.text);
+  return text.end + 3;
 }
 
 // ---- Tags.
 
 char* Reader::StartTag(char* at) {
-  const NameText text = NameAt<'/', '>'>(at + 1);
+  const NameText text = NameAt<'/', '>'>(++at);
+  at += text.view.size();
   const std::uint32_t hash = Tree::Hash(text.view, text.words);
   const Name* tag = tree_.FindName(text.view, text.words, hash);
-  at += 1 + text.view.size();
+  if (tag == nullptr) {
+    if (!EndsTagName(*at)) return Stop(at);
+    tag = tree_.InternNew(text.view, text.words, hash);
+    if (tag == nullptr) return Refuse();
+  }
   builder_.Begin();
-  decoded_end_ = decoded_.get();
-  for (KnownName* known = known_.data(); IsXmlBlank(*at); known = known->next) {
+  for (Place* place = places_.data(); IsXmlBlank(*at); place = place->next) {
     at = SkipBlanks(at + 1);
-    if (known->IsAt(at)) {
-      at += known->length;
+    if (place->name.IsAt(at)) {
+      at += place->name.length();
     } else {
       if (*at == '/' || *at == '>') break;
-      at = AttributeName(at, *known);
+      at = AttributeName(at, *place);
       if (at == nullptr) return nullptr;
     }
-    at = at[-1] == '"' ? Value<'"'>(at, known->name) : Value<'\''>(at, known->name);
+    const Name* const name = place->name.name();
+    at = at[-1] == '"' ? Value<'"'>(at, name) : Value<'\''>(at, name);
     if (at == nullptr) return nullptr;
   }
   const bool closed = *at == '/';
   if (closed) ++at;
   if (*at != '>') return Stop(at);
   ++at;
-  if (tag == nullptr) tag = tree_.InternNew(text.view, text.words, hash);
   if (closed) return builder_.Leaf(tag, 0, {}) ? at : Refuse();
   // Most elements end right after a short text.
   const std::size_t length = FirstStop<0x20, '<', '&', ']'>(at);
@@ -297,7 +273,9 @@ char* Reader::StartTag(char* at) {
   return builder_.Start(tag) ? at : Refuse();
 }
 
-[[gnu::noinline]] char* Reader::AttributeName(char* at, KnownName& known) {
+[[gnu::noinline]] char* Reader::AttributeName(char* at, Place& place) {
+  std::swap(place.name, place.before);
+  if (place.name.IsAt(at)) return at + place.name.length();
   char* const start = at;
   const NameText name = NameAt<'='>(at);
   at = SkipBlanks(at + name.view.size());
@@ -305,7 +283,7 @@ char* Reader::StartTag(char* at) {
   at = SkipBlanks(at + 1);
   if (*at != '"' && *at != '\'') return Stop(at);
   ++at;
-  known.Set(start, at, builder_.AttributeName(name));
+  place.name.Set(start, at, builder_.AttributeName(name));
   return at;
 }
 
@@ -320,37 +298,35 @@ template <char kQuote>
 
 template <char kQuote>
 [[gnu::noinline]] char* Reader::LongValue(char* at, const Name* name) {
-  bool coded = false;
-  char* end = at;
-  for (; *(end = Skip<kQuote, '&', '<'>(end)) != kQuote; ++end) {
-    if (*end != '&' && !IsXmlBlank(*end)) return Stop(end);
-    coded = true;
-  }
-  const std::string_view value = coded ? DecodedValue(at, end) : std::string_view(at, end);
-  return value.data() != nullptr && builder_.Attribute(name, value) ? end + 1 : Refuse();
+  char* const end = Skip<kQuote, '&', '<'>(at);
+  DecodedText value{{at, end}, end};
+  if (*end == '&' || IsXmlBlank(*end))
+    value = Decoded(kQuote == '"' ? TextKind::kQuoted : TextKind::kInApostrophes, at, end);
+  if (*value.end != kQuote) return Stop(value.end);
+  const std::size_t length = value.text.size();
+  if (length <= rytesavc::Value::kInPlace &&
+      builder_.ShortAttribute(name, length, TextWords::OfPadded(value.text.data(), length)))
+    return value.end + 1;
+  return builder_.Attribute(name, value.text) ? value.end + 1 : Refuse();
 }
 
-// Not in place: if the tag turns out to be incomplete, it will be read again.
-std::string_view Reader::DecodedValue(const char* text, const char* end) {
+// Not in place: if the token turns out to be incomplete, it will be read again.
+DecodedText Reader::Decoded(TextKind kind, const char* text, char* from) {
   if (decoded_room_ != room_) {
     decoded_ = std::make_unique_for_overwrite<char[]>(room_);
     decoded_room_ = room_;
     decoded_end_ = decoded_.get();
   }
-  char* const start = decoded_end_;
-  decoded_end_ = Decode(text, end, TextKind::kAttribute, start);
-  return decoded_end_ != nullptr ? std::string_view(start, decoded_end_) : std::string_view();
+  const DecodedText decoded = Decode(kind, text, from, decoded_end_);
+  decoded_end_ += decoded.text.size();
+  return decoded;
 }
 
 char* Reader::EndTag(char* at) {
-  const Name* const tag = builder_.tag();
-  char* const name = at + 2;
-  if (tag->length <= TextWords::kBytes) {
-    if (!(TextWords::OfPadded(name, tag->length) == tag->words())) return Stop(at);
-  } else if (const std::string_view rest(name, end_); !rest.starts_with(tag->view())) {
-    return rest.size() < tag->length ? Stop(end_) : Refuse();
-  }
-  at = SkipBlanks(name + tag->length);
+  const Name& tag = *builder_.tag();
+  at += 2;
+  if (!IsNameAt(tag, at)) return end_ - at < static_cast<std::ptrdiff_t>(tag.length) ? Stop(end_) : Refuse();
+  at = SkipBlanks(at + tag.length);
   if (*at != '>') return Stop(at);
   return builder_.End() ? at + 1 : Refuse();
 }

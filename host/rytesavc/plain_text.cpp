@@ -1,10 +1,10 @@
 #include "plain_text.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cstddef>
 #include <cstdint>
-#include <string>
 
+#include "plain_scan.h"
 #include "rytree_host/detail/text_words.h"
 #include "rytree_host/utf8.h"
 #include "xml_characters.h"
@@ -25,33 +25,70 @@ constexpr Reference Named(std::string_view text, char character) {
 constexpr Reference kReferences[] = {Named("amp;", '&'), Named("lt;", '<'), Named("gt;", '>'),
                                      Named("quot;", '"'), Named("apos;", '\'')};
 
-// Writes the character with that number. Null if XML has none.
-char* PutNumbered(std::string_view digits, char* to) {
-  const bool hexadecimal = digits.starts_with('x');
-  if (hexadecimal) digits.remove_prefix(1);
+// Writes the character whose number is between "&#" and ';', and moves past it. Null if XML has none, or if the text
+// ends there.
+[[gnu::always_inline]] inline char* PutNumbered(char*& from, char* to) {
+  const bool hexadecimal = from[2] == 'x';
+  const unsigned base = hexadecimal ? 16 : 10;
+  char* const digits = from + (hexadecimal ? 3 : 2);
+  char* at = digits;
   std::uint32_t code = 0;
-  const char* const end = digits.data() + digits.size();
-  const auto [stop, error] = std::from_chars(digits.data(), end, code, hexadecimal ? 16 : 10);
-  if (error != std::errc() || stop != end || !IsXmlCharacter(code)) return nullptr;
-  std::string character;
-  utf8::append(character, code);
-  return std::copy(character.begin(), character.end(), to);
+  for (unsigned digit = 0; (digit = static_cast<unsigned>(HexDigit(*at))) < base; ++at) {
+    code = base * code + digit;
+    if (code > 0x10FFFF) return nullptr;
+  }
+  const bool right = at != digits && *at == ';' && IsXmlCharacter(code);
+  if (right || *at == '\0') from = at + right;
+  return right ? utf8::put(to, code) : nullptr;
 }
 
-// Writes the character of the reference whose '&' is before `from`, and moves past it.
-char* PutReference(const char*& from, const char* end, char* to) {
-  const Word text = LoadWord(from);
+// Writes the character of the reference at `from`, and moves past it. Null for others.
+[[gnu::always_inline]] inline char* PutReference(char*& from, char* to) {
+  if (from[1] == '#') return PutNumbered(from, to);
+  const Word text = LoadWord(from + 1);
   for (const auto& [name, mask, length, character] : kReferences) {
     if ((text & mask) != name) continue;
-    from += length;
+    from += 1 + length;
     *to = character;
     return to + 1;
   }
-  const std::string_view rest(from, end);
-  const std::size_t length = rest.find(';');
-  if (length == rest.npos || rest[0] != '#') return nullptr;
-  from += length + 1;
-  return PutNumbered(rest.substr(1, length - 1), to);
+  return nullptr;
+}
+
+// Copies 16 bytes at a time. What is written beyond the end is written over. Gives the end.
+char* CopyStretch(const char* from, const char* end, char* to) {
+  char* const to_end = to + (end - from);
+  for (; from < end; from += TextWords::kBytes, to += TextWords::kBytes) TextWords::Load(from).Store(to);
+  return to_end;
+}
+
+template <bool kIsValue, char... kStops>
+DecodedText DecodeAs(const char* text, char* from, char* const start) {
+  char* to = CopyStretch(text, from, start);
+  for (;;) {
+    if (*from == '&') {
+      char* const after = PutReference(from, to);
+      if (after == nullptr) break;
+      to = after;
+    } else if (IsXmlBlank(*from)) {
+      *to++ = kIsValue ? ' ' : *from == '\r' ? '\n' : *from;
+      from += from[0] == '\r' && from[1] == '\n' ? 2 : 1;
+    } else if (static_cast<signed char>(*from) < 0) {
+      char* const end = SkipBeyondAscii(from);
+      if (end == from) break;
+      to = CopyStretch(from, end, to);
+      from = end;
+    } else if (!kIsValue && IsLoneBracket(from)) {
+      *to++ = *from++;
+    } else {
+      break;
+    }
+    for (std::size_t length = TextWords::kBytes; length == TextWords::kBytes; from += length, to += length) {
+      TextWords::Load(from).Store(to);
+      length = FirstStop<0x20, kStops...>(from);
+    }
+  }
+  return {{start, to}, from};
 }
 
 // Takes ` name="value"` off the text. False, and nothing taken, if it does not start with that.
@@ -82,21 +119,17 @@ bool TakePart(std::string_view& text, std::string_view name, std::string_view& v
 
 }  // namespace
 
-char* Decode(const char* from, const char* end, TextKind kind, char* to) {
-  while (from != end) {
-    char c = *from++;
-    if (c == '&' && kind != TextKind::kCData) {
-      to = PutReference(from, end, to);
-      if (to == nullptr) return nullptr;
-      continue;
-    }
-    if (c == '\r') {
-      if (from != end && *from == '\n') ++from;
-      c = '\n';
-    }
-    *to++ = kind == TextKind::kAttribute && IsXmlBlank(c) ? ' ' : c;
+DecodedText Decode(TextKind kind, const char* text, char* from, char* to) {
+  switch (kind) {
+    case TextKind::kContent:
+      return DecodeAs<false, '<', '&', ']'>(text, from, to);
+    case TextKind::kCData:
+      return DecodeAs<false, ']'>(text, from, to);
+    case TextKind::kQuoted:
+      return DecodeAs<true, '"', '&', '<'>(text, from, to);
+    default:
+      return DecodeAs<true, '\'', '&', '<'>(text, from, to);
   }
-  return to;
 }
 
 bool IsPlainDeclaration(std::string_view text) {

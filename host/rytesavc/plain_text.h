@@ -5,12 +5,22 @@
 
 namespace rytesavc {
 
-enum class TextKind { kContent, kAttribute, kCData };
+enum class TextKind { kContent, kCData, kQuoted, kInApostrophes };
 
-// Writes what the text means. That is never longer than the text, so it may be written over it. The 8 bytes
-// after the text must be readable. Gives the end of what was written; null for a reference that is neither
-// one of XML's five names nor the number of a character.
-char* Decode(const char* from, const char* end, TextKind kind, char* to);
+struct DecodedText {
+  std::string_view text;
+  char* end;  // of what was decoded
+};
+
+// Writes what the text means, up to what ends it or is wrong. Up to `from` it means itself. What is written is never
+// longer than the text, but up to 16 bytes after it are written too. The text is padded as in plain_scan.h.
+DecodedText Decode(TextKind kind, const char* text, char* from, char* to);
+
+// Whether this is a ']' that is text, and does not end a CDATA section.
+inline bool IsLoneBracket(const char* at) { return *at == ']' && (at[1] != ']' || at[2] != '>'); }
+
+// Of what a search for the end of a text stops at, whether it means itself.
+inline bool MeansItself(const char* at) { return *at == '\n' || *at == '\t' || IsLoneBracket(at); }
 
 // Whether "<?xml", this text and "?>" are a declaration of version 1.0 in UTF-8.
 bool IsPlainDeclaration(std::string_view text);

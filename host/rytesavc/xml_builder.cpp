@@ -16,12 +16,6 @@ constexpr char kNoName[] = "a reserved or overlong name";
 constexpr char kTooLong[] = "a text is too long";
 constexpr char kNotInPage[] = "a character is not in the code page";
 
-int Digit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
-}
-
 }  // namespace
 
 const char* XmlBuilder::FindLacking(std::string_view utf8) const {
@@ -177,8 +171,8 @@ bool XmlBuilder::PutConverted(Value& value, std::string_view text, bool escaped)
   converted_.clear();
   for (std::size_t at = text.find('\\'); escaped && at != text.npos; at = text.find('\\')) {
     if (!AppendInPage(text.substr(0, at))) return false;
-    const int high = at + 2 < text.size() ? Digit(text[at + 1]) : -1;
-    const int low = high >= 0 ? Digit(text[at + 2]) : -1;
+    const int high = at + 2 < text.size() ? HexDigit(text[at + 1]) : -1;
+    const int low = high >= 0 ? HexDigit(text[at + 2]) : -1;
     converted_ += low >= 0 ? static_cast<char>(high * 16 + low) : '\\';
     text.remove_prefix(at + (low >= 0 ? 3 : 1));
   }

@@ -104,7 +104,7 @@ class XmlBuilder {
 
  private:
   // A name with a stamp that makes every attribute of that name an odd one.
-  static constexpr Name kOddName{0, 0, ~std::uint64_t{0}, nullptr};
+  static constexpr Name kOddName{0, 0, ~std::uint64_t{0}};
 
   struct Open {
     Node* node;

@@ -1,6 +1,7 @@
 // What XML text is made of, as the readers and the writer see it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -17,6 +18,18 @@ constexpr bool IsXmlBlank(char c) {
 constexpr bool IsXmlCharacter(char32_t code) {
   if (code < 0x20) return code == '\t' || code == '\n' || code == '\r';
   return code < 0xD800 || (code >= 0xE000 && code <= 0x10FFFF && code != 0xFFFE && code != 0xFFFF);
+}
+
+// The value of a hexadecimal digit; -1 for other bytes.
+inline int HexDigit(char c) {
+  static constexpr auto kDigits = [] {
+    std::array<signed char, 256> digits{};
+    digits.fill(-1);
+    for (signed char i = 0; i < 10; ++i) digits['0' + i] = i;
+    for (signed char i = 10; i < 16; ++i) digits['A' + i - 10] = digits['a' + i - 10] = i;
+    return digits;
+  }();
+  return kDigits[static_cast<unsigned char>(c)];
 }
 
 // The length of the first character; 0 for bytes that are not one, and for the two that XML leaves out.

@@ -31,6 +31,28 @@ inline char32_t next(const char*& text, std::size_t length = 4) noexcept {
   return code;
 }
 
+/// Writes what `next` read, in up to four bytes. Gives the place after it.
+inline char* put(char* to, char32_t code) noexcept {
+  if (code < 0x80 || code >= kStray) {
+    *to = static_cast<char>(code < 0x80 ? code : code - kStray);
+    return to + 1;
+  }
+  const auto follow = [code](int shift) { return static_cast<char>(0x80U | (code >> shift & 0x3FU)); };
+  if (code < 0x800) {
+    *to++ = static_cast<char>(0xC0U | code >> 6);
+  } else {
+    if (code < 0x10000) {
+      *to++ = static_cast<char>(0xE0U | code >> 12);
+    } else {
+      *to++ = static_cast<char>(0xF0U | code >> 18);
+      *to++ = follow(12);
+    }
+    *to++ = follow(6);
+  }
+  *to++ = follow(0);
+  return to;
+}
+
 /// Appends what `next` read.
 RYTREE_API void append(std::string& text, char32_t code);
 

@@ -66,16 +66,21 @@ struct TextWords {
   Word low = 0;
   Word high = 0;
 
+  static TextWords Load(const char* from) { return {LoadWord(from), LoadWord(from + sizeof(Word))}; }
   // Of a text from whose start on 16 bytes can be read, whatever comes after it.
   static TextWords OfPadded(const char* text, std::size_t length);
   static TextWords Of(std::string_view text) {
     const char* const from = text.data();
     const std::size_t length = text.size();
     if (length <= sizeof(Word)) return {LoadShort(from, length), 0};
-    if (length >= kBytes) return {LoadWord(from), LoadWord(from + sizeof(Word))};
+    if (length >= kBytes) return Load(from);
     return {LoadWord(from), LoadWord(from + length - sizeof(Word)) >> (8 * (kBytes - length))};
   }
 
+  void Store(char* to) const {
+    StoreWord(low, to);
+    StoreWord(high, to + sizeof(Word));
+  }
   constexpr TextWords operator&(const TextWords& mask) const { return {low & mask.low, high & mask.high}; }
   bool operator==(const TextWords& other) const { return ((low ^ other.low) | (high ^ other.high)) == 0; }
 };
@@ -93,7 +98,16 @@ inline constexpr std::array<TextWords, TextWords::kBytes + 1> kFirstBytes = [] {
 }();
 
 inline TextWords TextWords::OfPadded(const char* text, std::size_t length) {
-  return TextWords{LoadWord(text), LoadWord(text + sizeof(Word))} & kFirstBytes[std::min(length, kBytes)];
+  return Load(text) & kFirstBytes[std::min(length, kBytes)];
+}
+
+// Whether two texts of that length are the same after their first 16 bytes, which are.
+inline bool IsRestSame(const char* one, const char* other, std::size_t length) {
+  for (std::size_t at = TextWords::kBytes; at < length; at += TextWords::kBytes) {
+    const std::size_t from = std::min(at, length - TextWords::kBytes);
+    if (!(TextWords::Load(one + from) == TextWords::Load(other + from))) return false;
+  }
+  return true;
 }
 
 }  // namespace rytesavc

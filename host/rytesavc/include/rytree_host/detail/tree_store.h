@@ -34,10 +34,9 @@ struct Name {
   const char* text() const { return reinterpret_cast<const char*>(this + 1); }
   std::string_view view() const { return {text(), length}; }
   // After a short name there are zeros.
-  TextWords words() const { return {LoadWord(text()), LoadWord(text() + sizeof(Word))}; }
+  TextWords words() const { return TextWords::Load(text()); }
   bool Is(std::string_view name, const TextWords& its_words) const {
-    return words() == its_words && length == name.size() &&
-           (length <= TextWords::kBytes || std::memcmp(text(), name.data(), length) == 0);
+    return words() == its_words && length == name.size() && IsRestSame(text(), name.data(), length);
   }
 };
 
@@ -189,10 +188,8 @@ class RYTREE_API Tree {
     return name.size() <= TextWords::kBytes ? Hash(words) : HashLong(name);
   }
   static std::uint32_t Hash(const TextWords& words) {
-    __extension__ using Wide = unsigned __int128;
-    const Wide product = Wide{words.low ^ kHashSeed} * (words.high ^ std::rotl(kHashSeed, 29));
-    const Word folded = static_cast<Word>(product) ^ static_cast<Word>(product >> 64);
-    return static_cast<std::uint32_t>(folded ^ folded >> 32);
+    const Word mixed = Mix(words);
+    return static_cast<std::uint32_t>(mixed ^ mixed >> 32);
   }
   const Name* FindName(std::string_view name, const TextWords& words, std::uint32_t hash) const {
     const std::uint32_t mask = name_slots_ - 1;
@@ -296,10 +293,15 @@ class RYTREE_API Tree {
   void FreeContent(Node* node);
   void CopyValue(Value& target, const Value& source);
   const Name* InternCopy(const Name* name, const Tree& of_tree);
+  static Word Mix(const TextWords& words) {
+    __extension__ using Wide = unsigned __int128;
+    const Wide product = Wide{words.low ^ kHashSeed} * (words.high ^ std::rotl(kHashSeed, 29));
+    return static_cast<Word>(product) ^ static_cast<Word>(product >> 64);
+  }
   static std::uint32_t HashLong(std::string_view name);
   // Differs from run to run, so that nobody can write a file whose names have equal hashes.
   static const Word kHashSeed;
-  const Name* AddName(std::string_view name, std::uint32_t hash);
+  const Name* AddName(std::string_view name, const TextWords& words, std::uint32_t hash);
   void GrowNames();
 
   std::size_t references_ = 1;
