@@ -7,6 +7,7 @@ jobs=$(nproc)
 build_packages=(cmake g++ ninja-build libexpat1-dev)
 test_packages=(libgtest-dev python3 gdb locales)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev git make pkg-config)
+docs_packages=(doxygen python3)
 bench_packages=(libbenchmark-dev pkg-config libpugixml-dev libtinyxml2-dev libxml2-dev librapidxml-dev)
 
 say() { printf '\n== %s\n' "$*"; }
