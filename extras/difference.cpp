@@ -79,7 +79,8 @@ class Comparison {
     }
   }
 
-  /// The node and what is below it, but not nodes that are elsewhere in the new tree, nor what is below those.
+  /// The node and what is below it, but not nodes that are elsewhere in the new tree, nor what is below
+  /// those.
   void add_removed(int top) {
     for (int at = top; at < old_.size() && at < old_[top].end;) {
       if (pairs_.of_old(at) >= 0) {

@@ -27,7 +27,7 @@ struct Entry {
   int parent;          // its index in the list, -1 for the top
   int end = 0;         // the index after those of all nodes below
   int tag;             // as numbered
-  int id;              // composed, -1 for none
+  int id;              // composed, -1 for none and of the top
   int place = 0;       // among the siblings
   int occurrence = 0;  // among the siblings of one tag
 };

@@ -26,7 +26,7 @@ std::vector<std::pair<int, int>> match_equal(std::vector<Numbered> left, std::ve
 std::vector<bool> in_order(const std::vector<int>& numbers) {
   if (std::is_sorted(numbers.begin(), numbers.end())) return std::vector<bool>(numbers.size(), true);
   constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-  std::vector<std::size_t> ends;  // of the ascending runs of length 1, 2, …: where the lowest last number is
+  std::vector<std::size_t> ends;  // of ascending runs of length 1, 2, …: where the lowest last number is
   std::vector<std::size_t> before(numbers.size(), kNone);  // the number before, in the run that ends here
   for (std::size_t at = 0; at < numbers.size(); ++at) {
     const auto longer = std::lower_bound(ends.begin(), ends.end(), numbers[at],

@@ -12,7 +12,7 @@ NodesById::NodesById(const RYXmlWrapperBase& top, const char* id_attribute, int 
   const detail::IdReading reading = {.attribute = id_attribute != nullptr ? id_attribute : "DataID",
                                      .repeat = repeat};
   const detail::Listing nodes(top, tags, reading);
-  for (int i = 1; i < nodes.size(); ++i) {
+  for (int i = 0; i < nodes.size(); ++i) {
     if (nodes[i].id == -1) continue;
     places_.emplace_back(nodes[i].id, static_cast<int>(nodes_.size()));
     nodes_.push_back(nodes[i].node);

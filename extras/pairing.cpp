@@ -8,10 +8,10 @@ namespace rytree::detail {
 
 namespace {
 
-/// The IDs of the nodes below the top that have one.
+/// The IDs of the nodes that have one.
 std::vector<Numbered> ids_of(const Listing& nodes) {
   std::vector<Numbered> ids;
-  for (int i = 1; i < nodes.size(); ++i) {
+  for (int i = 0; i < nodes.size(); ++i) {
     if (nodes[i].id != -1) ids.emplace_back(nodes[i].id, i);
   }
   return ids;
@@ -102,7 +102,7 @@ void Pairing::find_moved() {
     for (int at = Listing::first_child(parent); at < new_[parent].end; at = new_[at].end) {
       const int former = of_new(at);
       if (former < 0) continue;
-      if (old_[former].parent >= 0 && of_old(old_[former].parent) == parent) {
+      if (of_old(old_[former].parent) == parent) {
         stayed.push_back(at);
         old_order.push_back(former);
       } else {

@@ -9,8 +9,8 @@ namespace rytree::detail {
 
 class Pairing {
  public:
-  /// The top nodes correspond, then nodes by their IDs, then nodes without an ID by their tags, below nodes that
-  /// correspond.
+  /// The top nodes correspond, then nodes by their IDs, then nodes without an ID by their tags, below nodes
+  /// that correspond.
   Pairing(const Listing& old_nodes, const Listing& new_nodes, const TagNumbers& tags);
 
   /// The index of the corresponding node, -1 for none.

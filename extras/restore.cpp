@@ -49,8 +49,8 @@ std::vector<int> wanted_places(const std::vector<Child>& children, const std::ve
   return places;
 }
 
-/// For each wanted child the child of the target that stays for it, an invalid handle if there is none. The order
-/// of those that stay is that of the wanted ones; the other children are removed.
+/// For each wanted child the child of the target that stays for it, an invalid handle if there is none. The
+/// order of those that stay is that of the wanted ones; the other children are removed.
 std::vector<RYXmlWrapperBase> keep_children(const RYXmlWrapperBase& target,
                                             const std::vector<Child>& wanted) {
   std::vector<Child> children = children_of(target);

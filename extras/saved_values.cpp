@@ -22,8 +22,8 @@ bool is_child_tag(std::string_view tag) {
   return error == std::errc() && end == tag.data() + tag.size();
 }
 
-/// Takes white space, the XML declaration, processing instructions and comments off the front. False if the text
-/// ends in one of them.
+/// Takes white space, the XML declaration, processing instructions and comments off the front. False if the
+/// text ends in one of them.
 bool skip_prolog(std::string_view& text) {
   for (;;) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));

@@ -10,8 +10,8 @@ namespace {
 
 constexpr unsigned kValueIsData = 0x100000;  // bit of "ThemeApplicability"
 
-/// Takes the decoration of that name off the front of a value and makes it the attribute; without one the attribute
-/// is removed.
+/// Takes the decoration of that name off the front of a value and makes it the attribute; without one the
+/// attribute is removed.
 void take_decoration(RYXmlWrapperBase& node, const std::string& name, std::string_view& value) {
   const std::string start = "::{" + name + "=";
   const std::size_t end = value.starts_with(start) ? value.find('}', start.size()) : std::string_view::npos;

@@ -42,6 +42,7 @@ TEST(Extras, TellTheDifferencesOfTwoTrees) {
   for (const auto& [before, after, by_id, by_path] : rows<4>(R"(
 <R/> | <R/> | | =
 <R a="1" b="2"/> | <R b="2" a="1"/> | | =
+<R><a@1/></R> | <R><a@2/></R> | R/a node ID '1'>'2' | =
 <R a="1" b="2">x</R> | <S@7 c="3" b="4"/> | \
   S tag 'R'>'S'; S node ID none>'7'; S text 'x'>''; S @c none>'3'; S @b '2'>'4'; S @a '1'>none | =
 <R><c/><a/><d/><b/><e/></R> | <R><a/><b/><c/><d/><e/></R> | R/a(1) to R/a(0); R/b(3) to R/b(1) | =
@@ -182,14 +183,18 @@ TEST(Extras, RestoreInPlace) {
       if (node.IsNodeValid() != 0) alive += " " + tag(node) + attribute_of(node, "DataID").value_or("");
     EXPECT_EQ(alive, " " + kept);
   }
-  Node tree = parse("<R><R><R>x</R></R><a/></R>"), branch = at(tree, {0});
-  EXPECT_TRUE(restore(tree, branch) && restore(tree, tree) && restore(branch = at(tree, {0}), tree));
-  EXPECT_EQ(text(tree), "<R><R><R>x</R></R></R>");
+  Node tree = parse("<R><a/><R><b/><R>x</R></R></R>"), branch = at(tree, {1});
+  EXPECT_TRUE(restore(tree, branch) && restore(tree, tree) && restore(branch = at(tree, {1}), tree));
+  EXPECT_EQ(text(tree), "<R><b/><R><b/><R>x</R></R></R>");
   Node deepest = deep_tree(1024), other = deep_tree(1023);
   on_small_stack([&] {
     EXPECT_EQ(differences_by_id(other, deepest).size(), 2);
     EXPECT_TRUE(restore(deepest, other) && are_equal(deepest, other));
   });
+  while (deepest.FirstChild(branch) != 0) deepest = branch;
+  deepest.AddNode(branch, "z", -1);
+  EXPECT_FALSE(restore(deepest, parse("<L>text<y><too><deep/></too></y><z/></L>")));
+  EXPECT_EQ(text(deepest), "<L>text<z/></L>");
 }
 
 TEST(Extras, UndoMarkedChanges) {
@@ -223,17 +228,17 @@ TEST(Extras, CompareAndApplyLists) {
     differences += std::to_string(id) + ":" + before.value_or("none") + ">" + after.value_or("none") + " ";
   EXPECT_EQ(differences, "7:none> 2:3>x 2:none>y 4:4>none ");
 
-  Node tree = parse_ids("<R><b #2/><c ^8><d #2/></c></R>");
-  Node source = parse_ids("<R><x #5/><c ^8><d #2>z</d><d #3>y</d></c></R>");
+  Node tree = parse_ids("<R><b #2/><c ^8><d #2/></c><e #-3/></R>");
+  Node source = parse_ids("<R><x #5/><c ^8><d #2>z</d><d #3>y</d></c><e #-3 Use='1'><f/></e></R>");
   const Applied refused = apply_values(tree, one);
   EXPECT_TRUE(refused.matched == -4 && refused.unmatched.empty() && !refused.message.empty());
   for (const auto& [applied, matched, unmatched] : Rows<Applied, int, std::vector<int>>{
            {apply_values(tree, one, {.first_counts = true}), 1, {1, 4}},
            {apply_values(tree, two, {.repeat = 2, .first_counts = true}), 0, {7, 2, 1}},
-           {copy_values(source, tree), 1, {5, 0x80003}},
-           {copy_values(source, tree, {.drop_empty = true}), 1, {0x80003}}})
+           {copy_values(source, tree), 1, {5, 0x80003, -3}},
+           {copy_values(source, tree, {.drop_empty = true}), 1, {0x80003, -3}}})
     EXPECT_TRUE(applied.matched == matched && applied.unmatched == unmatched);
-  EXPECT_EQ(text(tree), text(parse_ids("<R><b #2>2</b><c ^8><d #2>z</d></c></R>")));
+  EXPECT_EQ(text(tree), text(parse_ids("<R><b #2>2</b><c ^8><d #2>z</d></c><e #-3/></R>")));
 }
 
 using SavedValuesFile = FolderTest;
@@ -243,8 +248,9 @@ TEST_F(SavedValuesFile, IsKnown) {
   for (const auto& [contents, holds] :
        Rows<std::string, bool>{{settings, true},
                                {"\xEF\xBB\xBF<?xml version='1.0'?>\n<!-- <R> --><?p?>" + settings, true},
-                               {"<!--" + std::string(5000, ' ') + "-->" + settings, true},
+                               {"<?p " + std::string(5000, ' ') + "?>" + settings, true},
                                {"<!DOCTYPE Settings>" + settings, true},
+                               {"<!DOCTYPE R><R><node5/></R>", false},
                                {"<Settings/>", false},
                                {"<Settings><node/></Settings>", false},
                                {"<Settings><node5x/></Settings>", false},
@@ -255,7 +261,7 @@ TEST_F(SavedValuesFile, IsKnown) {
     EXPECT_EQ(holds_saved_values(file.c_str()), holds);
   }
   parse("<a/>");
-  std::ofstream(file, std::ios::binary) << "<Other>no end";
+  std::ofstream(file, std::ios::binary) << "\xEF\xBB\xBF<!-- --><Other>no end";
   EXPECT_FALSE(holds_saved_values(nullptr) || holds_saved_values(file.c_str()));
   EXPECT_EQ(failure(), " 0:0 -1") << "the file was loaded";
   EXPECT_FALSE(holds_saved_values(folder.c_str()));

@@ -1,10 +1,14 @@
-// What programs in C++ often need beside the exports: reading nodes that are const, comparing trees, finding nodes
-// by their IDs. These functions call the exports and the operations of the node class. They are in a small
-// static library of their own: link rytree_Utils::extras.
+// What programs in C++ often need beside the exports: reading nodes that are const, comparing trees and lists
+// of values, finding nodes by their IDs, taking changes back. These functions call the exports and the
+// operations of the node class. They are in a small static library of their own: link rytree_Utils::extras.
+//
+//     for (const rytree::Difference& one : rytree::differences_by_id(before, after))
+//       std::printf("%s\n", one.new_path.c_str());
 //
 // No function throws anything but std::bad_alloc, and none needs a valid handle: an invalid or dead one is
-// taken for a tree without nodes. Only what says so changes a tree. "Linear" leaves out the factor log n of
-// the sorted lists in which IDs are looked up.
+// taken for a tree without nodes. Only what says so changes a tree. Tags and attribute names that the default
+// code page cannot write are not told apart. "Linear" leaves out the factor log n of the sorted lists in which
+// IDs are looked up.
 #pragma once
 
 #include <rytree_host/framework.h>
@@ -69,8 +73,8 @@ struct Difference {
   int id = -1;
   /// Of kAdded and kRemoved: the node above is so too.
   bool inside = false;
-  /// The part before and after; nothing for an attribute or a node ID that was not there. Of kAdded and kRemoved
-  /// the text of the node, of kMoved nothing.
+  /// The part before and after; nothing for an attribute or a node ID that was not there. Of kAdded and
+  /// kRemoved the text of the node, of kMoved nothing.
   std::optional<std::string> old_value;
   std::optional<std::string> new_value;
   /// The tags from the top node down, joined by "/"; of the siblings with one tag the second has "[2]" after
@@ -89,11 +93,11 @@ struct Difference {
 /// The differences between two trees, none exactly if they are equal. They come in the order of the new tree;
 /// those of a node come before those of its children, and what was removed from it between the two.
 ///
-/// A node of the old tree corresponds to the node of the new one that has the same ID, composed with the repeat
-/// numbers as in a harvest, wherever it is; of several nodes with one ID the first to the first, the second to the
-/// second. Where corresponding nodes have children without an ID, or ID -1, those correspond by their tags: the
-/// first of a tag to the first, and so on. The two top nodes correspond whatever they are, and their own IDs do
-/// not count. As few siblings as possible count as moved.
+/// A node of the old tree corresponds to the node of the new one that has the same ID, composed with the
+/// repeat numbers as in a harvest, wherever it is; of several nodes with one ID the first to the first, the
+/// second to the second. Where corresponding nodes have children without an ID, or ID -1, those correspond by
+/// their tags: the first of a tag to the first, and so on. The two top nodes correspond whatever they are,
+/// and their own IDs do not count. As few siblings as possible count as moved.
 /// - `id_attribute`: null means "DataID".
 ///
 /// Linear in the two trees and the length of the paths.
@@ -106,10 +110,10 @@ std::vector<Difference> differences_by_path(const RYXmlWrapperBase& old_tree,
 
 // ---- Nodes by ID.
 
-/// An index of the nodes below one node by their IDs, composed with the repeat numbers as a harvest and an apply
-/// compose them. It is made in one walk, linear; a look-up is a binary search. Nodes that are added later, or
-/// get another ID, are not known to it; a node that is removed stays in it as a dead handle. It keeps the tree
-/// alive.
+/// An index of the nodes below one node by their IDs, composed with the repeat numbers as a harvest and an
+/// apply compose them. It is made in one walk, linear; a look-up is a binary search. Nodes that are added
+/// later, or get another ID, are not known to it; a node that is removed stays in it as a dead handle. It
+/// keeps the tree alive.
 class NodesById {
  public:
   /// - `id_attribute`: null means "DataID".
@@ -149,9 +153,10 @@ struct ValueDifference {
   std::optional<std::string> new_value;  // nothing of kRemoved
 };
 
-/// The differences between two lists, compared by ID: first those of the new list, in its order, then what was
-/// removed, in the order of the old one. Of several entries with one ID the first corresponds to the first, the
-/// second to the second. Values are compared byte for byte, the order of the entries does not count. Linear.
+/// The differences between two lists, compared by ID: first those of the new list, in its order, then what
+/// was removed, in the order of the old one. Of several entries with one ID the first corresponds to the
+/// first, the second to the second. Values are compared byte for byte, the order of the entries does not
+/// count. Linear.
 std::vector<ValueDifference> differences_of_values(const ValueList& old_list, const ValueList& new_list);
 
 /// What an apply or a copy did.
@@ -187,10 +192,10 @@ struct CopyOptions {
 /// harvested twice.
 Applied copy_values(RYXmlWrapperBase& source, RYXmlWrapperBase& destination, const CopyOptions& options = {});
 
-/// Whether a file holds saved values, as vctree_save_values_with_ids writes them: its root is "Settings", and has
-/// children, each of them a leaf tagged "node" and an int. False also if it cannot be loaded. Of a regular file
-/// with another root only the beginning is read, if that is in UTF-8 or another encoding with the letters of ASCII and
-/// has no DOCTYPE.
+/// Whether a file holds saved values, as vctree_save_values_with_ids writes them: its root is "Settings", and
+/// has children, each of them a leaf tagged "node" and an int. False also if it cannot be loaded. Of a
+/// regular file with another root only the beginning is read, if that is in UTF-8 or another encoding with
+/// the letters of ASCII and has no DOCTYPE.
 [[nodiscard]] bool holds_saved_values(const char* file);
 
 // ---- Taking changes back.
@@ -201,26 +206,28 @@ enum class OldValues {
   kDecorated,  // the value as a harvest gives it, with its decorations in front, of branches too
 };
 
-/// Gives the marked nodes below `node` their old values back and takes their marks ("OldValue", "OldName") off.
+/// Gives the marked nodes below `node` their old values back and takes their marks ("OldValue", "OldName")
+/// off.
 /// - kTexts: each marked leaf gets its text back. A marked branch stays as it is, with its mark.
-/// - kDecorated: each marked leaf gets its text back, each marked branch its attribute "Use", or "Data" with bit 20 of
-///   "ThemeApplicability"; the value "-1" of a branch without that attribute makes none. "Auto" and "DynaUseChck" are
-///   set, or removed where the old value has no such decoration.
+/// - kDecorated: each marked leaf gets its text back, each marked branch its attribute "Use", or "Data" with
+///   bit 20 of "ThemeApplicability"; the value "-1" of a branch without that attribute makes none. "Auto" and
+///   "DynaUseChck" are set, or removed where the old value has no such decoration.
 ///
-/// A harvest with `changedOnly` puts the present values into the marks: undo before it. A mark knows nothing of
-/// other attributes and of nodes that came or went; restore() takes back everything. The number of nodes that
-/// were given their values back. Linear.
+/// A harvest with `changedOnly` puts the present values into the marks: undo before it. A mark knows nothing
+/// of other attributes and of nodes that came or went; restore() takes back everything. The number of nodes
+/// that were given their values back. Linear.
 int undo_changes(RYXmlWrapperBase& node, OldValues form = OldValues::kTexts);
 
-/// Makes a branch equal to another one, attributes in the same order too, and changes only what differs. Nodes that
-/// both have stay, so that handles on them stay good: the two top nodes, and below nodes that stay, children of
-/// one tag and one "DataID" (or none), the first of them for the first, as far as they are in the same order. Of
-/// children that are not, as many as possible stay. All others are removed, and copies made of what is missing.
-/// Where the tags of the two top nodes differ, all nodes below `target` are replaced.
+/// Makes a branch equal to another one, attributes in the same order too, and changes only what differs.
+/// Nodes that both have stay, so that handles on them stay good: the two top nodes, and below nodes that
+/// stay, children of one tag and one "DataID" (or none), the first of them for the first, as far as they are
+/// in the same order. Of children that are not, as many as possible stay. All others are removed, and copies
+/// made of what is missing. Where the tags of the two top nodes differ, all nodes below `target` are
+/// replaced.
 ///
-/// The branches may be in one tree, one in the other too; what `source` is then changes with `target`. True, or false
-/// with a part of it done: a handle is invalid (nothing is done), the tree would be too deep, or a node has an
-/// attribute whose name the default code page cannot write. Linear.
+/// The branches may be in one tree, one in the other too; what `source` is then changes with `target`. True,
+/// or false with a part of it done: a handle is invalid (nothing is done), the tree would be too deep, or a
+/// node has an attribute whose name the default code page cannot write. Linear.
 bool restore(RYXmlWrapperBase& target, const RYXmlWrapperBase& source);
 
 }  // namespace rytree
