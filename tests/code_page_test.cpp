@@ -59,6 +59,15 @@ TEST_F(CodePages, TellTheCharactersOfStrings) {
        [] { return places(S("\x83|").Find("\x83"), S("a\x83").Find("\x83"), S("a\x83").Find('\x83')); }},
       {932, "2 2 ",
        [] { return places(S("\x83\x83\x83\x83").Find("\x83\x83", 1), S("\x81\x81|").Find('|', 1)); }},
+      {932, "-1 1 ",
+       [] {
+         std::string stretch;
+         for (int i = 0; i < 40; ++i) stretch += "|\x83";
+         return places(S(("\x83" + stretch).c_str()).Find(stretch.c_str()),
+                       S(("a" + stretch).c_str()).Find(stretch.c_str()));
+       }},
+      {932, "|a a ", [] { return std::string(_mbsinc("\x83||a")) + ' ' + _mbsinc("aa") + ' '; }},
+      {932, "[`\x83`]", [] { return tokens("`\x83`", '|', '`'); }},
       {932, "\x83|a/", [] { return changed("\x83|a|", [](S& s) { s.Replace('|', '/'); }); }},
       {932, "\x83|a--", [] { return changed("\x83|a|", [](S& s) { s.Replace("|", "--"); }); }},
       {932, "\x83|\x61", [] { return changed("\x83|a|", [](S& s) { s.Remove('|'); }); }},
