@@ -78,7 +78,7 @@ class Summary {
 };
 
 std::string theme_text(const Arguments& arguments, const Outcome& outcome) {
-  const std::string text = written(arguments, outcome, arguments.theme);
+  std::string text = written(arguments, outcome, arguments.theme);
   const int values = outcome.pairs.ids.GetSize();
   if (arguments.dry_run || !outcome.misfit.empty()) return text;
   if (values == 0) return "not written, as no value is carried";
