@@ -262,15 +262,14 @@ char* Reader::StartTag(char* at) {
   if (closed) ++at;
   if (*at != '>') return Stop(at);
   ++at;
-  if (closed) return builder_.Leaf(tag, 0, {}) ? at : Refuse();
-  // Most elements end right after a short text.
-  const std::size_t length = FirstStop<0x20, '<', '&', ']'>(at);
-  if (at[length] == '<' && at[length + 1] == '/' && length <= Value::kInPlace &&
-      builder_.StoresTextsAsTheyAre()) {
-    if (char* const end = PlainEnd(text, at + length + 2))
-      return builder_.Leaf(tag, length, TextWords::OfPadded(at, length)) ? end : Refuse();
-  }
-  return builder_.Start(tag) ? at : Refuse();
+  // Most elements end at once, or right after a short text.
+  const std::size_t length = closed ? 0 : FirstStop<0x20, '<', '&', ']'>(at);
+  char* end = closed ? at : nullptr;
+  if (!closed && at[length] == '<' && at[length + 1] == '/' && length <= Value::kInPlace &&
+      builder_.StoresTextsAsTheyAre())
+    end = PlainEnd(text, at + length + 2);
+  if (end == nullptr) return builder_.Start(tag) ? at : Refuse();
+  return builder_.Leaf(tag, length, TextWords::OfPadded(at, length)) ? end : Refuse();
 }
 
 [[gnu::noinline]] char* Reader::AttributeName(char* at, Place& place) {

@@ -79,27 +79,12 @@ bool XmlBuilder::LongValue(Value& value, std::string_view text) {
   return true;
 }
 
-[[gnu::always_inline]] inline bool XmlBuilder::PutAttributes(Node* node) {
-  rytesavc::Attribute* made =
-      tree_.NewAttributes(node, static_cast<std::uint32_t>(attributes_end_ - attributes_));
-  for (const rytesavc::Attribute* from = attributes_; from != attributes_end_; ++from) *made++ = *from;
-  return (!has_long_ && StoresTextsAsTheyAre()) || PutLongValues(node);
-}
-
-[[gnu::always_inline]] inline Node* XmlBuilder::NewElement(const Name* tag) {
+bool XmlBuilder::MayStart(const Name* tag) {
   const char* const problem = depth_ > Tree::kMaxDepth ? "nested deeper than 1,024 levels"
                               : tag == nullptr         ? kNoName
                               : page_ != nullptr && FindLacking(tag->view()) ? kNotInPage
                                                                              : nullptr;
-  if (problem != nullptr) return Refuse(problem), nullptr;
-  Node* const node = tree_.NewNode(tag, id_, depth_);
-  if (is_open()) {
-    if (!IsRunEmpty()) EndRun(*innermost_);
-    tree_.Append(innermost_->node, node);
-  } else {
-    top_ = node;
-  }
-  return attributes_end_ == attributes_ || PutAttributes(node) ? node : nullptr;
+  return problem == nullptr || Refuse(problem);
 }
 
 bool XmlBuilder::Start(const Name* tag) {
@@ -111,12 +96,6 @@ bool XmlBuilder::Start(const Name* tag) {
   *++innermost_ = {node, run_, escaped_, keeps_space, false};
   ++depth_;
   return true;
-}
-
-bool XmlBuilder::Leaf(const Name* tag, std::size_t length, const TextWords& text) {
-  Node* const node = NewElement(tag);
-  if (node != nullptr) node->text = Value(length, text);
-  return node != nullptr;
 }
 
 // The long values, and those that must be converted.

@@ -122,6 +122,7 @@ class XmlBuilder {
   bool OddAttribute(const Name* name, std::string_view value);
   void GrowAttributes();
   bool LongValue(Value& value, std::string_view text);
+  bool MayStart(const Name* tag);
   Node* NewElement(const Name* tag);
   bool PutAttributes(Node* node);
   bool PutLongValues(Node* node);
@@ -162,5 +163,33 @@ class XmlBuilder {
   std::array<Open, Tree::kMaxDepth + 1> open_;
   Open* innermost_ = open_.data();
 };
+
+[[gnu::always_inline]] inline bool XmlBuilder::PutAttributes(Node* node) {
+  rytesavc::Attribute* made =
+      tree_.NewAttributes(node, static_cast<std::uint32_t>(attributes_end_ - attributes_));
+  for (const rytesavc::Attribute* from = attributes_; from != attributes_end_; ++from) *made++ = *from;
+  return (!has_long_ && StoresTextsAsTheyAre()) || PutLongValues(node);
+}
+
+[[gnu::always_inline]] inline Node* XmlBuilder::NewElement(const Name* tag) {
+  const bool is_usual = depth_ <= Tree::kMaxDepth && tag != nullptr && page_ == nullptr;
+  if (!is_usual && !MayStart(tag)) [[unlikely]]
+    return nullptr;
+  Node* const node = tree_.NewNode(tag, id_, depth_);
+  if (is_open()) {
+    if (!IsRunEmpty()) EndRun(*innermost_);
+    tree_.Append(innermost_->node, node);
+  } else {
+    top_ = node;
+  }
+  return attributes_end_ == attributes_ || PutAttributes(node) ? node : nullptr;
+}
+
+[[gnu::always_inline]] inline bool XmlBuilder::Leaf(const Name* tag, std::size_t length,
+                                                    const TextWords& text) {
+  Node* const node = NewElement(tag);
+  if (node != nullptr) node->text = Value(length, text);
+  return node != nullptr;
+}
 
 }  // namespace rytesavc

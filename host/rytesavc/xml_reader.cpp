@@ -73,8 +73,8 @@ Node* ReadXml(std::string_view utf8, Tree& tree, std::uint32_t depth, const Code
 
 Tree* ReadXml(InputFile& file, const CodePage* page) {
   const auto release = [](Tree* tree) { tree->Release(); };
-  // Most trees need some times as many bytes as their files. A small one is spared many small steps.
-  std::unique_ptr<Tree, decltype(release)> tree(Tree::Create(std::min(file.size(), kFirstMemory)));
+  // Most trees need two to three times as many bytes as their files. A small one is spared many small steps.
+  std::unique_ptr<Tree, decltype(release)> tree(Tree::Create(std::min(3 * file.size(), kFirstMemory)));
   tree->root = ReadPlain(file, *tree, 1, page);
   if (tree->root != nullptr) return tree.release();
   // A new tree, so that its nodes follow each other in memory.
