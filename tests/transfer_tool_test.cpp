@@ -145,6 +145,8 @@ TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
       {"mkfifo f g; (cat s.xml >f & cat g & P f t.xml g >h; wait; rm f g h)", 0, value, ""},
       {"echo '<S' | P - t.xml -", 2, "", "standard input:1:1: unclosed token\n"},
       {"P s.xml t.xml - >/dev/full", 2, "", "standard output: cannot write: No space left on device\n"},
+      {"P s.xml t.xml r.xml --report /dev/full; s=$?; rm r.*; (exit $s)", 1, "",
+       "/dev/full: cannot write: No space"},
       {"P s.xml t.xml --dry-run", 0, "result    not written (--dry-run)\n", ""},
       {"P s.xml t.xml r.xml --strict", 3, "result    not written\n",
        "t.xml: 1 ID has no node, 1 ID stands twice in SOURCE (--strict)\n"},

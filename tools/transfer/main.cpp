@@ -47,6 +47,9 @@ int main(int count, char** words) {
     if (std::cout.flush()) return status;
     tell("cannot write to standard output");
     return 1;
+  } catch (const Unprinted& failure) {
+    tell(failure.what());
+    return 1;
   } catch (const std::exception& failure) {
     tell(failure.what());
     return 2;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "arguments.h"
+#include "failure.h"
 #include "findings.h"
 #include "progress.h"
 
@@ -19,6 +20,11 @@ struct Outcome {
   std::string misfit;  // why nothing is written although nothing failed; empty if all is well
   Pairs pairs;         // what was taken
   RYXmlWrapperBase result;
+};
+
+/// RESULT is done, and something else could not be sent to a stream.
+struct Unprinted : Failure {
+  using Failure::Failure;
 };
 
 /// Does the job in memory. Throws a Failure.

@@ -63,7 +63,11 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
   }
   signals.reset();
   progress.clear();  // a reader of what is sent may be the same terminal
-  for (auto* const file : files) {
-    if (*file) (*file)->send();
+  if (result) result->send();
+  try {
+    if (theme) theme->send();
+    if (report) report->send();
+  } catch (const Failure& failure) {
+    throw Unprinted(failure.what());
   }
 }
