@@ -23,7 +23,14 @@ need_packages() {
     dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return
-  [ "$(id -u)" -eq 0 ] || root=(sudo)
+  if [ "$(id -u)" -ne 0 ]; then
+    root=(sudo)
+    if ! command -v sudo >/dev/null; then
+      say 'Debian packages are missing, and there is no sudo to install them with. Please have this run by root:'
+      printf '    apt-get install --no-install-recommends %s\n' "${missing[*]}"
+      exit 1
+    fi
+  fi
   say "Installing missing Debian packages: ${missing[*]}"
   "${root[@]}" env apt-get -qq update
   "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y --no-install-recommends \
