@@ -305,7 +305,8 @@ class Duel {
     }
     CString name;
     for (int i = 0; real.GetPropertyAt(i, name, value) != 0; ++i)
-      ASSERT_EQ(std::pair(std::string(name), std::string(value)), twin->attributes.at(i));
+      ASSERT_EQ(std::pair(std::string(name), std::string(value)),
+                twin->attributes.at(static_cast<std::size_t>(i)));
     ASSERT_EQ(real.GetPropertyCount(), std::ssize(twin->attributes));
   }
 

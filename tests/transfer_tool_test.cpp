@@ -142,6 +142,7 @@ TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
   const Rows<const char*, int, const char*, const char*> rows = {
       {"P - t.xml - <s.xml", 0, value, "result    standard output\n"},
       {"cat t.xml | P s.xml /dev/stdin /dev/stdout", 0, value, ""},
+      {"echo kept >h; P s.xml t.xml /dev/fd/1 >>h; head -n 1 h; rm h", 0, "kept\n", ""},
       {"mkfifo f g; (cat s.xml >f & cat g & P f t.xml g >h; wait; rm f g h)", 0, value, ""},
       {"echo '<S' | P - t.xml -", 2, "", "standard input:1:1: unclosed token\n"},
       {"P s.xml t.xml - >/dev/full", 2, "", "standard output: cannot write: No space left on device\n"},

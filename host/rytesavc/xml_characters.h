@@ -25,8 +25,10 @@ inline int HexDigit(char c) {
   static constexpr auto kDigits = [] {
     std::array<signed char, 256> digits{};
     digits.fill(-1);
-    for (signed char i = 0; i < 10; ++i) digits['0' + i] = i;
-    for (signed char i = 10; i < 16; ++i) digits['A' + i - 10] = digits['a' + i - 10] = i;
+    for (const std::string_view all : {"0123456789abcdef", "0123456789ABCDEF"}) {
+      signed char value = 0;
+      for (const char digit : all) digits[static_cast<unsigned char>(digit)] = value++;
+    }
     return digits;
   }();
   return kDigits[static_cast<unsigned char>(c)];

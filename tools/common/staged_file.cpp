@@ -74,8 +74,8 @@ void StagedFile::commit() {
 
 void StagedFile::send() {
   if (content_ < 0) return;
-  const bool standard = is_standard(name_);
-  const int out = standard ? dup(STDOUT_FILENO) : open(name_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+  const int number = is_standard(name_) ? STDOUT_FILENO : descriptor_of(name_);
+  const int out = number >= 0 ? dup(number) : open(name_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
   if (out < 0) throw system_failure(name_, "cannot write", errno);
   const int error = copy_all(content_, out);
   close(out);

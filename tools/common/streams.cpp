@@ -6,9 +6,11 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 #include "failure.h"
 #include "held_signals.h"
@@ -44,10 +46,26 @@ int write_all(int to, const char* bytes, std::size_t length) {
 
 bool is_standard(const std::string& name) { return name == "-"; }
 
+int descriptor_of(const std::string& name) {
+  if (name == "/dev/stdin") return STDIN_FILENO;
+  if (name == "/dev/stdout") return STDOUT_FILENO;
+  if (name == "/dev/stderr") return STDERR_FILENO;
+  for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+    if (!name.starts_with(folder)) continue;
+    int number = -1;
+    const char* const end = name.data() + name.size();
+    const auto [stop, error] = std::from_chars(name.data() + folder.size(), end, number);
+    return error == std::errc() && stop == end ? number : -1;
+  }
+  return -1;
+}
+
+std::string output_name(const std::string& name) { return descriptor_of(name) == STDOUT_FILENO ? "-" : name; }
+
 bool is_stream(const std::string& name) {
   std::error_code error;
   const fs::file_status status = fs::status(name, error);
-  return is_standard(name) ||
+  return is_standard(name) || descriptor_of(name) >= 0 ||
          (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status));
 }
 

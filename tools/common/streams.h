@@ -8,8 +8,14 @@
 /// Whether the name is "-", which is standard input or standard output.
 bool is_standard(const std::string& name);
 
-/// Whether the name is "-", or that of something that exists and is neither a regular file nor a folder: a
-/// FIFO, a device.
+/// The descriptor that a name like "/dev/stdout" or "/dev/fd/3" stands for; -1 for any other name.
+int descriptor_of(const std::string& name);
+
+/// The name of an output: "-" for all names of standard output.
+std::string output_name(const std::string& name);
+
+/// Whether the name is "-", stands for a descriptor, or is that of something that exists and is neither a
+/// regular file nor a folder: a FIFO, a device.
 bool is_stream(const std::string& name);
 
 /// The name of an input as messages tell it: "standard input" for "-".

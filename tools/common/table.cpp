@@ -31,7 +31,8 @@ void print_rows(std::ostream& out, std::vector<Row> rows, int columns, std::size
     std::string text = "  ";
     for (std::size_t i = 0; i < row.size(); ++i) {
       if (widths[i] == 0) continue;
-      text += pad(cut && i == path ? Cell(row[i]).fit_end(widths[i]) : row[i], widths[i] + kGap);
+      text += pad(cut && i == path ? Cell(row[i]).fit_end(widths[i]) : row[i], widths[i]) +
+              std::string(kGap, ' ');
     }
     out << text.substr(0, text.find_last_not_of(' ') + 1) << '\n';
   }

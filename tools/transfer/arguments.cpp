@@ -172,12 +172,13 @@ Arguments read_arguments(int count, char** words) {
   }
   arguments.source = files[0];
   arguments.target = files[1];
-  if (files.size() > 2) arguments.result = files[2];
+  if (files.size() > 2) arguments.result = output_name(files[2]);
   if (files.size() > 3) {
-    arguments.theme = files[3];
+    arguments.theme = output_name(files[3]);
   } else if (!arguments.result.empty() && !is_stream(arguments.result)) {
     arguments.theme = fs::path(arguments.result).replace_extension(".theme.xml").string();
   }
+  arguments.report = output_name(arguments.report);
   const std::string& prefer = arguments.prefer;
   if (!prefer.empty() && prefer != "mine" && prefer != "new") throw Failure("--prefer is mine or new");
   if (!prefer.empty() && arguments.base.empty()) throw Failure("--prefer goes with --base");

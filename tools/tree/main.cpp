@@ -19,7 +19,7 @@ void finish(const Document& document, const Arguments& arguments, const Outcome&
     std::cout << outcome.text;
     return;
   }
-  const std::string target = in_place ? document.file : arguments.text("-o");
+  const std::string target = in_place ? document.file : output_name(arguments.text("-o"));
   if (writes) {
     refuse_loss(document.file, document.lost, target, arguments.has("--allow-loss"));
     save_tree(document.root, target);
