@@ -24,8 +24,8 @@ const std::string kTexts[] = {
     "<?xml\tversion='1.0'?><?xml-p?><?p a?b>?><!--\xC3\xA9--><a><?p \xC3\xA9?><!---\t- --></a>\n\r",
     "<a b='1' c=\"'>&lt;&#10;\" d = '&quot;\t\r\n\r\xE2\x82\xAC' e=\"\"><b c='x' b=\"y\"/><b f='2' /></a >",
     "<a>\n        <b>1\r\n2\r3</b>\r\n  \n<c> \r </c>\t<d>\n</d> \n</a>",
-    "<a> x <b/>&amp;&gt;&apos; ]] ] &#x41;&#000000000000000000000000000000000066;<c/> \n<!-- --> "
-    "\r<d/>\n<?p?>]</a>",
+    "<a> x <b/>&amp;&gt;&apos; ]] ] &#x41;&#000000000000000000000000000000000066;<c/> \n<!-- --> \r<d/></a>",
+    "<a>x<d/>\n<?p?>]</a>",
     "<a xml:space='preserve'> <b>\n<c/>\t<d xml:space='default'> <e/> </d></b> <!-- --> <f/>\r\n</a>",
     "<a><b> <![CDATA[ <&a;]] > \r\n]]]]></b>\r<![CDATA[]]> </a>",
     "<a x='\\41' _NodeEscape='1' y='1'>\\42<b _NodeID='-5' z='\\43'>\\</b>\\20</a>",
