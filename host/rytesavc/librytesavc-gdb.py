@@ -4,6 +4,8 @@ A handle prints as the tag of its node with the ID, the attributes, the text and
 and `print -elements`, `print -max-depth` limit; a dead one says that it is dead. Nothing in the program is called, so
 this works on a core file too.
 """
+import struct
+
 import gdb
 import gdb.printing
 
@@ -64,15 +66,25 @@ class NodePrinter:
             child, place = child["next"], place + 1
 
 
+def handle_fields(handle):
+    """Tree, node and generation. GCC tells of a class like this only in the library's own debug information: without
+    that, they are taken from their places after the address of the virtual functions."""
+    try:
+        return int(handle["tree_"]), handle["node_"], int(handle["generation_"])
+    except gdb.error:
+        tree, node, generation = struct.unpack("=8xQQI", memory(handle.address, 28))
+        return tree, gdb.Value(node).cast(gdb.lookup_type("rytesavc::Node").pointer()), generation
+
+
 class HandlePrinter:
     """A handle on a node, RYXmlWrapperBase and the classes made from it."""
 
     def __init__(self, handle):
-        node = handle["node_"]
+        tree, node, generation = handle_fields(handle)
         self.node = None
         self.state = "no node"
-        if int(handle["tree_"]) != 0 and int(node) != 0:
-            if int(handle["generation_"]) == int(node["generation"]):
+        if tree != 0 and int(node) != 0:
+            if generation == int(node["generation"]):
                 self.node = NodePrinter(node.dereference())
             else:
                 self.state = "dead: its node was removed"
