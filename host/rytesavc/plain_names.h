@@ -35,9 +35,9 @@ class KnownName {
   void Set(const char* at, const char* end, const Name* name) {
     const auto bytes = static_cast<std::size_t>(end - at);
     const bool kept = bytes <= TextWords::kBytes || bytes == name->length + kMarks;
-    length_ = kept ? bytes : 0;
-    words_ = TextWords::OfPadded(at, length_);
-    mask_ = kept ? kFirstBytes[std::min(bytes, TextWords::kBytes)] : kAll;
+    length_ = bytes;
+    mask_ = kept ? kFirstBytes[std::min(bytes, TextWords::kBytes)] : TextWords{};
+    words_ = kept ? TextWords::Load(at) & mask_ : kNever;
     name_ = name;
     quote_ = end[-1];
   }
@@ -49,15 +49,15 @@ class KnownName {
 
  private:
   static constexpr std::size_t kMarks = 2;  // the '=' and the quotation mark
-  static constexpr TextWords kAll{~Word{0}, ~Word{0}};
+  static constexpr TextWords kNever{1, 0};  // what no bytes are, if none are looked at
 
   bool IsRestAt(const char* at) const {
     return IsRestSame(name_->text(), at, name_->length) && at[length_ - 2] == '=' &&
            at[length_ - 1] == quote_;
   }
 
-  TextWords words_;  // zeros if nothing is kept: the end of the text looks like that, a name never
-  TextWords mask_ = kAll;
+  TextWords words_ = kNever;
+  TextWords mask_;
   std::size_t length_ = 0;
   const Name* name_ = nullptr;
   char quote_ = 0;

@@ -26,7 +26,10 @@ constexpr std::ptrdiff_t kLookahead = 32;
 
 template <char... kEnds>
 NameText NameAt(const char* at) {
-  const std::size_t length = NameLength<kEnds...>(at);
+  std::size_t length = FirstStop<0x21, kEnds...>(at);
+  const bool is_short = length < TextWords::kBytes && static_cast<signed char>(at[length]) >= 0;
+  if (!is_short) [[unlikely]]
+    length = NameLength<kEnds...>(at);
   return {{at, length}, TextWords::OfPadded(at, length)};
 }
 
@@ -39,32 +42,26 @@ class Reader {
  public:
   Reader(XmlInput& input, XmlBuilder& builder, std::size_t piece)
       : input_(input), builder_(builder), tree_(builder.tree()), piece_(piece) {
-    for (std::size_t i = 0; i < places_.size(); ++i) places_[i].next = &places_[(i + 1) % places_.size()];
+    last_names_.fill(known_names_.data());
   }
 
   bool Read();
 
  private:
   enum class Answer { kTaken, kMore, kRefused };
-  // A place among the attributes of a tag.
-  struct Place {
-    KnownName name;    // the last one here
-    KnownName before;  // and the one before it
-    Place* next = nullptr;
-  };
-
   bool Fill();
   void TakeTokens();
   // These read one token, or a part of one, that starts at `at`, and give the place after it. Null, with an answer, if
   // it is not complete or not accepted.
   char* Start(char* at);
   char* Outside(char* at);
-  char* Inside(char* at);
+  char* Tag(char* at);
   char* Text(char* at);
   bool IsLayout(char next) const;
   char* CData(char* at);
   char* StartTag(char* at);
-  char* AttributeName(char* at, Place& place);
+  char* ShortText(char* at, const NameText& tag, rytesavc::Value& text);
+  bool AttributeName(const char* at, KnownName& known);
   template <char kQuote>
   char* Value(char* at, const Name* name);
   template <char kQuote>
@@ -105,7 +102,15 @@ class Reader {
   std::size_t decoded_room_ = 0;
   char* decoded_end_ = nullptr;
 
-  std::array<Place, 8> places_;  // of the attributes, from the first on
+  // The names of attributes that were read before. Which one comes next is guessed from the place among the attributes of
+  // a tag, and then from the first bytes.
+  KnownName* NameNear(const char* at, std::size_t place) {
+    constexpr std::uint32_t kSpread = 0x9E3779B1;
+    const auto start = static_cast<std::uint32_t>(LoadWord(at) & 0xFFFFFF);
+    return &known_names_[(start * kSpread >> 28) ^ place];
+  }
+  std::array<KnownName, 16> known_names_;
+  std::array<KnownName*, 8> last_names_;  // at each place
 };
 
 bool Reader::Read() {
@@ -145,10 +150,16 @@ bool Reader::Fill() {
 
 void Reader::TakeTokens() {
   char* at = started_ ? at_ : Start(at_);
-  while (at != nullptr) {
+  for (; at != nullptr; at = Tag(at)) {
     at_ = at;
     decoded_end_ = decoded_.get();
-    at = builder_.is_open() ? Inside(at) : Outside(at);
+    if (!builder_.is_open()) {
+      at = Outside(at);
+    } else if (*at != '<') {
+      at = Text(at);
+    }
+    if (at == nullptr) return;
+    at_ = at;
   }
 }
 
@@ -168,25 +179,20 @@ char* Reader::Start(char* at) {
   return end_ - text.size();
 }
 
-// Before and after the top element.
+// Before and after the top element: to the next tag that may be there.
 char* Reader::Outside(char* at) {
   at = SkipBlanks(at);
   if (at == end_) {
     at_ = at;
     return Give(!last_ ? Answer::kMore : builder_.has_top() ? Answer::kTaken : Answer::kRefused);
   }
-  if (*at != '<') return Stop(at);
-  if (at[1] == '!') return Comment(at);
-  if (at[1] == '?') return Instruction(at);
-  return builder_.has_top() ? Stop(at) : StartTag(at);
+  const bool is_start = at[1] != '!' && at[1] != '?';
+  const bool may_be = is_start ? !builder_.has_top() && at[1] != '/' : at[2] != '[';
+  return *at == '<' && may_be ? at : Stop(at);
 }
 
-char* Reader::Inside(char* at) {
-  if (*at != '<') {
-    at = Text(at);
-    if (at == nullptr) return nullptr;
-    at_ = at;
-  }
+// What starts with a '<'.
+char* Reader::Tag(char* at) {
   switch (at[1]) {
     case '/':
       return EndTag(at);
@@ -235,62 +241,72 @@ char* Reader::CData(char* at) {
 // ---- Tags.
 
 char* Reader::StartTag(char* at) {
-  const NameText text = NameAt<'/', '>'>(++at);
-  at += text.view.size();
-  const std::uint32_t hash = Tree::Hash(text.view, text.words);
-  const Name* tag = tree_.FindName(text.view, text.words, hash);
+  const NameText name = NameAt<'/', '>'>(++at);
+  at += name.view.size();
+  const std::uint32_t hash = Tree::Hash(name.view, name.words);
+  const Name* tag = tree_.FindName(name.view, name.words, hash);
   if (tag == nullptr) {
     if (!EndsTagName(*at)) return Stop(at);
-    tag = tree_.InternNew(text.view, text.words, hash);
+    tag = tree_.InternNew(name.view, name.words, hash);
     if (tag == nullptr) return Refuse();
   }
   builder_.Begin();
-  for (Place* place = places_.data(); IsXmlBlank(*at); place = place->next) {
+  for (std::size_t place = 0; IsXmlBlank(*at); place = (place + 1) % last_names_.size()) {
     at = SkipBlanks(at + 1);
-    if (place->name.IsAt(at)) {
-      at += place->name.length();
-    } else {
+    KnownName* known = last_names_[place];
+    if (!known->IsAt(at)) {
       if (*at == '/' || *at == '>') break;
-      at = AttributeName(at, *place);
-      if (at == nullptr) return nullptr;
+      known = last_names_[place] = NameNear(at, place);
+      if (!known->IsAt(at) && !AttributeName(at, *known)) return nullptr;
     }
-    const Name* const name = place->name.name();
-    at = at[-1] == '"' ? Value<'"'>(at, name) : Value<'\''>(at, name);
+    at += known->length();
+    const Name* const attribute = known->name();
+    at = at[-1] == '"' ? Value<'"'>(at, attribute) : Value<'\''>(at, attribute);
     if (at == nullptr) return nullptr;
   }
   const bool closed = *at == '/';
   if (closed) ++at;
   if (*at != '>') return Stop(at);
   ++at;
-  // Most elements end at once, or right after a short text.
-  const std::size_t length = closed ? 0 : FirstStop<0x20, '<', '&', ']'>(at);
-  char* end = closed ? at : nullptr;
-  if (!closed && at[length] == '<' && at[length + 1] == '/' && length <= Value::kInPlace &&
-      builder_.StoresTextsAsTheyAre())
-    end = PlainEnd(text, at + length + 2);
+  rytesavc::Value text;
+  char* const end = closed ? at : ShortText(at, name, text);
   if (end == nullptr) return builder_.Start(tag) ? at : Refuse();
-  return builder_.Leaf(tag, length, TextWords::OfPadded(at, length)) ? end : Refuse();
+  return builder_.Leaf(tag, text) ? end : Refuse();
 }
 
-[[gnu::noinline]] char* Reader::AttributeName(char* at, Place& place) {
-  std::swap(place.name, place.before);
-  if (place.name.IsAt(at)) return at + place.name.length();
-  char* const start = at;
+// Most elements end right after a short text, often an int: gives the place after the end tag then, else null.
+[[gnu::always_inline]] inline char* Reader::ShortText(char* at, const NameText& tag, rytesavc::Value& text) {
+  int number = 0;
+  std::size_t length = PlainIntAt(at, number);
+  const bool is_int = length != 0 && at[length] == '<';
+  if (!is_int) length = FirstStop<0x20, '<', '&', ']'>(at);
+  if (at[length] != '<' || at[length + 1] != '/' || length > rytesavc::Value::kInPlace ||
+      !builder_.StoresTextsAsTheyAre())
+    return nullptr;
+  text = is_int ? rytesavc::Value(number) : rytesavc::Value(length, TextWords::OfPadded(at, length));
+  return PlainEnd(tag, at + length + 2);
+}
+
+[[gnu::noinline]] bool Reader::AttributeName(const char* at, KnownName& known) {
+  const char* const start = at;
   const NameText name = NameAt<'='>(at);
   at = SkipBlanks(at + name.view.size());
-  if (*at != '=') return Stop(at);
+  if (*at != '=') return Stop(at) != nullptr;
   at = SkipBlanks(at + 1);
-  if (*at != '"' && *at != '\'') return Stop(at);
-  ++at;
-  place.name.Set(start, at, builder_.AttributeName(name));
-  return at;
+  if (*at != '"' && *at != '\'') return Stop(at) != nullptr;
+  known.Set(start, at + 1, builder_.AttributeName(name));
+  return true;
 }
 
 template <char kQuote>
 [[gnu::always_inline]] inline char* Reader::Value(char* at, const Name* name) {
+  int number = 0;
+  const std::size_t digits = PlainIntAt(at, number);
+  if (digits != 0 && at[digits] == kQuote && builder_.ShortAttribute(name, rytesavc::Value(number)))
+    return at + digits + 1;
   const std::size_t length = FirstStop<0x20, kQuote, '&', '<'>(at);
   if (at[length] == kQuote && length <= rytesavc::Value::kInPlace &&
-      builder_.ShortAttribute(name, length, TextWords::OfPadded(at, length)))
+      builder_.ShortAttribute(name, {length, TextWords::OfPadded(at, length)}))
     return at + length + 1;
   return LongValue<kQuote>(at, name);
 }
@@ -304,7 +320,7 @@ template <char kQuote>
   if (*value.end != kQuote) return Stop(value.end);
   const std::size_t length = value.text.size();
   if (length <= rytesavc::Value::kInPlace &&
-      builder_.ShortAttribute(name, length, TextWords::OfPadded(value.text.data(), length)))
+      builder_.ShortAttribute(name, {length, TextWords::OfPadded(value.text.data(), length)}))
     return value.end + 1;
   return builder_.Attribute(name, value.text) ? value.end + 1 : Refuse();
 }
@@ -360,15 +376,6 @@ char* Reader::Instruction(char* at) {
 }
 
 }  // namespace
-
-char* SkipBeyondAscii(char* at) {
-  do {
-    const std::size_t character = CharacterLength({at, kPadding});
-    if (character == 0) return at;
-    at += character;
-  } while (static_cast<signed char>(*at) < 0);
-  return at;
-}
 
 bool ReadPlain(XmlInput& input, XmlBuilder& builder, std::size_t piece) {
   return Reader(input, builder, piece).Read();

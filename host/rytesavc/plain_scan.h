@@ -32,6 +32,27 @@ inline std::size_t FirstStop(const char* at) {
   return static_cast<std::size_t>(
       std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(stops)) | 0x10000U));
 }
+
+// How many of the next 16 bytes are whole characters before the first stop or control character. Rare ones end it too:
+// those whose first byte does not let every byte from 0x80 to 0xBF come next, and those of four bytes.
+template <char... kStops>
+inline std::size_t CommonLength(const char* at) {
+  const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+  const auto bits = [](__m128i marks) { return static_cast<unsigned>(_mm_movemask_epi8(marks)); };
+  const auto below = [&](int byte) { return _mm_cmplt_epi8(bytes, _mm_set1_epi8(static_cast<char>(byte))); };
+  const auto same = [&](int byte) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(byte))); };
+  const unsigned beyond = bits(bytes);
+  const unsigned next = bits(below(0xC0));  // the second and third bytes of characters
+  const unsigned first = beyond & ~next;
+  const unsigned first_of_three = first & ~bits(below(0xE0));
+  const unsigned rare = first & (bits(below(0xC2) | same(0xE0) | same(0xED)) | ~bits(below(0xEF)));
+  const unsigned stops = bits(below(0x20) | (same(kStops) | ...)) & ~beyond;
+  const unsigned second = first << 1;
+  const unsigned third = first_of_three << 2;
+  const auto end = static_cast<std::size_t>(
+      std::countr_zero(((next ^ (second | third)) & 0xFFFFU) | rare | stops | 0x10000U));
+  return end - (second >> end & 1) - 2 * (third >> end & 1);
+}
 #else
 // Marks such bytes by their high bits. Only the lowest mark can be relied on: a byte too small for what is
 // subtracted from it borrows from the next one.
@@ -47,10 +68,28 @@ inline std::size_t FirstStop(const char* at) {
   const Word high = MarkStops<kLeast, kStops...>(LoadWord(at + sizeof(Word)));
   return static_cast<std::size_t>(low != 0 ? std::countr_zero(low) : 64 + std::countr_zero(high)) / 8;
 }
+
+// Here, all beyond ASCII are rare.
+template <char... kStops>
+inline std::size_t CommonLength(const char* at) {
+  return FirstStop<0x20, kStops...>(at);
+}
 #endif
 
-// Past the characters beyond ASCII that start at `at`: gives the first byte that belongs to none.
-char* SkipBeyondAscii(char* at);
+// Skip, for text that is not all ASCII.
+template <char... kStops>
+[[gnu::noinline]] char* SkipMixed(char* at) {
+  constexpr std::size_t kLongestCommon = 3;
+  for (;;) {
+    const std::size_t common = CommonLength<kStops...>(at);
+    at += common;
+    if (common > TextWords::kBytes - kLongestCommon) continue;
+    if (static_cast<signed char>(*at) >= 0) return at;
+    const std::size_t rare = CharacterLength({at, kPadding});
+    if (rare == 0) return at;
+    at += rare;
+  }
+}
 
 // Gives the first byte that is a stop, a control character (which most white space is) or part of no
 // character.
@@ -59,14 +98,12 @@ inline char* Skip(char* at) {
   for (;;) {
     const std::size_t length = FirstStop<0x20, kStops...>(at);
     at += length;
-    if (length == TextWords::kBytes) continue;
-    if (static_cast<signed char>(*at) >= 0) return at;
-    at = SkipBeyondAscii(at);
-    if (static_cast<signed char>(*at) < 0) return at;
+    if (length < TextWords::kBytes) return static_cast<signed char>(*at) >= 0 ? at : SkipMixed<kStops...>(at);
   }
 }
 
-inline char* SkipBlanks(char* at) {
+template <class Char>
+inline Char* SkipBlanks(Char* at) {
   while (IsXmlBlank(*at)) ++at;
   return at;
 }

@@ -74,7 +74,7 @@ DecodedText DecodeAs(const char* text, char* from, char* const start) {
       *to++ = kIsValue ? ' ' : *from == '\r' ? '\n' : *from;
       from += from[0] == '\r' && from[1] == '\n' ? 2 : 1;
     } else if (static_cast<signed char>(*from) < 0) {
-      char* const end = SkipBeyondAscii(from);
+      char* const end = SkipMixed<kStops...>(from);
       if (end == from) break;
       to = CopyStretch(from, end, to);
       from = end;

@@ -73,19 +73,19 @@ class XmlBuilder {
   // The name is what AttributeName gave.
   bool Attribute(const Name* name, std::string_view value);
   // The same for the simplest and most common attributes: false if it must be done by the other.
-  [[gnu::always_inline]] bool ShortAttribute(const Name* name, std::size_t length, const TextWords& value) {
+  [[gnu::always_inline]] bool ShortAttribute(const Name* name, const Value& value) {
     if (name->stamp >= stamp_ || attributes_end_ == room_end_) [[unlikely]]
       return false;
     name->stamp = stamp_;
     rytesavc::Attribute* const attribute = attributes_end_++;
     attribute->name = name;
-    attribute->value = Value(length, value);
+    attribute->value = value;
     return true;
   }
   // A tag of null is not a name.
   bool Start(const Name* tag);
   // The whole of an element that has only a short text, which must be stored as it is if it is not empty.
-  bool Leaf(const Name* tag, std::size_t length, const TextWords& text);
+  bool Leaf(const Name* tag, const Value& text);
   bool StoresTextsAsTheyAre() const { return !escaped_ && page_ == nullptr; }
   bool End() {
     Open& element = *innermost_--;
@@ -185,10 +185,9 @@ class XmlBuilder {
   return attributes_end_ == attributes_ || PutAttributes(node) ? node : nullptr;
 }
 
-[[gnu::always_inline]] inline bool XmlBuilder::Leaf(const Name* tag, std::size_t length,
-                                                    const TextWords& text) {
+[[gnu::always_inline]] inline bool XmlBuilder::Leaf(const Name* tag, const Value& text) {
   Node* const node = NewElement(tag);
-  if (node != nullptr) node->text = Value(length, text);
+  if (node != nullptr) node->text = text;
   return node != nullptr;
 }
 
