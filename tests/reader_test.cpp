@@ -78,6 +78,27 @@ TEST(PlainReader, TakesNothingThatExpatRefuses) {
   }
 }
 
+// The first and last characters of each length, and bytes that are no characters, after up to 20 bytes of others.
+TEST(PlainReader, ChecksCharactersWhereverTheyAre) {
+  std::istringstream all(
+      "x \xC2\x80 \xDF\xBF \xE0\xA0\x80 \xE1\x80\x80 \xEC\xBF\xBF \xED\x9F\xBF \xEE\xBF\xBF \xEF\xBF\xBD "
+      "\xF0\x90\x80\x80 \xF4\x8F\xBF\xBF \x80 \xBF\x80 \xC1\xBF \xC3 \xC3\xC3\xA9 \xC3\xA9\xA9 \xE0\x9F\xBF "
+      "\xE1\x80 "
+      "\xE1\xC3\xA9 \xE1\x80\xC3\xA9 \xE1\x80\x80\x80 \xED\xA0\x80 \xEF\xBF\xBE \xF0\x8F\xBF\xBF "
+      "\xF4\x90\x80\x80 \xFF");
+  for (std::string character; all >> character;) {
+    for (int before = 0; before <= 20; ++before) {
+      std::string text(before % 2, 'x');
+      for (int i = 0; i < before / 2; ++i) text += "\xD1\x8F";
+      text += character + "\xD1\x8F";
+      for (const std::string& xml :
+           {"<a b='" + text + "'/>", "<a>" + text + "</a>", "<a>&lt;" + text + "<b/></a>",
+            "<a><![CDATA[" + text + "]]></a>", "<a><!--" + text + "--></a>"})
+        EXPECT_EQ(plain_reading(xml, xml.size()), expat_reading(xml, true)) << xml;
+    }
+  }
+}
+
 TEST(PlainReader, LeavesTheRestToExpat) {
   std::istringstream texts(R"(
     <a>
