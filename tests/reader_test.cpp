@@ -104,6 +104,8 @@ TEST(PlainReader, LeavesTheRestToExpat) {
     <a>
     <a/><a/>
     <a/>x
+    <![CDATA[x]]><a/>
+    <a/><![CDATA[]]>
     <a b='1' b='2'/>
     <a _NodeID='1' _NodeID='1'/>
     <_NodeID/>
