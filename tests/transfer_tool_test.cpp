@@ -13,15 +13,14 @@ TEST_F(TransferTool, ValuesThemeMarksAndReport) {
         R"(<S><A DataID="1">für 日本</A>
 <B DataID="2" Use="1"><C DataID="3" Auto="1|Auto|1" DynaUseChck="0">7</C></B>
 <D DataID="1">no</D><E RepeatID="128"><F DataID="4">abcdefghijklmnopqrstuvwxyz</F><G DataID="5"/></E>
-<H Name="n" Label="l"/><I DataID="9">9</I><J DataID="10">j\&#9;</J></S>)");
+<H Name="n" Label="l">h</H><I DataID="9">9</I><J DataID="10">j\&#9;</J><L DataID="9x">b</L><M RepeatID="-3" DataID="-2"/></S>)");
   write("target.xml", R"(<T><A1 DataID="1" OldValue="o">alt</A1><X DataID="2"><C DataID="3" Auto="0">6</C></X>
 <Y DataID="6" OldValue="o">y</Y><Z RepeatID="128"><F DataID="4">空</F><F DataID="5">a&#10;b</F></Z>
 <K DataID="9" ThemeApplicability="65536">k</K></T>)");
   ASSERT_EQ(run("source.xml target.xml result.xml --report r.tsv"), 0) << err;
   EXPECT_EQ(err, "");
-  EXPECT_EQ(out, R"(source    source.xml: 10 nodes, 8 values harvested
-target    target.xml: 8 nodes, 6 matched
-warning   Missing DataID for Node with Name = , Label = 
+  EXPECT_EQ(out, R"(source    source.xml: 13 nodes, 8 values harvested
+target    target.xml: 9 nodes, 6 matched
 changed   4 nodes (marked with OldValue), 3 attributes
   node               ID              old value  new value
   T.A1               1               alt        für 日本
@@ -39,6 +38,11 @@ no value  1 node of the target with an ID
   T.Y  6  y
 duplicate 1 value left out, as the ID came before
   S.D  1  no  the first value of this ID is used
+no ID     1 value of source.xml without DataID, not carried
+  S.H  h
+bad ID    2 IDs of no use in source.xml
+  S.L  9x  b        source.xml: not a number from 0 to 2147483647
+  S.M  -2  (empty)  source.xml: not a number from 0 to 2147483647
 theme     result.theme.xml: 8 values, read back and equal
 result    result.xml
 report    r.tsv
@@ -55,7 +59,10 @@ report    r.tsv
             "applied\t5 (repeat 128)\tT.Z.F\ta\\nb\t\t\n"
             "kept\t9\tT.K\tk\t9\tThemeApplicability\n"
             "duplicate\t1\tS.D\t\tno\tthe first value of this ID is used\n"
-            "no-node\t10\tS.J\t\tj\\\\\\t\t\n");
+            "no-node\t10\tS.J\t\tj\\\\\\t\t\n"
+            "no-id\t\tS.H\t\th\t\n"
+            "bad-id\t9x\tS.L\t\tb\tsource.xml: not a number from 0 to 2147483647\n"
+            "bad-id\t-2\tS.M\t\t\tsource.xml: not a number from 0 to 2147483647\n");
   EXPECT_EQ(tree("result.xml") + '\n' + tree("result.theme.xml"),
             R"(<T><A1 DataID="1" OldValue="alt">für 日本</A1><X DataID="2" Use="1"><C DataID="3" )"
             R"(Auto="1|Auto|1" DynaUseChck="0" OldValue="6">7</C></X><Y DataID="6">y</Y>)"
@@ -75,7 +82,7 @@ TEST_F(TransferTool, Options) {
           <T><A Id="2" n="x y">b</A><C><A Id="1" n="7" OldValue="a">new</A><A n="7">d</A></C></T>
       --id-attribute Id --no-marks s.xml t.xml r.xml | changed   1 node, 0 attributes | \
           <T><A Id="2" n="x y">b</A><C><A Id="1" n="7">new</A><A n="7" OldValue="o">d</A></C></T>
-      --id-attribute n s.xml t.xml r.xml | warning   1 ID is that of several nodes, which all get its value | \
+      --id-attribute n s.xml t.xml r.xml | warning   1 ID is that of several nodes, which all get its value: 7 | \
           <T><A Id="2" n="x y" OldValue="b">new</A>\
           <C><A Id="1" n="7" OldValue="a">b</A><A n="7" OldValue="d">b</A></C></T>
       s.xml t.xml --id-attribute Id t.xml folder/theme.xml | theme     folder/theme.xml: 1 value, read back | -
@@ -101,11 +108,13 @@ TEST_F(TransferTool, ThreeWays) {
   write("base.xml", leaves("aaaaa"));
   write("s.xml", leaves("abbbac"));
   write("t.xml", leaves("bacbx"));
+  write("u.xml", leaves("ab"));
   for (const auto& [arguments, status, values, conflicts] : rows<4>(R"(
       t.xml r.xml | 0 | bbbbx |   T.V  3  c  b  old default a; mine taken
       t.xml r.xml --prefer mine --no-marks | 0 | bbbbx | 1 value changed by both sides, mine taken
       t.xml r.xml --prefer new --report - | 0 | bbcbx | old default a; new taken
-      t.xml r.xml --strict | 3 | - | 1 value changed by both sides, mine taken)")) {
+      t.xml r.xml --strict | 3 | - | 1 value changed by both sides, mine taken
+      u.xml r.xml --report - | 0 | ab | default\t5\tS.V\t\ta\tno node of the target has this ID)")) {
     EXPECT_EQ(run("--base base.xml s.xml " + arguments), std::stoi(status)) << arguments << err;
     EXPECT_NE(out.find(conflicts), std::string::npos) << arguments << out;
     if (status != "0") continue;
@@ -150,9 +159,14 @@ TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
        "/dev/full: cannot write: No space"},
       {"P s.xml t.xml --dry-run", 0, "result    not written (--dry-run)\n", ""},
       {"P s.xml t.xml r.xml --strict", 3, "result    not written\n",
-       "t.xml: 1 ID has no node, 1 ID stands twice in SOURCE (--strict)\n"},
-      {"P s.xml u.xml r.xml", 3, "",
-       "u.xml: no node has an ID of s.xml (--allow-no-match writes all the same)\n"}};
+       "--strict: 1 ID of s.xml without a node in t.xml: 2; 1 value of s.xml with an ID that came before: "
+       "2\n"},
+      {"echo '<S>x<A DataID=\"1\"/><A/><C DataID=\"\">c</C><E RepeatID=\"x\">e</E></S>' | P - t.xml --strict "
+       "--dry-run",
+       3, "",
+       "--strict: 1 value of standard input without an ID: S.E; 2 IDs of no use in standard input: S.C, "
+       "S.E\n"},
+      {"P s.xml u.xml r.xml", 3, "", "u.xml: no node has an ID of s.xml (--allow-no-match takes that)\n"}};
   for (const auto& [command, status, printed, told] : rows) {
     EXPECT_EQ(shell(std::string("P() { \"$PROGRAM\" \"$@\"; }; ") + command), status) << command << err;
     EXPECT_NE(out.find(printed), std::string::npos) << command << out;
@@ -173,7 +187,7 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml target.xml r.xml t.xml more | unexpected argument 'more', try --help
       lost.xml target.xml r.xml | lost.xml: cannot read: No such file or directory
       none.xml target.xml r.xml | \
-          none.xml: no value to take, as no node has an int attribute 'DataID' \
+          none.xml: no value to take: no node has both a value and an int attribute 'DataID' \
           (--id-attribute NAME takes another)
       good.xml conflict.xml r.xml | \
           conflict.xml: Repeat ID conflict for Node with Name = C, Label = c\nd, Repeat ID = 3

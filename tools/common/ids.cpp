@@ -1,6 +1,9 @@
 #include "ids.h"
 
+#include <rytree_Utils/extras.h>
+
 #include <limits>
+#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -15,6 +18,23 @@ void visit_nodes(const RYXmlWrapperBase& root, const Visit& visit) {
 // A leaf whose ID has this bit is stored as a branch, which the numbers of words avoid.
 constexpr unsigned kBranchBit = 0x200000;
 constexpr unsigned kWidest = 0xFFFF;  // what a repeat number can be joined with
+
+/// What is wrong with the RepeatID of a node, or with joining it to what is in force above; "" if nothing.
+std::string repeat_fault(RYXmlWrapperBase& node, int& id, int& child_repeat, int repeat) {
+  constexpr int kMost = 32766;
+  const std::string own = rytree::attribute_of(node, "RepeatID").value_or("");
+  const std::string shown = "RepeatID '" + own + "' ";
+  switch (rytree_combine_treenode_id_with_repeat_id(&node, &id, &child_repeat, repeat)) {
+    case -1:
+      return "above 65535, where a RepeatID is in force";
+    case -2:
+      return shown + "cannot be joined with " + std::to_string(repeat) + " above it";
+    default:
+      break;
+  }
+  const std::optional<int> number = rytree::int_attribute_of(node, "RepeatID");
+  return own.empty() || (number && *number <= kMost) ? "" : shown + "is not a number from 1 to 32766";
+}
 
 }  // namespace
 
@@ -60,6 +80,33 @@ void Ids::number(const std::vector<RYXmlWrapperBase>& trees) {
         node.SetPropertyValue(attribute_.c_str(), number_of(std::string(word.View())));
     });
   }
+}
+
+std::vector<BadId> Ids::bad_ones(const RYXmlWrapperBase& tree) const {
+  const RYPropertyName name(shown_attribute());
+  const RYPropertyName number(attribute());
+  const RYPropertyName repeat_name("RepeatID");
+  std::vector<BadId> bad;
+  const auto walk = [&](const auto& self, const RYXmlWrapperBase& parent, int repeat) -> void {
+    RYXmlWrapperBase child;
+    for (parent.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) {
+      int id = -1;
+      const bool is_number = child.GetPropertyValue(number, id) != 0;
+      const bool is_usable = is_number ? id >= -1 : child.HasProperty(name) == 0;
+      int child_repeat = repeat;
+      std::string reason;
+      if (repeat > 0 || child.HasProperty(repeat_name) != 0)
+        reason = repeat_fault(child, id, child_repeat, repeat);
+      if (!is_usable || !reason.empty()) {
+        const std::string text = rytree::attribute_of(child, shown_attribute()).value_or("");
+        if (!is_usable) reason = text.empty() ? "empty" : "not a number from 0 to 2147483647";
+        bad.push_back({child, text, reason});
+      }
+      self(self, child, child_repeat);
+    }
+  };
+  walk(walk, tree, 0);
+  return bad;
 }
 
 void Ids::remove_numbers(const RYXmlWrapperBase& tree) const {

@@ -23,6 +23,13 @@ void visit_ids(const RYXmlWrapperBase& parent, const char* attribute, const Visi
   }
 }
 
+/// A node whose ID, or RepeatID, is not as it should be.
+struct BadId {
+  RYXmlWrapperBase node;
+  std::string id;  // as it is written
+  std::string reason;
+};
+
 /// The library takes IDs that are numbers. Where the attribute holds other texts, each distinct text gets a
 /// number for the run, in an attribute of its own that the nodes have meanwhile.
 class Ids {
@@ -35,7 +42,13 @@ class Ids {
   /// Removes the numbers from a tree.
   void remove_numbers(const RYXmlWrapperBase& tree) const;
 
+  /// The nodes below the root whose attribute holds no usable ID, in document order. Those without the attribute,
+  /// or with "-1" in it, have none and are not among them.
+  std::vector<BadId> bad_ones(const RYXmlWrapperBase& tree) const;
+
   bool are_words() const { return !words_.empty(); }
+  /// The attribute as the user named it.
+  const char* shown_attribute() const { return name_.empty() ? "DataID" : name_.c_str(); }
   /// The attribute that holds the numbers.
   const char* attribute() const { return attribute_.c_str(); }
   /// The same as the library takes it: null for its default.

@@ -6,5 +6,8 @@
 
 #include <string>
 
+/// The tags from the root down to the node, joined by full stops.
+std::string path_of(RYXmlWrapperBase node);
+
 /// Gives the node this text.
 void set_value(RYXmlWrapperBase& node, const std::string& text);

@@ -1,7 +1,5 @@
 #include "base.h"
 
-#include <utility>
-
 namespace {
 
 using Values = std::unordered_map<int, std::string>;
@@ -19,12 +17,11 @@ Values values_of(RYXmlWrapperBase tree, const Ids& ids) {
 }  // namespace
 
 Settled settle(const RYXmlWrapperBase& base, const RYXmlWrapperBase& target, const Ids& ids, bool prefer_new,
-               Pairs& pairs) {
+               const Pairs& pairs) {
   const Values bases = values_of(base, ids);
   const Values targets = values_of(target, ids);
   Settled settled;
   std::unordered_map<int, bool> taken;
-  Pairs left;
   for (int i = 0; i < pairs.ids.GetSize(); ++i) {
     const int id = pairs.ids[i];
     const auto [decision, is_first] = taken.try_emplace(id, true);
@@ -41,9 +38,8 @@ Settled settle(const RYXmlWrapperBase& base, const RYXmlWrapperBase& target, con
       }
     }
     if (!decision->second) continue;
-    left.ids.Add(id);
-    left.values.Add(pairs.values[i]);
+    settled.carried.ids.Add(id);
+    settled.carried.values.Add(pairs.values[i]);
   }
-  pairs = std::move(left);
   return settled;
 }

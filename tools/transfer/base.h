@@ -5,8 +5,8 @@
 
 #include "findings.h"
 
-/// Takes out of `pairs` what the user never changed, so that better defaults of TARGET come through, and with
-/// `prefer_new` also what user and TARGET changed both, and tells what it found. The first entry of an ID
-/// decides for all of them.
+/// Takes out of the harvested `pairs` what the user never changed, so that better defaults of TARGET come through,
+/// and with `prefer_new` also what user and TARGET changed both, and tells what it found and what is left. The
+/// first entry of an ID decides for all of them.
 Settled settle(const RYXmlWrapperBase& base, const RYXmlWrapperBase& target, const Ids& ids, bool prefer_new,
-               Pairs& pairs);
+               const Pairs& pairs);

@@ -6,48 +6,63 @@
 
 #include "columns.h"
 #include "nodes.h"
+#include "streams.h"
 
 namespace {
 
 constexpr const char* kThemeRule = "ThemeApplicability";
 
-std::string path_of(RYXmlWrapperBase node) {
-  CString path;
-  VCTreeGetPathStr(path, &node);
-  return std::string(path.View());
+constexpr unsigned kUsesData = 0x100000;
+
+/// Whether a branch is one value, so that nothing below it is harvested.
+bool is_one_value(const RYXmlWrapperBase& branch) {
+  return (static_cast<unsigned>(rytree::int_attribute_of(branch, kThemeRule).value_or(0)) & kUsesData) != 0;
 }
 
 /// The value that a harvest reads: the text of a leaf, an attribute of a branch.
 std::optional<std::string> own_value(const RYXmlWrapperBase& node) {
   if (node.GetNodeCount() == 0) return rytree::text_of(node);
-  const auto use = rytree::attribute_of(node, "Use");
-  return use ? use : rytree::attribute_of(node, "Data");
+  return rytree::attribute_of(node, is_one_value(node) ? "Data" : "Use");
+}
+
+/// Calls `visit` with each node that has a value and no ID, in the branches that a harvest reads.
+template <class Visit>
+void visit_values_without_id(const RYXmlWrapperBase& parent, const RYPropertyName& attribute,
+                             const Visit& visit) {
+  RYXmlWrapperBase child;
+  for (parent.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) {
+    int id = -1;
+    child.GetPropertyValue(attribute, id);
+    if (id == -1 && !own_value(child).value_or("").empty()) visit(child);
+    if (child.GetNodeCount() > 0 && !is_one_value(child)) visit_values_without_id(child, attribute, visit);
+  }
 }
 
 class Search {
  public:
-  Search(const Ids& ids, const Pairs& pairs, const Settled& settled, bool with_unchanged)
+  Search(const Ids& ids, const Pairs& harvested, const Settled& settled, bool with_unchanged)
       : ids_(ids), settled_(settled), with_unchanged_(with_unchanged) {
-    for (const int id : pairs.ids) ++entries_[id];
+    for (const int id : harvested.ids) ++entries_[id];
   }
 
-  void look_at_target(const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
-                      const RYXmlWrapperBase& unruled);
-  void look_at_source(const RYXmlWrapperBase& source, const Pairs& pairs);
+  void look_at_target(const Trees& trees);
+  void look_at_source(const RYXmlWrapperBase& source, const Pairs& harvested);
+  void look_at_ids(const RYXmlWrapperBase& tree, const std::string& file);
 
   Findings found;
 
  private:
-  void add(Fate fate, int id, std::string path, std::optional<std::string> old_value,
+  void add(Fate fate, std::string id, std::string path, std::optional<std::string> old_value,
            std::optional<std::string> new_value, std::string note = "") {
     ++found.counts[static_cast<std::size_t>(fate)];
     if (fate != Fate::kUnchanged || with_unchanged_)
-      found.list.push_back(
-          {fate, id, std::move(path), std::move(old_value), std::move(new_value), std::move(note), row_});
+      found.list.push_back({fate, std::move(id), std::move(path), std::move(old_value), std::move(new_value),
+                            std::move(note), row_});
   }
   void look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
                     const RYXmlWrapperBase& unruled);
-  int compare(Fate fate, int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after);
+  int compare(Fate fate, const std::string& id, const std::string& note, const RYXmlWrapperBase& before,
+              const RYXmlWrapperBase& after);
 
   const Ids& ids_;
   const Settled& settled_;
@@ -58,21 +73,20 @@ class Search {
 };
 
 /// Adds a finding for each difference of two nodes and gives their number.
-int Search::compare(Fate fate, int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after) {
+int Search::compare(Fate fate, const std::string& id, const std::string& note, const RYXmlWrapperBase& before,
+                    const RYXmlWrapperBase& after) {
   int differences = 0;
-  const bool applied = fate == Fate::kApplied;
-  const std::string note = applied ? nodes_[id] > 1 ? "several nodes have this ID" : "" : kThemeRule;
   if (std::string old_value = rytree::text_of(before), new_value = rytree::text_of(after);
       old_value != new_value) {
     ++differences;
-    found.changed_nodes += applied ? 1 : 0;
+    found.changed_nodes += fate == Fate::kApplied ? 1 : 0;
     add(fate, id, path_of(after), std::move(old_value), std::move(new_value), note);
   }
   for (const auto& [name, new_value] : rytree::attributes_of(after)) {
     std::optional<std::string> old_value = rytree::attribute_of(before, name.c_str());
     if (name == kThemeRule || old_value == new_value) continue;
     ++differences;
-    found.changed_attributes += applied ? 1 : 0;
+    found.changed_attributes += fate == Fate::kApplied ? 1 : 0;
     add(fate, id, path_of(after) + '@' + name, std::move(old_value), new_value, note);
   }
   return differences;
@@ -80,43 +94,49 @@ int Search::compare(Fate fate, int id, const RYXmlWrapperBase& before, const RYX
 
 void Search::look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
                           const RYXmlWrapperBase& unruled) {
-  if (const auto conflict = settled_.conflicts.find(id); conflict != settled_.conflicts.end()) {
+  if (!entries_.contains(id)) {
+    if (own_value(after))
+      add(Fate::kNoValue, ids_.text(id), path_of(after), own_value(after), own_value(after));
+    return;
+  }
+  const std::string shown_id = ids_.text(id);
+  if (settled_.defaults.contains(id))
+    return add(Fate::kDefault, shown_id, path_of(after), own_value(before), own_value(before));
+  const auto conflict = settled_.conflicts.find(id);
+  const bool in_conflict = conflict != settled_.conflicts.end();
+  std::string note = nodes_[id] > 1 ? "several nodes have this ID" : "";
+  if (in_conflict) {
     const auto& [base, mine, mine_taken] = conflict->second;
-    add(Fate::kConflict, id, path_of(after), own_value(before), mine,
-        "old default " + base + "; " + (mine_taken ? "mine" : "new") + " taken");
-  } else if (settled_.defaults.contains(id)) {
-    add(Fate::kDefault, id, path_of(after), own_value(before), own_value(before));
+    note = "old default " + base + "; " + (mine_taken ? "mine" : "new") + " taken";
+    if (!mine_taken) return add(Fate::kConflict, shown_id, path_of(after), own_value(before), mine, note);
   }
-  const bool settled = settled_.defaults.contains(id) || settled_.conflicts.contains(id);
-  if (entries_.contains(id)) {
-    int differences = compare(Fate::kApplied, id, before, after);
-    if (unruled.IsNodeValid() != 0) differences += compare(Fate::kKept, id, after, unruled);
-    if (differences == 0)
-      add(Fate::kUnchanged, id, with_unchanged_ ? path_of(after) : "", own_value(after), own_value(after));
-  } else if (!settled && own_value(after)) {
-    add(Fate::kNoValue, id, path_of(after), own_value(after), own_value(after));
-  }
+  int differences = compare(in_conflict ? Fate::kConflict : Fate::kApplied, shown_id, note, before, after);
+  if (unruled.IsNodeValid() != 0) differences += compare(Fate::kKept, shown_id, kThemeRule, after, unruled);
+  if (differences == 0)
+    add(Fate::kUnchanged, shown_id, with_unchanged_ ? path_of(after) : "", own_value(after),
+        own_value(after));
 }
 
-void Search::look_at_target(const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
-                            const RYXmlWrapperBase& unruled) {
+void Search::look_at_target(const Trees& trees) {
+  const RYXmlWrapperBase& after = trees.after;
+  found.target_nodes = after.GetTreeSize();
   visit_ids(after, ids_.attribute(), [&](const RYXmlWrapperBase&, int id) {
-    ++found.target_nodes;
-    if (id >= 0 && ++nodes_[id] == 2 && entries_.contains(id)) ++found.shared_ids;
+    const bool shared = id >= 0 && ++nodes_[id] == 2 && entries_.contains(id);
+    if (shared && !settled_.defaults.contains(id)) found.shared_ids.push_back(ids_.text(id));
   });
-  RYXmlWrapperBase old_node(before);
-  RYXmlWrapperBase free_node(unruled);
+  RYXmlWrapperBase old_node(trees.before);
+  RYXmlWrapperBase free_node(trees.unruled);
   visit_ids(after, ids_.attribute(), [&](const RYXmlWrapperBase& node, int id) {
     ++row_;
-    old_node.NextBelow(old_node, before);
-    if (free_node.IsNodeValid() != 0) free_node.NextBelow(free_node, unruled);
+    old_node.NextBelow(old_node, trees.before);
+    if (free_node.IsNodeValid() != 0) free_node.NextBelow(free_node, trees.unruled);
     if (id >= 0) look_at_node(id, old_node, node, free_node);
   });
   row_ = -1;
 }
 
-/// What of the source has no node in the target, or comes a second time.
-void Search::look_at_source(const RYXmlWrapperBase& source, const Pairs& pairs) {
+/// What of the source has no node in the target, comes a second time, or has no ID.
+void Search::look_at_source(const RYXmlWrapperBase& source, const Pairs& harvested) {
   std::unordered_map<int, std::vector<std::string>> paths;  // of the IDs that are told here
   visit_ids(source, ids_.attribute(), [&](const RYXmlWrapperBase& node, int id) {
     const auto entries = entries_.find(id);
@@ -124,30 +144,66 @@ void Search::look_at_source(const RYXmlWrapperBase& source, const Pairs& pairs) 
     if (own_value(node)) paths[id].push_back(path_of(node));
   });
   std::unordered_map<int, std::size_t> seen;
-  for (int i = 0; i < pairs.ids.GetSize(); ++i) {
-    const int id = pairs.ids[i];
+  for (int i = 0; i < harvested.ids.GetSize(); ++i) {
+    const int id = harvested.ids[i];
     const std::size_t place = seen[id]++;
-    if (place == 0 && nodes_.contains(id)) continue;
+    if (id < 0 || (place == 0 && nodes_.contains(id))) continue;  // no ID is below 0, which is told elsewhere
     const std::vector<std::string>& known = paths[id];
-    add(place == 0 ? Fate::kNoNode : Fate::kDuplicate, id, place < known.size() ? known[place] : "",
-        std::nullopt, std::string(pairs.values[i].View()),
-        place == 0 ? "" : "the first value of this ID is used");
+    const bool is_default = settled_.defaults.contains(id);
+    const Fate fate = place > 0 ? Fate::kDuplicate : is_default ? Fate::kDefault : Fate::kNoNode;
+    const char* const note = place > 0    ? "the first value of this ID is used"
+                             : is_default ? "no node of the target has this ID"
+                                          : "";
+    add(fate, ids_.text(id), place < known.size() ? known[place] : "", std::nullopt,
+        std::string(harvested.values[i].View()), note);
   }
+  visit_values_without_id(source, RYPropertyName(ids_.attribute()), [&](const RYXmlWrapperBase& node) {
+    if (rytree::attribute_of(node, ids_.shown_attribute()).value_or("-1") == "-1")
+      add(Fate::kNoId, "", path_of(node), std::nullopt, own_value(node));
+  });
+}
+
+/// The IDs that are none.
+void Search::look_at_ids(const RYXmlWrapperBase& tree, const std::string& file) {
+  const std::vector<BadId> all = ids_.bad_ones(tree);
+  if (!all.empty()) found.files_with_bad_ids.push_back(shown_input(file));
+  for (const BadId& bad : all)
+    add(Fate::kBadId, bad.id, path_of(bad.node), std::nullopt, own_value(bad.node),
+        shown_input(file) + ": " + bad.reason);
 }
 
 }  // namespace
 
 const char* name_of(Fate fate) {
   constexpr std::array<const char*, kFates> kNames = {"applied",  "unchanged", "kept",     "default",
-                                                      "conflict", "no-node",   "no-value", "duplicate"};
+                                                      "conflict", "no-node",   "no-value", "duplicate",
+                                                      "no-id",    "bad-id"};
   return kNames[static_cast<std::size_t>(fate)];
 }
 
-Findings find_out(const Ids& ids, const Pairs& pairs, const Settled& settled, const RYXmlWrapperBase& source,
-                  const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
-                  const RYXmlWrapperBase& unruled, bool with_unchanged) {
-  Search search(ids, pairs, settled, with_unchanged);
-  search.look_at_target(before, after, unruled);
-  search.look_at_source(source, pairs);
+std::string first_of(const std::vector<std::string>& texts) {
+  constexpr std::size_t kExamples = 4;
+  std::string text;
+  for (std::size_t i = 0; i < texts.size() && i <= kExamples; ++i)
+    text += (i == 0 ? "" : ", ") + (i < kExamples ? texts[i] : "…");
+  return text;
+}
+
+std::string Findings::examples(Fate fate) const {
+  std::vector<std::string> texts;
+  for (const Finding& finding : list) {
+    if (finding.fate == fate) texts.push_back(finding.id.empty() ? finding.path : finding.id);
+  }
+  return first_of(texts);
+}
+
+Findings find_out(const Ids& ids, const Pairs& harvested, const Settled& settled, const Trees& trees,
+                  const Arguments& arguments) {
+  Search search(ids, harvested, settled, !arguments.report.empty());
+  search.look_at_target(trees);
+  search.look_at_source(trees.source, harvested);
+  search.look_at_ids(trees.source, arguments.source);
+  search.look_at_ids(trees.before, arguments.target);
+  if (trees.base.IsNodeValid() != 0) search.look_at_ids(trees.base, arguments.base);
   return std::move(search.found);
 }

@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "arguments.h"
 #include "ids.h"
 
 /// The harvested IDs and their values.
@@ -18,15 +19,26 @@ struct Pairs {
   CStringArray values;
 };
 
-enum class Fate { kApplied, kUnchanged, kKept, kDefault, kConflict, kNoNode, kNoValue, kDuplicate };
-constexpr std::size_t kFates = 8;
+enum class Fate {
+  kApplied,
+  kUnchanged,
+  kKept,
+  kDefault,
+  kConflict,
+  kNoNode,
+  kNoValue,
+  kDuplicate,
+  kNoId,   // a value of SOURCE without an ID
+  kBadId,  // an ID, in any of the trees, that is not one
+};
+constexpr std::size_t kFates = 10;
 
 /// The name of a fate in the report file.
 const char* name_of(Fate fate);
 
 struct Finding {
   Fate fate = Fate::kApplied;
-  int id = -1;
+  std::string id;    // as the user knows it; empty for none
   std::string path;  // the tags from the root on, joined by full stops, then "@Name" for an attribute
   std::optional<std::string> old_value;  // in TARGET before; nothing where there was none
   std::optional<std::string> new_value;  // in RESULT; of a value that was not taken, the one in SOURCE
@@ -45,6 +57,16 @@ struct Conflict {
 struct Settled {
   std::unordered_set<int> defaults;  // IDs whose value in SOURCE is still the old default
   std::unordered_map<int, Conflict> conflicts;
+  Pairs carried;  // what is left
+};
+
+/// The trees of a transfer. The last three have one shape.
+struct Trees {
+  RYXmlWrapperBase source;
+  RYXmlWrapperBase base;     // invalid if there is none
+  RYXmlWrapperBase before;   // the target
+  RYXmlWrapperBase after;    // the result
+  RYXmlWrapperBase unruled;  // what the result would be without theme rules; invalid if there are none
 };
 
 struct Findings {
@@ -53,14 +75,19 @@ struct Findings {
   int changed_nodes = 0;
   int changed_attributes = 0;
   int target_nodes = 0;
-  int shared_ids = 0;  // that have several nodes in the target, which all get the value
+  std::vector<std::string> files_with_bad_ids;
+  std::vector<std::string> shared_ids;  // that have several nodes in the target, which all get the value
 
   int count(Fate fate) const { return counts[static_cast<std::size_t>(fate)]; }
+  /// The first IDs of that fate, or the paths where there are none: "3, 5, 8, 9, …".
+  std::string examples(Fate fate) const;
 };
 
-/// Compares the target with what it was before, and with what it would be without theme rules if there are any
-/// (else `unruled` is invalid). The three trees have one shape. `with_unchanged` lists the values that are
-/// as they were, too.
-Findings find_out(const Ids& ids, const Pairs& pairs, const Settled& settled, const RYXmlWrapperBase& source,
-                  const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
-                  const RYXmlWrapperBase& unruled, bool with_unchanged);
+/// The first of the texts: "3, 5, 8, 9, …".
+std::string first_of(const std::vector<std::string>& texts);
+
+/// Tells what became of each harvested value, each node of the target with an ID, and all IDs that are none.
+/// Values that are
+/// as they were are listed only for a report file.
+Findings find_out(const Ids& ids, const Pairs& harvested, const Settled& settled, const Trees& trees,
+                  const Arguments& arguments);

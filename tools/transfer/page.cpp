@@ -72,7 +72,7 @@ std::string remark(const Finding& finding) {
       return part + ' ' + element("span", "s", "kept") + ' ' +
              element("span", "note", "not " + shown(finding.new_value));
     case Fate::kConflict:
-      return ' ' + element("span", "s", "conflict") + ' ' +
+      return part + ' ' + element("span", "s", "conflict") + ' ' +
              element(
                  "span", "note",
                  finding.note + ", mine " + shown(finding.new_value) + ", new " + shown(finding.old_value));
@@ -142,7 +142,7 @@ class Tree {
     out_ += element("span", "tag", rytree::tag_of(node));
     if (const auto label = rytree::attribute_of(node, "Label"); label && !label->empty())
       out_ += ' ' + element("span", "note", *label);
-    if (first != next_) out_ += ' ' + element("span", "id", outcome_.ids.text(first->id));
+    if (first != next_) out_ += ' ' + element("span", "id", first->id);
     const bool changed = std::any_of(first, next_, [](const Finding& finding) {
       return finding.fate == Fate::kApplied && finding.path.find('@') == std::string::npos;
     });
@@ -159,24 +159,21 @@ class Tree {
   std::vector<int> row_ends_;
 };
 
+/// What has no place in the tree.
 void add_list(std::string& out, const Outcome& outcome, Fate fate, const char* heading) {
   constexpr int kShort = 8;  // a longer list is folded, so that the tree is not far away
-  const int count = outcome.findings.count(fate);
+  const std::vector<Finding>& all = outcome.findings.list;
+  const auto is_here = [&](const Finding& finding) { return finding.fate == fate && finding.row < 0; };
+  const auto count = std::count_if(all.begin(), all.end(), is_here);
   if (count == 0) return;
   out += std::string("<details class=list") + (count <= kShort ? " open" : "") + "><summary>" +
          element("h2", "", std::string(heading) + " (" + std::to_string(count) + ')') + "</summary>\n";
-  for (const Finding& finding : outcome.findings.list) {
-    if (finding.fate != fate) continue;
-    const auto& value = finding.new_value ? finding.new_value : finding.old_value;
+  for (const Finding& finding : all) {
+    if (!is_here(finding)) continue;
     out += std::string("<div class=\"n line\" data-s=") + name_of(fate) + '>' +
-           element("span", "path", finding.path) + ' ' + element("span", "id", outcome.ids.text(finding.id)) +
-           ' ';
-    out += fate == Fate::kKept || fate == Fate::kConflict
-               ? element("span", "note", "in the target") + ' ' +
-                     element("del", "", shown(finding.old_value)) + ' ' +
-                     element("span", "note", "in the source") + ' ' +
-                     element("ins", "", shown(finding.new_value))
-               : element("span", "value", shown(value));
+           element("span", "path", finding.path) + ' ' +
+           (finding.id.empty() ? "" : element("span", "id", finding.id) + ' ');
+    out += element("span", "value", shown(finding.new_value));
     if (!finding.note.empty()) out += ' ' + element("span", "note", finding.note);
     out += "</div>\n";
   }
@@ -197,7 +194,6 @@ void add_facts(std::string& out, const Arguments& arguments, const Outcome& outc
   fact("Result", written(arguments, outcome, arguments.result), "");
   std::vector<std::string> warnings = outcome.losses;
   if (!outcome.misfit.empty()) warnings.push_back(outcome.misfit);
-  if (!outcome.warning.empty()) warnings.push_back(outcome.warning);
   for (const std::string& warning : warnings) out += element("p", "warning", warning) + '\n';
 }
 
@@ -224,11 +220,11 @@ std::string page_text(const Arguments& arguments, const Outcome& outcome) {
   add_facts(out, arguments, outcome);
   add_bar(out, outcome.findings);
   out += "<p id=none hidden>Nothing is found.</p>\n";
-  add_list(out, outcome, Fate::kConflict, "Changed by both sides");
   add_list(out, outcome, Fate::kNoNode, "No node has this ID");
   add_list(out, outcome, Fate::kDuplicate, "The ID came before in the source");
-  add_list(out, outcome, Fate::kKept, "Kept by a theme rule of the target");
-  add_list(out, outcome, Fate::kNoValue, "No value in the source");
+  add_list(out, outcome, Fate::kDefault, "Still the old default, and no node has this ID");
+  add_list(out, outcome, Fate::kNoId, "A value without an ID");
+  add_list(out, outcome, Fate::kBadId, "The ID is of no use");
   out += "<section class=tree><h2>The result</h2>\n";
   Tree(outcome, out).write(outcome.result);
   return out + "</section>\n<script>" + kPageScript + "</script>\n</body></html>\n";

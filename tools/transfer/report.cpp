@@ -10,7 +10,6 @@
 namespace {
 
 constexpr int kOtherLines = 14;  // lines of the summary that list no change
-constexpr int kExamples = 4;
 
 /// One line of the summary: a heading of one word, and a text.
 void line(std::ostream& out, const char* word, const std::string& text) {
@@ -39,7 +38,7 @@ class Summary {
   /// Tells how many findings of the fate there are, and lists them or tells the IDs of some.
   void others(Fate fate, const char* word, const std::string& what) const {
     if (outcome_.findings.count(fate) == 0) return;
-    line(out_, word, screen_.whole ? what : what + ": " + examples(fate));
+    line(out_, word, screen_.whole ? what : what + ": " + outcome_.findings.examples(fate));
     if (!screen_.whole) return;
     std::vector<Row> rows;
     add_rows(fate, rows);
@@ -55,21 +54,9 @@ class Summary {
       if (--room < 0) return;
       const bool both = changes || fate == Fate::kKept || fate == Fate::kConflict;
       const auto& value = finding.new_value ? finding.new_value : finding.old_value;
-      rows.push_back({finding.path, outcome_.ids.text(finding.id),
-                      both ? shown(finding.old_value) : shown(value), both ? shown(finding.new_value) : "",
-                      finding.note});
+      rows.push_back({finding.path, finding.id, both ? shown(finding.old_value) : shown(value),
+                      both ? shown(finding.new_value) : "", finding.note});
     }
-  }
-
-  std::string examples(Fate fate) const {
-    std::string text;
-    int count = 0;
-    for (const Finding& finding : outcome_.findings.list) {
-      if (finding.fate != fate) continue;
-      if (++count > kExamples) return text + ", …";
-      text += (count > 1 ? ", " : "") + outcome_.ids.text(finding.id);
-    }
-    return text;
   }
 
   std::ostream& out_;
@@ -112,11 +99,10 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
   line(out, "target",
        shown_input(arguments.target) + ": " + counted(found.target_nodes, "node", "nodes") + ", " +
            std::to_string(outcome.matched) + " matched");
-  if (!outcome.warning.empty()) line(out, "warning", outcome.warning);
-  if (found.shared_ids > 0) {
+  if (!found.shared_ids.empty()) {
     line(out, "warning",
-         counted(found.shared_ids, "ID is that", "IDs are those") +
-             " of several nodes, which all get its value");
+         counted(static_cast<int>(found.shared_ids.size()), "ID is that", "IDs are those") +
+             " of several nodes, which all get its value: " + first_of(found.shared_ids));
   }
   line(out, "changed",
        counted(found.changed_nodes, "node", "nodes") +
@@ -138,6 +124,13 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
   summary.others(
       Fate::kDuplicate, "duplicate",
       counted(found.count(Fate::kDuplicate), "value", "values") + " left out, as the ID came before");
+  summary.others(Fate::kNoId, "no ID",
+                 counted(found.count(Fate::kNoId), "value", "values") + " of " +
+                     shown_input(arguments.source) + " without " + outcome.ids.shown_attribute() +
+                     ", not carried");
+  summary.others(Fate::kBadId, "bad ID",
+                 counted(found.count(Fate::kBadId), "ID", "IDs") + " of no use in " +
+                     first_of(found.files_with_bad_ids));
   if (!arguments.theme.empty()) line(out, "theme", theme_text(arguments, outcome));
   line(out, "result", written(arguments, outcome, arguments.result));
   if (!arguments.report.empty()) line(out, "report", shown_name(arguments.report));

@@ -29,9 +29,8 @@ std::string report_text(const Outcome& outcome) {
   std::string out = "status\tID\tnode\told value\tnew value\tnote\n";
   for (const Finding& finding : outcome.findings.list) {
     out += name_of(finding.fate);
-    for (const std::string& text :
-         {outcome.ids.text(finding.id), finding.path, finding.old_value.value_or(""),
-          finding.new_value.value_or(""), finding.note}) {
+    for (const std::string& text : {finding.id, finding.path, finding.old_value.value_or(""),
+                                    finding.new_value.value_or(""), finding.note}) {
       out += '\t';
       append(out, text);
     }

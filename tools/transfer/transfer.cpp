@@ -23,18 +23,16 @@ RYXmlWrapperBase load(const std::string& file, const Arguments& arguments, Progr
 
 Pairs harvest(const Arguments& arguments, RYXmlWrapperBase& source, Outcome& outcome) {
   Pairs pairs;
-  CString message;
   outcome.harvested = vctree_get_values_with_ids(&source, &pairs.ids, &pairs.values, /*recursive=*/1,
-                                                 /*changedOnly=*/0, /*repeat=*/0, outcome.ids.argument(),
-                                                 /*allBranches=*/0, &message);
+                                                 /*changedOnly=*/0, /*repeat=*/0, outcome.ids.attribute(),
+                                                 /*allBranches=*/0, /*error=*/nullptr);
   if (outcome.harvested < 1) {
     const bool given = !arguments.id_attribute.empty();
-    throw Failure(shown_input(arguments.source) + ": no value to take, as no node has " +
+    throw Failure(shown_input(arguments.source) + ": no value to take: no node has both a value and " +
                   (given ? "the attribute '" + arguments.id_attribute : "an int attribute 'DataID") +
                   "' (--id-attribute NAME takes another)");
   }
-  outcome.warning = message.View();
-  outcome.source_nodes = source.GetTreeSize() - 1;
+  outcome.source_nodes = source.GetTreeSize();
   return pairs;
 }
 
@@ -74,27 +72,36 @@ void mark_changes(RYXmlWrapperBase& before, RYXmlWrapperBase& after) {
   VCTreeUpdateChanges(&after, &saved);
 }
 
+/// What --strict does not take, as in "s.xml: 1 ID has no node in t.xml: 7"; empty if nothing.
+std::string strict_faults(const Arguments& arguments, const Outcome& outcome) {
+  const Findings& found = outcome.findings;
+  const std::string source = shown_input(arguments.source);
+  const std::string target = shown_input(arguments.target);
+  std::string text;
+  const auto add = [&](int count, const std::string& what, const std::string& examples) {
+    if (count > 0) text += (text.empty() ? "--strict: " : "; ") + what + ": " + examples;
+  };
+  const auto add_fate = [&](Fate fate, const char* one, const char* more, const std::string& where) {
+    add(found.count(fate), counted(found.count(fate), one, more) + where, found.examples(fate));
+  };
+  add_fate(Fate::kNoNode, "ID", "IDs", " of " + source + " without a node in " + target);
+  add_fate(Fate::kDuplicate, "value", "values", " of " + source + " with an ID that came before");
+  const int shared = static_cast<int>(found.shared_ids.size());
+  add(shared, counted(shared, "ID", "IDs") + " of several nodes in " + target, first_of(found.shared_ids));
+  if (arguments.prefer.empty())
+    add_fate(Fate::kConflict, "value", "values", " changed by both sides, and no --prefer");
+  add_fate(Fate::kNoId, "value", "values", " of " + source + " without an ID");
+  add_fate(Fate::kBadId, "ID", "IDs", " of no use in " + first_of(found.files_with_bad_ids));
+  return text;
+}
+
 /// Why nothing is to be written; empty if nothing speaks against it.
 std::string misfit(const Arguments& arguments, const Outcome& outcome) {
-  const Findings& found = outcome.findings;
-  if (outcome.matched == 0 && outcome.pairs.ids.GetSize() > 0 && !arguments.allow_no_match) {
-    return shown_input(arguments.target) + ": no node has an ID of " + shown_input(arguments.source) +
-           " (--allow-no-match writes all the same)";
-  }
-  if (!arguments.strict) return "";
-  std::vector<std::string> faults;
-  const auto add = [&](int count, const char* one, const char* more) {
-    if (count > 0) faults.push_back(counted(count, one, more));
-  };
-  add(found.count(Fate::kNoNode), "ID has no node", "IDs have no node");
-  add(found.count(Fate::kDuplicate), "ID stands twice in SOURCE", "IDs stand twice in SOURCE");
-  add(found.shared_ids, "ID stands twice in TARGET", "IDs stand twice in TARGET");
-  if (arguments.prefer.empty())
-    add(found.count(Fate::kConflict), "conflict without --prefer", "conflicts without --prefer");
-  if (outcome.matched == 0 && outcome.pairs.ids.GetSize() > 0) faults.emplace_back("nothing matches");
-  std::string text;
-  for (const std::string& fault : faults) text += (text.empty() ? "" : ", ") + fault;
-  return text.empty() ? "" : shown_input(arguments.target) + ": " + text + " (--strict)";
+  const std::string faults = arguments.strict ? strict_faults(arguments, outcome) : "";
+  if (!faults.empty() || outcome.matched > 0 || outcome.pairs.ids.GetSize() == 0 || arguments.allow_no_match)
+    return faults;
+  return shown_input(arguments.target) + ": no node has an ID of " + shown_input(arguments.source) +
+         " (--allow-no-match takes that)";
 }
 
 }  // namespace
@@ -111,21 +118,26 @@ Outcome transfer(const Arguments& arguments, Progress& progress) {
 
   progress.stage("harvesting values");
   outcome.ids.number({source, target, base});
-  Pairs pairs = harvest(arguments, source, outcome);
+  Pairs harvested = harvest(arguments, source, outcome);
   Settled settled;
-  if (base.IsNodeValid() != 0) settled = settle(base, target, outcome.ids, arguments.prefer == "new", pairs);
+  const bool three_way = base.IsNodeValid() != 0;
+  if (three_way) {
+    settled = settle(base, target, outcome.ids, arguments.prefer == "new", harvested);
+    outcome.pairs = std::move(settled.carried);
+  } else {
+    outcome.pairs = std::move(harvested);
+  }
 
   progress.stage("applying " + counted(outcome.harvested, "value", "values"));
   RYXmlWrapperBase before;
   target.Clone(before, 1);
   RYXmlWrapperBase unruled = without_rules(target);
-  outcome.matched = apply(arguments, target, pairs, outcome.ids);
-  if (unruled.IsNodeValid() != 0) apply(arguments, unruled, pairs, outcome.ids);
+  outcome.matched = apply(arguments, target, outcome.pairs, outcome.ids);
+  if (unruled.IsNodeValid() != 0) apply(arguments, unruled, outcome.pairs, outcome.ids);
 
   progress.stage("comparing");
-  outcome.findings =
-      find_out(outcome.ids, pairs, settled, source, before, target, unruled, !arguments.report.empty());
-  outcome.pairs = std::move(pairs);
+  outcome.findings = find_out(outcome.ids, three_way ? harvested : outcome.pairs, settled,
+                              {source, base, before, target, unruled}, arguments);
   outcome.misfit = misfit(arguments, outcome);
   outcome.ids.remove_numbers(target);
   if (!arguments.no_marks) mark_changes(before, target);

@@ -15,10 +15,9 @@ struct Outcome {
   int source_nodes = 0;
   int harvested = 0;
   int matched = 0;
-  std::string warning;  // the message of the harvest, or empty
   Findings findings;
   std::string misfit;  // why nothing is written although nothing failed; empty if all is well
-  Pairs pairs;         // what was taken
+  Pairs pairs;         // what is carried
   RYXmlWrapperBase result;
 };
 
