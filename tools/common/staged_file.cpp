@@ -31,7 +31,7 @@ std::string temporary_file() {
 
 }  // namespace
 
-StagedFile::StagedFile(const std::string& name) : name_(name), is_stream_(is_stream(name)) {
+StagedFile::StagedFile(const std::string& name) : name_(name), is_stream_(::is_stream(name)) {
   std::error_code error;
   if (is_stream_) {
     staged_ = temporary_file();
@@ -58,6 +58,7 @@ void StagedFile::write(const std::string& bytes) const {
 }
 
 void StagedFile::commit() {
+  if (staged_.empty()) return;
   std::error_code error;
   if (is_stream_) {
     content_ = open(staged_.c_str(), O_RDONLY | O_CLOEXEC);

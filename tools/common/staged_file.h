@@ -14,12 +14,13 @@ class StagedFile {
   StagedFile& operator=(const StagedFile&) = delete;
   ~StagedFile();
 
+  bool is_stream() const { return is_stream_; }
   /// Where to write: a temporary file beside a regular file, removed if it is not committed.
   const char* path() const { return staged_.c_str(); }
   /// Writes the bytes there. Throws a Failure.
   void write(const std::string& bytes) const;
   /// Moves the temporary file into place, with the mode of the file that was there; or takes its name, so that
-  /// nothing is left of it whatever happens to the program. Throws a Failure.
+  /// nothing is left of it whatever happens to the program. Does nothing the second time. Throws a Failure.
   void commit();
   /// Sends what was committed to the stream, which may wait for its reader. Throws a Failure.
   void send();

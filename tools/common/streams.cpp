@@ -103,6 +103,7 @@ void save_tree(const RYXmlWrapperBase& tree, const std::string& name) {
   std::optional<HeldSignals> signals(std::in_place);
   if (!is_stream(name)) {
     if (tree.Save(name.c_str()) == 0) throw file_failure(name);
+    signals->all_is_written(/*status=*/0);
     return;
   }
   StagedFile staged(name);

@@ -17,15 +17,19 @@ void tell(const std::string& text) { std::cerr << kProgram << ": " << one_line(t
 int run(const Arguments& arguments) {
   const int stages = arguments.base.empty() ? 6 : 7;
   Outcome outcome;
-  {
+  int status = 0;
+  try {
     Progress progress(kProgram, stages);
     outcome = transfer(arguments, progress);
     write_files(arguments, outcome, progress);
+  } catch (const Unprinted& failure) {
+    tell(failure.what());
+    status = 1;
   }
   for (const std::string& loss : outcome.losses) tell(loss);
   print_report(arguments.prints_output() ? std::cerr : std::cout, arguments, outcome,
                Screen::of_standard_output(arguments.all));
-  if (outcome.misfit.empty()) return 0;
+  if (outcome.misfit.empty()) return status;
   std::cout.flush();
   tell(outcome.misfit);
   return 3;
@@ -46,10 +50,7 @@ int main(int count, char** words) {
     }
     if (std::cout.flush()) return status;
     tell("cannot write to standard output");
-    return 1;
-  } catch (const Unprinted& failure) {
-    tell(failure.what());
-    return 1;
+    return status == 0 ? 1 : status;
   } catch (const std::exception& failure) {
     tell(failure.what());
     return 2;

@@ -88,7 +88,7 @@ std::string remark(const Finding& finding) {
 /// The tree of the result.
 class Tree {
  public:
-  Tree(const Outcome& outcome, std::string& out) : outcome_(outcome), out_(out) {
+  Tree(const Outcome& outcome, std::string& out) : out_(out) {
     const std::vector<Finding>& all = outcome.findings.list;
     end_ = std::find_if(all.begin(), all.end(), [](const Finding& finding) { return finding.row < 0; });
     next_ = all.begin();
@@ -151,7 +151,6 @@ class Tree {
     for (; first != next_; ++first) out_ += remark(*first);
   }
 
-  const Outcome& outcome_;
   std::string& out_;
   Place next_;
   Place end_;

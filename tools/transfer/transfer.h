@@ -21,7 +21,7 @@ struct Outcome {
   RYXmlWrapperBase result;
 };
 
-/// RESULT is done, and something else could not be sent to a stream.
+/// All else is done, and the report could not be sent to a stream.
 struct Unprinted : Failure {
   using Failure::Failure;
 };
@@ -31,5 +31,5 @@ Outcome transfer(const Arguments& arguments, Progress& progress);
 
 /// Writes what the arguments say: RESULT and THEME, unless the trees do not fit, and the report file. Throws a
 /// Failure, with all files as they were; so they are too after a signal that asks the program to end, unless
-/// all are done.
+/// all are done: then it ends with status 1. Throws Unprinted if only the report could not be sent.
 void write_files(const Arguments& arguments, const Outcome& outcome, Progress& progress);

@@ -35,6 +35,20 @@ void write_theme(const Arguments& arguments, const StagedFile& file, const Outco
 
 bool is_page(const std::string& file) { return file.ends_with(".html") || file.ends_with(".htm"); }
 
+/// Sends RESULT and THEME as far as they are streams. It comes before all that changes a file, so that files stay as
+/// they were if it fails, and may wait for a reader for long, so signals end the program meanwhile.
+void send_streams(HeldSignals& signals, std::optional<StagedFile>& result, std::optional<StagedFile>& theme,
+                  const std::optional<StagedFile>& report) {
+  const bool theme_is_sent = theme && theme->is_stream();
+  if (!result && !theme_is_sent) return;
+  if (result) result->commit();
+  if (theme_is_sent) theme->commit();
+  signals.let_through({theme ? theme->path() : nullptr, report ? report->path() : nullptr});
+  if (result) result->send();
+  if (theme_is_sent) theme->send();
+  signals.hold_again();
+}
+
 }  // namespace
 
 void write_files(const Arguments& arguments, const Outcome& outcome, Progress& progress) {
@@ -54,18 +68,16 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
   if (fits && is_stream(arguments.result)) {
     result.emplace(arguments.result);
     if (outcome.result.Save(result->path()) == 0) throw file_failure(shown_name(arguments.result));
-  } else if (fits && outcome.result.Save(arguments.result.c_str()) == 0) {
-    throw file_failure(arguments.result);
   }
-  const auto files = {&theme, &report, &result};
-  for (auto* const file : files) {
-    if (*file) (*file)->commit();
-  }
-  signals.reset();
   progress.clear();  // a reader of what is sent may be the same terminal
-  if (result) result->send();
+  send_streams(*signals, result, theme, report);
+  if (fits && !result && outcome.result.Save(arguments.result.c_str()) == 0)
+    throw file_failure(arguments.result);
+  if (theme) theme->commit();
+  if (report) report->commit();
+  if (fits) signals->all_is_written(/*status=*/1);  // as where the summary cannot be printed
+  signals.reset();
   try {
-    if (theme) theme->send();
     if (report) report->send();
   } catch (const Failure& failure) {
     throw Unprinted(failure.what());
