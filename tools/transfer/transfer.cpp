@@ -97,11 +97,13 @@ std::string strict_faults(const Arguments& arguments, const Outcome& outcome) {
 
 /// Why nothing is to be written; empty if nothing speaks against it.
 std::string misfit(const Arguments& arguments, const Outcome& outcome) {
-  const std::string faults = arguments.strict ? strict_faults(arguments, outcome) : "";
-  if (!faults.empty() || outcome.matched > 0 || outcome.pairs.ids.GetSize() == 0 || arguments.allow_no_match)
-    return faults;
-  return shown_input(arguments.target) + ": no node has an ID of " + shown_input(arguments.source) +
-         " (--allow-no-match takes that)";
+  std::string text = arguments.strict ? strict_faults(arguments, outcome) : "";
+  const bool matches = outcome.matched > 0 || outcome.pairs.ids.GetSize() == 0 || arguments.allow_no_match;
+  if (text.empty() && !matches) {
+    text = shown_input(arguments.target) + ": no node has an ID of " + shown_input(arguments.source) +
+           " (--allow-no-match takes that)";
+  }
+  return text;
 }
 
 }  // namespace
@@ -121,23 +123,20 @@ Outcome transfer(const Arguments& arguments, Progress& progress) {
   Pairs harvested = harvest(arguments, source, outcome);
   Settled settled;
   const bool three_way = base.IsNodeValid() != 0;
-  if (three_way) {
-    settled = settle(base, target, outcome.ids, arguments.prefer == "new", harvested);
-    outcome.pairs = std::move(settled.carried);
-  } else {
-    outcome.pairs = std::move(harvested);
-  }
+  if (three_way) settled = settle(base, target, outcome.ids, arguments.prefer == "new", harvested);
+  Pairs& carried = three_way ? settled.carried : harvested;
 
   progress.stage("applying " + counted(outcome.harvested, "value", "values"));
   RYXmlWrapperBase before;
   target.Clone(before, 1);
   RYXmlWrapperBase unruled = without_rules(target);
-  outcome.matched = apply(arguments, target, outcome.pairs, outcome.ids);
-  if (unruled.IsNodeValid() != 0) apply(arguments, unruled, outcome.pairs, outcome.ids);
+  outcome.matched = apply(arguments, target, carried, outcome.ids);
+  if (unruled.IsNodeValid() != 0) apply(arguments, unruled, carried, outcome.ids);
 
   progress.stage("comparing");
-  outcome.findings = find_out(outcome.ids, three_way ? harvested : outcome.pairs, settled,
-                              {source, base, before, target, unruled}, arguments);
+  outcome.findings =
+      find_out(outcome.ids, harvested, settled, {source, base, before, target, unruled}, arguments);
+  outcome.pairs = std::move(carried);
   outcome.misfit = misfit(arguments, outcome);
   outcome.ids.remove_numbers(target);
   if (!arguments.no_marks) mark_changes(before, target);
