@@ -159,7 +159,7 @@ TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
       {"P s.xml t.xml r.xml /dev/full", 2, "", "/dev/full: cannot write: No space left on device\n"},
       {"mkfifo f; timeout -s INT 0.3 $PROGRAM s.xml t.xml f theme.xml --report r.tsv; s=$?; rm f; (exit $s)",
        124, "", ""},
-      {"P s.xml u.xml r.xml --report /dev/full", 3, "result    not written\n",
+      {"P s.xml u.xml r.xml --report=/dev/full", 3, "result    not written\n",
        "/dev/full: cannot write: No space"},
       {"P s.xml t.xml r.xml --report /dev/full; s=$?; rm r.*; (exit $s)", 1, "",
        "/dev/full: cannot write: No space"},
@@ -185,6 +185,7 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
   write("good.xml", "<S><A DataID='1'>new</A></S>");
   write("target.xml", "<S><A DataID='1'>old</A></S>");
   write("none.xml", "<S><A/></S>");
+  write("open.xml", "<S><A>");
   write("conflict.xml", "<S><A DataID='1'/><B RepeatID='3'><C Label='c&#10;d' RepeatID='1'/></B></S>");
   write("theme.xml", "old theme");
   for (const auto& [arguments, reason] : rows<2>(R"(
@@ -201,7 +202,13 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml target.xml ./r.xml r.xml | r.xml: THEME would overwrite ./r.xml
       good.xml target.xml r.xml folder | folder: not a regular file
       good.xml target.xml r.xml --prefer new | --prefer goes with --base
-      good.xml target.xml r.xml --base good.xml --prefer old | --prefer is mine or new
+      good.xml target.xml r.xml --base good.xml --prefer old | --prefer is mine or new, not 'old'
+      good.xml target.xml r.xml --base=good.xml --base=none.xml | --base is given twice
+      good.xml target.xml r.xml --strict=yes | --strict takes no value
+      good.xml target.xml r.xml --strict --allow-no-match | --strict and --allow-no-match exclude each other
+      good.xml target.xml --dry-run --allow-loss | --allow-loss goes with a RESULT
+      open.xml target.xml r.xml | \
+          open.xml:1:7: the file ends too early: there is no element, or one is not closed
       - - r.xml | only one file can be standard input
       good.xml target.xml - - | only one file can be standard output
       good.xml target.xml r.xml --report ./target.xml | ./target.xml: --report would overwrite target.xml
@@ -221,7 +228,7 @@ TEST_F(TransferTool, TellsWhatIsNotKept) {
   const std::string s = "s.xml: 1 comment is not kept";
   const std::string all_the_same = "; --allow-loss writes over it all the same";
   expect_refused("s.xml t.xml ./t.xml", 2, t + all_the_same);
-  expect_refused("s.xml t.xml s.xml", 2, s + all_the_same);
+  expect_refused("s.xml t.xml s.xml --dry-run", 2, s + all_the_same);
   EXPECT_EQ(run("s.xml t.xml r.xml"), 0);
   EXPECT_EQ(err, "rytree-transfer: " + t + '\n');
   EXPECT_EQ(run("--allow-loss s.xml t.xml s.xml"), 0);

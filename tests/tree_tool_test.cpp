@@ -85,6 +85,8 @@ TEST_F(TreeTool, ComparesReadsAndWritesStreams) {
        "  moved    R.A.E        m  R.C.D, child 1  R.A.E, child 1\n"
        "  changed  R.A.E (tag)  m  D               E\n"},
       {"P diff a.xml b.xml --by path | grep -c R.B", 0, "1\n"},
+      {"echo '<R><A DataID=\"x\"/></R>' >u; P diff u u 2>&1 | uniq; rm u", 0,
+       "rytree-tree: u: 1 ID is of no use: R.A 'x'\n"},
       {"cat a.xml | P path - R.C | tail -1", 0, "value  c\n"},
       {"P set a.xml R.B x=y -o - 2>told | P path - R.B | tail -1; cat told; rm told", 0,
        "value  b\nset 1 attribute of R.B\nwritten to standard output\n"},
@@ -160,6 +162,8 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
   for (const auto& [status, arguments, reason] : rows<3>(R"(
       1 | path t.xml Root.Lost | t.xml: no node 'Root.Lost'
       1 | path t.xml 13 | t.xml: no node '13'
+      1 | filter t.xml --data-id 7 --attribute A --text x | t.xml: no node has the DataID 7
+      1 | filter t.xml --data-id 1 --include x --include-id 8 | t.xml: no node has the DataID 8
       1 | sort t.xml Root.Plot Kind -o r.xml | t.xml: no child of Root.Plot has an int attribute 'Kind'
       1 | move t.xml 13 2 -o r.xml | t.xml: no row 13
       1 | pairs t.xml Root.Empty.E | t.xml: no children below Root.Empty.E
@@ -174,7 +178,13 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
       2 | path t.xml 99999999999 | '99999999999' is not a number
       2 | diff - - | only one file can be standard input
       2 | diff t.xml lost.xml | lost.xml: cannot read: No such file or directory
-      2 | diff t.xml t.xml --by tag | --by cannot be 'tag'
+      2 | diff t.xml t.xml --by=tag | --by is id or path, not 'tag'
+      2 | diff t.xml t.xml --by path --id-attribute Name | --id-attribute goes with --by id
+      2 | diff t.xml t.xml --id-attribute n | t.xml and t.xml: no node has the attribute 'n'
+      2 | show t.xml --level 1 --level=2 | --level is given twice
+      2 | show t.xml --branches=1 | --branches takes no value, try rytree-tree show --help
+      2 | show t.xml --level=x | --level: 'x' is not a number
+      2 | set t.xml 1 A=1 --allow-loss | --allow-loss goes with -o or --in-place
       2 | set - 1 A=1 --in-place | --in-place needs a file
       2 | find t.xml =x | '=x' is not ATTRIBUTE=VALUE
       2 | set t.xml 1 A=1 '1 B=2' --in-place | '1 B' is not an attribute name
@@ -188,7 +198,10 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
       2 | filter t.xml --data-id 1 --attribute A | --attribute goes with one of --text and --match
       2 | filter t.xml --data-id 1 --attribute A --match x --start | --start goes with --text
       2 | filter t.xml --data-id 1 --include x --include-id 5 --include-mode only | \
-          --include-mode cannot be 'only'
+          --include-mode is all or any, not 'only'
+      2 | filter t.xml --data-id 1 --include x --include-id 5 --exclude-id 5 | --exclude-id goes with --exclude
+      2 | filter t.xml --data-id 1 --exclude x --exclude-mode only | \
+          --exclude-mode only goes with --include, and without --exclude
       2 | filter bare.xml --data-id 1 --attribute A --text x --in-place | \
           bare.xml: the filter removes the root, and so all of the tree)")) {
     expect_refused(arguments, std::stoi(status), reason);
@@ -206,6 +219,18 @@ TEST_F(TreeTool, HelpOnTheProgramAndOnEachCommand) {
     EXPECT_NE(help.find("\n  " + command + ' '), std::string::npos) << command;
   }
   expect_man_page(all);
+  write("try.sh", R"(source ')" TOOLS_PATH R"(/completion.bash'; COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
+_rytree "$1" "${!#}" "${COMP_WORDS[$# - 2]}"; echo "${COMPREPLY[*]}")");
+  for (const auto& [words, shown] : rows<2>(R"(
+      "" | show path find diff filter sort move renumber pairs set prune-empty --help --version
+      set -- | --allow-loss --help --in-place --value
+      diff --by '' | id path
+      diff --by = p | path
+      filter --include-mode '' | all any
+      show --level '' | )")) {
+    shell("bash try.sh \"$PROGRAM\" " + words);
+    EXPECT_EQ(out + err, shown + '\n') << words;
+  }
 }
 
 }  // namespace

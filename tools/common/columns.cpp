@@ -96,3 +96,11 @@ std::string pad(std::string text, int columns) {
 std::string counted(int count, const char* one, const char* more) {
   return std::to_string(count) + ' ' + (count == 1 ? one : more);
 }
+
+std::string first_of(const std::vector<std::string>& texts) {
+  constexpr std::size_t kExamples = 4;
+  std::string text;
+  for (std::size_t i = 0; i < texts.size() && i <= kExamples; ++i)
+    text += (i == 0 ? "" : ", ") + (i < kExamples ? texts[i] : "…");
+  return text;
+}

@@ -33,3 +33,6 @@ std::string pad(std::string text, int columns);
 
 /// The count and its noun, as in "1 node" and "2 nodes".
 std::string counted(int count, const char* one, const char* more);
+
+/// The first of the texts: "3, 5, 8, 9, …".
+std::string first_of(const std::vector<std::string>& texts);

@@ -5,6 +5,9 @@
 Failure file_failure(const std::string& file) {
   const RYXmlFailure failure = RYXmlWrapperBase::LastFailure();
   std::string reason = failure.text;
+  // The reader says so of a file that ends early, too.
+  if (reason == "no element found")
+    reason = "the file ends too early: there is no element, or one is not closed";
   if (failure.line > 0) {
     return Failure(file + ':' + std::to_string(failure.line) + ':' + std::to_string(failure.column) + ": " +
                    reason);

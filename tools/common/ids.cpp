@@ -50,20 +50,24 @@ int Ids::number_of(const std::string& word) {
   return place->second;
 }
 
-void Ids::number(const std::vector<RYXmlWrapperBase>& trees) {
+int Ids::number(const std::vector<RYXmlWrapperBase>& trees) {
   bool words = false;
+  int count = 0;
+  const RYPropertyName own_name(attribute_.c_str());
   for (const RYXmlWrapperBase& tree : trees) {
     visit_nodes(tree, [&](const RYXmlWrapperBase& node) {
       CString text;
       int id = -1;
-      if (node.GetPropertyValue(attribute_.c_str(), id) == 0) {
-        words = words || (node.GetPropertyValue(attribute_.c_str(), text) != 0 && !text.IsEmpty());
+      if (node.HasProperty(own_name) == 0) return;
+      ++count;
+      if (node.GetPropertyValue(own_name, id) == 0) {
+        words = words || (node.GetPropertyValue(own_name, text) != 0 && !text.IsEmpty());
       } else if (id > static_cast<int>(kWidest)) {
         wide_.insert(id);
       }
     });
   }
-  if (!words || name_.empty()) return;
+  if (!words || name_.empty()) return count;
   wide_.clear();
   bool taken = true;
   while (taken) {
@@ -80,6 +84,7 @@ void Ids::number(const std::vector<RYXmlWrapperBase>& trees) {
         node.SetPropertyValue(attribute_.c_str(), number_of(std::string(word.View())));
     });
   }
+  return count;
 }
 
 std::vector<BadId> Ids::bad_ones(const RYXmlWrapperBase& tree) const {

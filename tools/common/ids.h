@@ -37,8 +37,9 @@ class Ids {
   /// The name of the attribute; "" for DataID, which holds numbers and nothing else.
   explicit Ids(std::string name) : name_(std::move(name)), attribute_(name_.empty() ? "DataID" : name_) {}
 
-  /// Looks at the values in all trees, and numbers the nodes if one is not an int.
-  void number(const std::vector<RYXmlWrapperBase>& trees);
+  /// Looks at the values in all trees, and numbers the nodes if one is not an int. How many nodes below the roots
+  /// have the attribute.
+  int number(const std::vector<RYXmlWrapperBase>& trees);
   /// Removes the numbers from a tree.
   void remove_numbers(const RYXmlWrapperBase& tree) const;
 

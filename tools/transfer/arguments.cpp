@@ -8,6 +8,7 @@
 
 #include "failure.h"
 #include "losses.h"
+#include "options.h"
 #include "streams.h"
 
 namespace fs = std::filesystem;
@@ -69,7 +70,8 @@ const char* const kHelp =
     "has\n"
     "of these is told on standard error.\n"
     "\n"
-    "The exit status is 0; 1 if only the printing, or a report to a pipe, failed; 2 for a failure; 3 if the\n"
+    "The exit status is 0; 1 if all is written, and only the printing or a report to a pipe failed; 2 for a "
+    "failure; 3 if the\n"
     "trees do not fit: nothing matches, or --strict finds fault. With 2 and 3, one line on standard error "
     "tells\n"
     "why, and RESULT and THEME are untouched.\n";
@@ -122,17 +124,36 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
       files.emplace_back(word);
     } else if (word == "--") {
       options = false;
-    } else if (const auto* const flag = entry(kFlags, word); flag != kFlags.end()) {
-      arguments.*(flag->member) = true;
-    } else if (const auto* const option = entry(kOptions, word); option != kOptions.end()) {
-      arguments.*(option->member) = i + 1 < count ? words[++i] : "";
-      if ((arguments.*(option->member)).empty())
-        throw Failure(std::string(word) + " needs a " + option->needs);
     } else {
-      throw Failure("unknown option '" + std::string(word) + "', try --help");
+      const auto [name, value] = split_option(word);
+      const std::string shown(name);
+      const auto* const flag = entry(kFlags, name);
+      const auto* const option = entry(kOptions, name);
+      if (flag != kFlags.end()) {
+        if (value) throw Failure(shown + " takes no value");
+        arguments.*(flag->member) = true;
+      } else if (option != kOptions.end()) {
+        std::string& text = arguments.*(option->member);
+        if (!text.empty()) throw Failure(shown + " is given twice");
+        text = value ? *value : i + 1 < count ? words[++i] : "";
+        if (text.empty()) throw Failure(shown + " needs a " + option->needs);
+      } else {
+        throw Failure("unknown option '" + shown + "', try --help");
+      }
     }
   }
   return files;
+}
+
+/// Throws a Failure if an option would have no effect.
+void check_options(const Arguments& arguments) {
+  const std::string& prefer = arguments.prefer;
+  if (!prefer.empty() && prefer != "mine" && prefer != "new")
+    throw Failure("--prefer is mine or new, not '" + prefer + "'");
+  if (!prefer.empty() && arguments.base.empty()) throw Failure("--prefer goes with --base");
+  if (arguments.strict && arguments.allow_no_match)
+    throw Failure("--strict and --allow-no-match exclude each other");
+  if (arguments.allow_loss && arguments.result.empty()) throw Failure("--allow-loss goes with a RESULT");
 }
 
 /// Throws a Failure if an output is another file of the command line; only RESULT may be an input.
@@ -181,9 +202,7 @@ Arguments read_arguments(int count, char** words) {
     arguments.theme = fs::path(arguments.result).replace_extension(".theme.xml").string();
   }
   arguments.report = output_name(arguments.report);
-  const std::string& prefer = arguments.prefer;
-  if (!prefer.empty() && prefer != "mine" && prefer != "new") throw Failure("--prefer is mine or new");
-  if (!prefer.empty() && arguments.base.empty()) throw Failure("--prefer goes with --base");
+  check_options(arguments);
   check_files(arguments);
   return arguments;
 }

@@ -181,14 +181,6 @@ const char* name_of(Fate fate) {
   return kNames[static_cast<std::size_t>(fate)];
 }
 
-std::string first_of(const std::vector<std::string>& texts) {
-  constexpr std::size_t kExamples = 4;
-  std::string text;
-  for (std::size_t i = 0; i < texts.size() && i <= kExamples; ++i)
-    text += (i == 0 ? "" : ", ") + (i < kExamples ? texts[i] : "…");
-  return text;
-}
-
 std::string Findings::examples(Fate fate) const {
   std::vector<std::string> texts;
   for (const Finding& finding : list) {

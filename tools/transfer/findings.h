@@ -83,9 +83,6 @@ struct Findings {
   std::string examples(Fate fate) const;
 };
 
-/// The first of the texts: "3, 5, 8, 9, …".
-std::string first_of(const std::vector<std::string>& texts);
-
 /// Tells what became of each harvested value, each node of the target with an ID, and all IDs that are none.
 /// Values that are
 /// as they were are listed only for a report file.

@@ -15,7 +15,7 @@ RYXmlWrapperBase load(const std::string& file, const Arguments& arguments, Progr
   progress.reading(file);
   RYXmlWrapperBase tree = load_tree(file);
   const std::string lost = not_kept();
-  if (!arguments.dry_run) refuse_loss(file, lost, arguments.result, arguments.allow_loss);
+  refuse_loss(file, lost, arguments.result, arguments.allow_loss);
   const bool written = file == arguments.target || same_file(file, arguments.result);
   if (written && !lost.empty()) outcome.losses.push_back(shown_input(file) + ": " + lost);
   return tree;

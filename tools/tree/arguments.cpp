@@ -7,6 +7,7 @@
 
 #include "commands.h"
 #include "failure.h"
+#include "options.h"
 
 namespace {
 
@@ -14,28 +15,34 @@ namespace {
 struct Grammar {
   std::size_t least = 0;  // number of words
   std::size_t most = 0;
-  std::map<std::string, bool> options = {{"--help", false}, {"-h", false}};  // whether a value follows
+  enum class Value { kNone, kOne, kMany };
+  std::map<std::string, Value> options = {{"--help", Value::kNone}, {"-h", Value::kNone}};
 };
 
 /// Reads a usage line. An option has a value unless a bracket closes right after it; a word in brackets may be
-/// left out; one with "…" may be repeated.
+/// left out; one with "…" may be repeated, and so may an option with such a value.
 Grammar read_usage(const std::string& usage) {
   constexpr const char* kBrackets = "[]()|";
   Grammar grammar;
-  bool value_follows = false;
+  std::string option;  // whose value follows
   std::istringstream tokens(usage);
   for (std::string token; tokens >> token;) {
     const std::size_t start = token.find_first_not_of(kBrackets);
     if (start == std::string::npos) continue;
     const std::size_t end = token.find_last_not_of(kBrackets) + 1;
     if (token[start] == '-') {
-      value_follows = end == token.size();
-      grammar.options[token.substr(start, end - start)] = value_follows;
-    } else if (value_follows) {
-      value_follows = false;
+      const std::string name = token.substr(start, end - start);
+      const bool value_follows = end == token.size();
+      grammar.options[name] = value_follows ? Grammar::Value::kOne : Grammar::Value::kNone;
+      option = value_follows ? name : "";
+      continue;
+    }
+    const bool repeated = token.find("…") != std::string::npos;
+    if (!option.empty()) {
+      if (repeated) grammar.options[option] = Grammar::Value::kMany;
+      option.clear();
     } else {
       if (start == 0) ++grammar.least;
-      const bool repeated = token.find("…") != std::string::npos;
       grammar.most = repeated ? std::numeric_limits<std::size_t>::max() : grammar.most + 1;
     }
   }
@@ -54,15 +61,22 @@ std::vector<std::string> Arguments::texts(const std::string& option) const {
 
 int Arguments::number(const std::string& option) const {
   if (!has(option)) throw Failure(option + " is needed");
-  return whole_number(text(option));
+  try {
+    return whole_number(text(option));
+  } catch (const Failure& failure) {
+    throw Failure(option + ": " + failure.what());
+  }
 }
 
 int Arguments::choice(const std::string& option, const std::vector<std::string>& choices,
                       const char* missing) const {
   const std::string chosen = text(option, missing);
   const auto found = std::find(choices.begin(), choices.end(), chosen);
-  if (found == choices.end()) throw Failure(option + " cannot be '" + chosen + "'");
-  return static_cast<int>(found - choices.begin());
+  if (found != choices.end()) return static_cast<int>(found - choices.begin());
+  std::string names;
+  for (std::size_t i = 0; i < choices.size(); ++i)
+    names += (i == 0 ? "" : i + 1 < choices.size() ? ", " : " or ") + choices[i];
+  throw Failure(option + " is " + names + ", not '" + chosen + "'");
 }
 
 std::vector<std::pair<std::string, std::string>> Arguments::assignments(std::size_t first) const {
@@ -90,10 +104,19 @@ Arguments read_arguments(const Command& command, const std::vector<std::string>&
       options = false;
       continue;
     }
-    const auto option = grammar.options.find(word);
-    if (option == grammar.options.end()) throw Failure("unknown option '" + word + "'" + hint);
-    if (option->second && i + 1 == words.size()) throw Failure(word + " needs a value" + hint);
-    arguments.options[word == "-h" ? "--help" : word].push_back(option->second ? words[++i] : "");
+    const auto [view, value] = split_option(word);
+    const std::string name(view);
+    const auto option = grammar.options.find(name);
+    if (option == grammar.options.end()) throw Failure("unknown option '" + name + "'" + hint);
+    std::vector<std::string>& given = arguments.options[name == "-h" ? "--help" : name];
+    if (option->second == Grammar::Value::kNone) {
+      if (value) throw Failure(name + " takes no value" + hint);
+      given.emplace_back();
+      continue;
+    }
+    if (!value && i + 1 == words.size()) throw Failure(name + " needs a value" + hint);
+    if (option->second == Grammar::Value::kOne && !given.empty()) throw Failure(name + " is given twice");
+    given.push_back(value ? *value : words[++i]);
   }
   if (arguments.has("--help")) return arguments;
   if (arguments.words.size() < grammar.least) throw Failure("an argument is missing" + hint);

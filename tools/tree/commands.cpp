@@ -42,8 +42,8 @@ constexpr std::array kCommands = {
         "filter",
         "FILE --data-id N\n"
         "      (--attribute NAME (--text T [--case] [--start] | --match PATTERN [--case]) |\n"
-        "       --include TEXT --include-id N [--include-mode MODE]\n"
-        "       --exclude TEXT --exclude-id N [--exclude-mode MODE])",
+        "       --include TEXT… --include-id N [--include-mode MODE]\n"
+        "       --exclude TEXT… --exclude-id N [--exclude-mode MODE])",
         "removes, of the nodes with the DataID N, those that fail a test\n"
         "\n"
         "A node stays if its attribute NAME\n"
@@ -54,7 +54,9 @@ constexpr std::array kCommands = {
         "  --include TEXT   is among the texts of the nodes with the DataID --include-id:\n"
         "                   MODE all (if not given) of the list, or any of it\n"
         "  --exclude TEXT   is not among those of --exclude-id: MODE any (if not given) of the list, or\n"
-        "                   all of it; or MODE only: no text of --include-id is outside the include list\n",
+        "                   all of it; or, without --exclude, MODE only: no text of --include-id is outside "
+        "the\n"
+        "                   include list\n",
         true, filter},
     Command{"sort", "FILE PATH ATTRIBUTE [--descending]",
             "sorts the children of a node by an int attribute\n"

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <iostream>
 
+#include "columns.h"
 #include "commands.h"
 #include "ids.h"
+#include "nodes.h"
 #include "streams.h"
 #include "table.h"
 #include "terminal.h"
@@ -70,13 +72,36 @@ Row row_of(const rytree::Difference& difference, const Ids& ids) {
   return row;
 }
 
+/// Tells of IDs that nothing can be compared by.
+void warn_of_bad_ids(const Ids& ids, const RYXmlWrapperBase& tree, const std::string& file) {
+  std::vector<std::string> bad;
+  for (const BadId& one : ids.bad_ones(tree)) {
+    if (!rytree::int_attribute_of(one.node, ids.attribute()))
+      bad.push_back(path_of(one.node) + " '" + one.id + "'");
+  }
+  if (bad.empty()) return;
+  std::cerr << "rytree-tree: "
+            << one_line(shown_input(file) + ": " + counted(static_cast<int>(bad.size()), "ID is", "IDs are") +
+                        " of no use: " + first_of(bad))
+            << '\n';
+}
+
 }  // namespace
 
 Outcome diff(Document& document, const Arguments& arguments) {
   const bool by_path = arguments.choice("--by", {"id", "path"}, "id") == 1;
+  if (by_path && arguments.has("--id-attribute")) throw Failure("--id-attribute goes with --by id");
   const RYXmlWrapperBase other = load_tree(arguments.words[1]);
   Ids ids(arguments.text("--id-attribute"));
-  if (!by_path) ids.number({document.root, other});
+  if (!by_path) {
+    const int nodes = ids.number({document.root, other});
+    if (nodes == 0 && arguments.has("--id-attribute")) {
+      throw Failure(shown_input(document.file) + " and " + shown_input(arguments.words[1]) +
+                    ": no node has the attribute '" + arguments.text("--id-attribute") + "'");
+    }
+    warn_of_bad_ids(ids, document.root, document.file);
+    warn_of_bad_ids(ids, other, arguments.words[1]);
+  }
   const std::vector<rytree::Difference> differences =
       by_path ? rytree::differences_by_path(document.root, other)
               : rytree::differences_by_id(document.root, other, ids.argument());

@@ -50,6 +50,8 @@ int run(const std::vector<std::string>& words) {
   }
   if (arguments.has("-o") && arguments.has("--in-place"))
     throw Failure("-o and --in-place exclude each other");
+  if (arguments.has("--allow-loss") && !arguments.has("-o") && !arguments.has("--in-place"))
+    throw Failure("--allow-loss goes with -o or --in-place");
   if (arguments.has("-o") && arguments.text("-o").empty()) throw Failure("a file name is empty");
   if (arguments.has("--in-place") && is_stream(arguments.words[0])) throw Failure("--in-place needs a file");
   if (command->run == diff && is_standard(arguments.words[0]) && is_standard(arguments.words[1]))

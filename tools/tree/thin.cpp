@@ -15,6 +15,14 @@ bool any_of(const Arguments& arguments, std::initializer_list<const char*> optio
                      [&](const char* option) { return arguments.has(option); });
 }
 
+/// Throws NotFound if no node has that DataID.
+void need_id(Document& document, int id) {
+  RYXmlWrapperBase node;
+  if (rytree::int_attribute_of(document.root, "DataID") != id &&
+      !rytree_find_node(&document.root, &node, "DataID", id, /*recursive=*/true, 0, -1))
+    document.miss("no node has the DataID " + std::to_string(id));
+}
+
 /// The tests on one attribute.
 void filter_by_attribute(RYXmlWrapperBase& root, int id, const Arguments& arguments) {
   const bool by_text = arguments.has("--text");
@@ -31,17 +39,31 @@ void filter_by_attribute(RYXmlWrapperBase& root, int id, const Arguments& argume
 }
 
 /// The tests on the texts below a node.
-void filter_by_texts(RYXmlWrapperBase& root, int id, const Arguments& arguments) {
+void filter_by_texts(Document& document, int id, const Arguments& arguments) {
   HostStringArray includes;
   HostStringArray excludes;
   for (const std::string& text : arguments.texts("--include")) includes.array().Add(text.c_str());
   for (const std::string& text : arguments.texts("--exclude")) excludes.array().Add(text.c_str());
+  const bool only = arguments.text("--exclude-mode") == "only";
+  const auto need = [&](const char* option, const char* other) {
+    if (arguments.has(option) && !arguments.has(other))
+      throw Failure(std::string(option) + " goes with " + other);
+  };
+  need("--include-id", "--include");
+  need("--include-mode", "--include");
+  need("--exclude-id", "--exclude");
+  if (only && (arguments.has("--exclude") || !arguments.has("--include")))
+    throw Failure("--exclude-mode only goes with --include, and without --exclude");
+  if (!only) need("--exclude-mode", "--exclude");
   // The choices are in the order of the library's mode numbers.
   const int include_mode = arguments.choice("--include-mode", {"all", "any"}, "all");
   const int exclude_mode = arguments.choice("--exclude-mode", {"only", "any", "all"}, "any");
   const int include_id = arguments.has("--include") ? arguments.number("--include-id") : 0;
   const int exclude_id = arguments.has("--exclude") ? arguments.number("--exclude-id") : 0;
-  rytree_filter(&root, id, include_mode, include_id, &includes, exclude_mode, exclude_id, &excludes);
+  for (const int other : {include_id, exclude_id}) {
+    if (other != 0) need_id(document, other);
+  }
+  rytree_filter(&document.root, id, include_mode, include_id, &includes, exclude_mode, exclude_id, &excludes);
 }
 
 /// Keeps nodes from being taken for empty ones for as long as it lives.
@@ -88,11 +110,13 @@ Outcome removed(Document& document, int before) {
 Outcome filter(Document& document, const Arguments& arguments) {
   const int id = arguments.number("--data-id");
   const int before = document.count();
-  const bool by_texts = any_of(arguments, {"--include", "--exclude"});
+  const bool by_texts = any_of(arguments, {"--include", "--include-id", "--include-mode", "--exclude",
+                                           "--exclude-id", "--exclude-mode"});
   const bool by_attribute = any_of(arguments, {"--attribute", "--text", "--match", "--start", "--case"});
   if (by_texts == by_attribute) throw Failure("a filter has either --attribute, or --include and --exclude");
+  need_id(document, id);
   if (by_texts) {
-    filter_by_texts(document.root, id, arguments);
+    filter_by_texts(document, id, arguments);
   } else {
     filter_by_attribute(document.root, id, arguments);
   }
