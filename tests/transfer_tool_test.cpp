@@ -140,6 +140,12 @@ TEST_F(TransferTool, PageHoldsItAllAndNothingFromElsewhere) {
         "<span class=value>b</span></div>\n"})
     EXPECT_NE(page.find(part), std::string::npos) << part << page;
   EXPECT_EQ(page.find("://"), std::string::npos);
+  std::string many;
+  for (int i = 0; i < 20000; ++i) many += "<W>x</W>";
+  write("big.xml", "<T><A DataID='1'/>" + many + "</T>");
+  ASSERT_EQ(run("s.xml big.xml r.xml --report r.html"), 0) << err;
+  EXPECT_NE(content(work / "r.html").find("<div class=\"line note\">… 20000 nodes not shown</div>"),
+            std::string::npos);
 }
 
 TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {

@@ -1,6 +1,7 @@
 #include "page.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "columns.h"
 #include "nodes.h"
@@ -9,6 +10,12 @@
 #include "streams.h"
 
 namespace {
+
+// What a browser shows without effort. Above that the page is shortened, and says so.
+constexpr int kMostNodes = 20000;
+constexpr int kMostInList = 2000;
+constexpr std::size_t kMostBytesOfTree = 4U << 20U;
+constexpr std::size_t kMostBytesOfText = 4000;
 
 /// A text in HTML. Control characters that a page cannot hold are written as escapes.
 std::string escaped(const std::string& text) {
@@ -44,8 +51,11 @@ std::string escaped(const std::string& text) {
 }
 
 std::string element(const char* tag, const char* css, const std::string& text) {
-  return std::string("<") + tag + (*css == '\0' ? "" : std::string(" class=") + css) + '>' + escaped(text) +
-         "</" + tag + '>';
+  std::size_t end = std::min(text.size(), kMostBytesOfText);
+  while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) --end;
+  return std::string("<") + tag + (*css == '\0' ? "" : std::string(" class=") + css) + '>' +
+         escaped(text.substr(0, end)) +
+         (end < text.size() ? "… (" + std::to_string(text.size()) + " bytes)" : "") + "</" + tag + '>';
 }
 
 std::string shown(const std::optional<std::string>& value) {
@@ -75,9 +85,9 @@ std::string remark(const Finding& finding) {
       return part + ' ' + element("span", "s", "conflict") + ' ' +
              element(
                  "span", "note",
-                 finding.note + ", mine " + shown(finding.new_value) + ", new " + shown(finding.old_value));
+                 finding.note + "; mine: " + shown(finding.new_value) + ", new: " + shown(finding.old_value));
     case Fate::kDefault:
-      return ' ' + element("span", "note", "as the old default");
+      return ' ' + element("span", "note", "the source has the old default");
     case Fate::kNoValue:
       return ' ' + element("span", "note", "no value in the source");
     default:
@@ -91,7 +101,8 @@ class Tree {
   Tree(const Outcome& outcome, std::string& out) : out_(out) {
     const std::vector<Finding>& all = outcome.findings.list;
     end_ = std::find_if(all.begin(), all.end(), [](const Finding& finding) { return finding.row < 0; });
-    next_ = all.begin();
+    next_ = telling_ = all.begin();
+    is_short_ = outcome.result.GetTreeSize() > kMostNodes;
     row_ends_.reserve(static_cast<std::size_t>(outcome.result.GetTreeSize()));
     measure(outcome.result);
   }
@@ -112,13 +123,60 @@ class Tree {
     write_line(node, first);
     out_ += is_branch ? "</summary>\n" : "</div>\n";
     if (!is_branch) return;
-    RYXmlWrapperBase child;
-    for (node.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) write(child);
+    write_children(node);
     out_ += "</details>\n";
+  }
+
+  /// What is not shown of the tree; empty if all is.
+  std::string shortening() const {
+    if (!is_short_ && findings_left_out_ == 0) return "";
+    std::string text =
+        "Of a tree of this size, the page shows only the branches in which something changed or did not fit";
+    if (findings_left_out_ > 0)
+      text += ", and of these " + std::to_string(findings_left_out_) + " findings are left out";
+    return text + ". --report with a FILE that does not end in .html tells all in lines.";
   }
 
  private:
   using Place = std::vector<Finding>::const_iterator;
+
+  static bool tells(const Finding& finding) {
+    return finding.fate != Fate::kUnchanged && finding.fate != Fate::kDefault;
+  }
+
+  void write_children(const RYXmlWrapperBase& node) {
+    int left_out = 0;
+    const auto note = [&] {
+      if (left_out > 0)
+        out_ +=
+            element("div", "\"line note\"", "… " + counted(left_out, "node", "nodes") + " not shown") + '\n';
+      left_out = 0;
+    };
+    RYXmlWrapperBase child;
+    for (node.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) {
+      if (is_left_out()) {
+        left_out += leave_out();
+      } else {
+        note();
+        write(child);
+      }
+    }
+    note();
+  }
+
+  /// Whether the branch that begins at the present row is not shown.
+  bool is_left_out() {
+    if (out_.size() > kMostBytesOfTree) return true;
+    while (telling_ != end_ && (telling_->row < row_ || !tells(*telling_))) ++telling_;
+    return is_short_ && (telling_ == end_ || telling_->row >= row_ends_[static_cast<std::size_t>(row_)]);
+  }
+
+  /// Passes over that branch, and gives the number of its nodes.
+  int leave_out() {
+    const int first = std::exchange(row_, row_ends_[static_cast<std::size_t>(row_)]);
+    for (; next_ != end_ && next_->row < row_; ++next_) findings_left_out_ += tells(*next_) ? 1 : 0;
+    return row_ - first;
+  }
 
   /// Notes for each row where its branch ends.
   void measure(const RYXmlWrapperBase& node) {
@@ -153,9 +211,12 @@ class Tree {
 
   std::string& out_;
   Place next_;
+  Place telling_;  // the next that keeps its branch from being left out
   Place end_;
   int row_ = 0;
   std::vector<int> row_ends_;
+  bool is_short_ = false;
+  int findings_left_out_ = 0;
 };
 
 /// What has no place in the tree.
@@ -167,8 +228,9 @@ void add_list(std::string& out, const Outcome& outcome, Fate fate, const char* h
   if (count == 0) return;
   out += std::string("<details class=list") + (count <= kShort ? " open" : "") + "><summary>" +
          element("h2", "", std::string(heading) + " (" + std::to_string(count) + ')') + "</summary>\n";
+  int room = kMostInList;
   for (const Finding& finding : all) {
-    if (!is_here(finding)) continue;
+    if (!is_here(finding) || --room < 0) continue;
     out += std::string("<div class=\"n line\" data-s=") + name_of(fate) + '>' +
            element("span", "path", finding.path) + ' ' +
            (finding.id.empty() ? "" : element("span", "id", finding.id) + ' ');
@@ -176,6 +238,7 @@ void add_list(std::string& out, const Outcome& outcome, Fate fate, const char* h
     if (!finding.note.empty()) out += ' ' + element("span", "note", finding.note);
     out += "</div>\n";
   }
+  if (room < 0) out += element("div", "\"line note\"", "… and " + std::to_string(-room) + " more") + '\n';
   out += "</details>\n";
 }
 
@@ -216,7 +279,12 @@ std::string page_text(const Arguments& arguments, const Outcome& outcome) {
       "<!DOCTYPE html>\n<html lang=en><head><meta charset=utf-8>\n"
       "<meta name=viewport content=\"width=device-width, initial-scale=1\">\n<title>" +
       title + "</title>\n<style>" + kPageStyle + "</style></head>\n<body>\n<h1>" + title + "</h1>\n";
+  std::string rows;
+  Tree tree(outcome, rows);
+  tree.write(outcome.result);
   add_facts(out, arguments, outcome);
+  if (const std::string shortening = tree.shortening(); !shortening.empty())
+    out += element("p", "facts", shortening) + '\n';
   add_bar(out, outcome.findings);
   out += "<p id=none hidden>Nothing is found.</p>\n";
   add_list(out, outcome, Fate::kNoNode, "No node has this ID");
@@ -225,6 +293,5 @@ std::string page_text(const Arguments& arguments, const Outcome& outcome) {
   add_list(out, outcome, Fate::kNoId, "A value without an ID");
   add_list(out, outcome, Fate::kBadId, "The ID is of no use");
   out += "<section class=tree><h2>The result</h2>\n";
-  Tree(outcome, out).write(outcome.result);
-  return out + "</section>\n<script>" + kPageScript + "</script>\n</body></html>\n";
+  return out + rows + "</section>\n<script>" + kPageScript + "</script>\n</body></html>\n";
 }
