@@ -1,8 +1,8 @@
 // Trees as deep as can be, on a small stack, and wide ones, whose cost grows in step with their size.
 #include <rytree_Utils.h>
 
-#include <chrono>
 #include <climits>
+#include <ctime>
 
 #include "call_arguments.h"
 
@@ -35,7 +35,7 @@ TEST(DeepTrees, AreWalkedOnASmallStack) {
 TEST(WideTrees, CostInStepWithTheirSize) {
   constexpr int kCount = 100'000;
   constexpr int kVariables = 20'000;
-  const auto start = std::chrono::steady_clock::now();
+  const std::clock_t start = std::clock();  // of the processor: other programs may be busy
   RYXmlWrapperBase wide = parse("<R/>");
   RYXmlWrapperBase target = parse("<R/>");
   for (int i = 0; i < kCount; ++i) {
@@ -58,5 +58,5 @@ TEST(WideTrees, CostInStepWithTheirSize) {
                                    0);
   EXPECT_EQ(target.GetNodeCount(), kVariables);
   EXPECT_NE(text(at(target, {kVariables - 1, 5})).find(">7<"), std::string::npos);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 20);
 }
