@@ -70,16 +70,21 @@ const char* Call::take(Type<const char*>) {
   return scene_.file(&contents);
 }
 
-// Some are in strings and arrays that the call may fill.
+// Many are in strings and arrays that the call may fill, most often in those that it was already given.
 const char* Call::any_text() {
   switch (program_->byte() % 8) {
     case 0:
       return nullptr;
-    case 1:
-      return pick(scene_.slots<CString>());
-    case 2: {
-      CStringArray& array = pick(scene_.slots<HostStringArray>()).array();
-      return array.GetAt(array.IsEmpty() ? 0 : static_cast<int>(program_->byte()) % array.GetSize());
+    case 1: {
+      CString& text = pick_given(scene_.slots<CString>());
+      if (text.IsEmpty()) text = program_->pick(words());
+      return text;
+    }
+    case 2:
+    case 5: {
+      CStringArray& array = pick_given(scene_.slots<HostStringArray>()).array();
+      if (array.IsEmpty()) array.Add(program_->pick(words()));
+      return array.GetAt(static_cast<int>(program_->byte()) % array.GetSize());
     }
     case 3:
       return scene_.keep(std::string(program_->byte() * 20, 'x'));

@@ -110,6 +110,11 @@ class Call {
     slots.used = std::max(slots.used, place + 1);
     return slots.all[place];
   }
+  template <class T>
+  T& pick_given(Slots<T>& slots) {
+    return slots.used == 0 ? pick(slots)
+                           : slots.all[program_->byte() % std::min(slots.used, slots.all.size())];
+  }
   long long number();
   const char* any_text();
 
