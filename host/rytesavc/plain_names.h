@@ -4,7 +4,9 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "rytree_host/detail/tree_store.h"
 #include "xml_builder.h"
@@ -61,6 +63,29 @@ class KnownName {
   std::size_t length_ = 0;
   const Name* name_ = nullptr;
   char quote_ = 0;
+};
+
+// The names of attributes that were read last. Which of them comes next is guessed first from its place among the
+// attributes of a tag, and then from its first bytes.
+class KnownNames {
+ public:
+  KnownNames() { last_.fill(all_.data()); }
+
+  static std::size_t Next(std::size_t place) { return (place + 1) % kPlaces; }
+  KnownName* Last(std::size_t place) const { return last_[place]; }
+  // From now on this is the last one at the place. Names with the same first bytes are kept apart at different places.
+  KnownName* Guess(const char* at, std::size_t place) {
+    constexpr std::uint32_t kSpread = 0x9E3779B1;
+    const auto start = static_cast<std::uint32_t>(LoadWord(at) & 0xFFFFFF);
+    return last_[place] = &all_[(start * kSpread >> (32 - kBits)) ^ place];
+  }
+
+ private:
+  static constexpr std::size_t kPlaces = 8;
+  static constexpr unsigned kBits = 4;
+
+  std::array<KnownName, std::size_t{1} << kBits> all_;
+  std::array<KnownName*, kPlaces> last_;
 };
 
 }  // namespace rytesavc

@@ -41,9 +41,7 @@ bool IsReservedTarget(std::string_view target) {
 class Reader {
  public:
   Reader(XmlInput& input, XmlBuilder& builder, std::size_t piece)
-      : input_(input), builder_(builder), tree_(builder.tree()), piece_(piece) {
-    last_names_.fill(known_names_.data());
-  }
+      : input_(input), builder_(builder), tree_(builder.tree()), piece_(piece) {}
 
   bool Read();
 
@@ -60,10 +58,10 @@ class Reader {
   bool IsLayout(char next) const;
   char* CData(char* at);
   char* StartTag(char* at);
-  char* ShortText(char* at, const NameText& tag, rytesavc::Value& text);
+  char* ShortText(char* at, const NameText& tag, Value& text);
   bool AttributeName(const char* at, KnownName& known);
   template <char kQuote>
-  char* Value(char* at, const Name* name);
+  char* AttributeValue(char* at, const Name* name);
   template <char kQuote>
   char* LongValue(char* at, const Name* name);
   DecodedText Decoded(TextKind kind, const char* text, char* from);
@@ -102,15 +100,7 @@ class Reader {
   std::size_t decoded_room_ = 0;
   char* decoded_end_ = nullptr;
 
-  // The names of attributes that were read before. Which one comes next is guessed from the place among the attributes of
-  // a tag, and then from the first bytes.
-  KnownName* NameNear(const char* at, std::size_t place) {
-    constexpr std::uint32_t kSpread = 0x9E3779B1;
-    const auto start = static_cast<std::uint32_t>(LoadWord(at) & 0xFFFFFF);
-    return &known_names_[(start * kSpread >> 28) ^ place];
-  }
-  std::array<KnownName, 16> known_names_;
-  std::array<KnownName*, 8> last_names_;  // at each place
+  KnownNames names_;  // of attributes
 };
 
 bool Reader::Read() {
@@ -251,39 +241,39 @@ char* Reader::StartTag(char* at) {
     if (tag == nullptr) return Refuse();
   }
   builder_.Begin();
-  for (std::size_t place = 0; IsXmlBlank(*at); place = (place + 1) % last_names_.size()) {
+  for (std::size_t place = 0; IsXmlBlank(*at); place = KnownNames::Next(place)) {
     at = SkipBlanks(at + 1);
-    KnownName* known = last_names_[place];
+    KnownName* known = names_.Last(place);
     if (!known->IsAt(at)) {
       if (*at == '/' || *at == '>') break;
-      known = last_names_[place] = NameNear(at, place);
+      known = names_.Guess(at, place);
       if (!known->IsAt(at) && !AttributeName(at, *known)) return nullptr;
     }
     at += known->length();
     const Name* const attribute = known->name();
-    at = at[-1] == '"' ? Value<'"'>(at, attribute) : Value<'\''>(at, attribute);
+    at = at[-1] == '"' ? AttributeValue<'"'>(at, attribute) : AttributeValue<'\''>(at, attribute);
     if (at == nullptr) return nullptr;
   }
   const bool closed = *at == '/';
   if (closed) ++at;
   if (*at != '>') return Stop(at);
   ++at;
-  rytesavc::Value text;
+  Value text;
   char* const end = closed ? at : ShortText(at, name, text);
   if (end == nullptr) return builder_.Start(tag) ? at : Refuse();
   return builder_.Leaf(tag, text) ? end : Refuse();
 }
 
 // Most elements end right after a short text, often an int: gives the place after the end tag then, else null.
-[[gnu::always_inline]] inline char* Reader::ShortText(char* at, const NameText& tag, rytesavc::Value& text) {
+[[gnu::always_inline]] inline char* Reader::ShortText(char* at, const NameText& tag, Value& text) {
   int number = 0;
   std::size_t length = PlainIntAt(at, number);
   const bool is_int = length != 0 && at[length] == '<';
   if (!is_int) length = FirstStop<0x20, '<', '&', ']'>(at);
-  if (at[length] != '<' || at[length + 1] != '/' || length > rytesavc::Value::kInPlace ||
+  if (at[length] != '<' || at[length + 1] != '/' || length > Value::kInPlace ||
       !builder_.StoresTextsAsTheyAre())
     return nullptr;
-  text = is_int ? rytesavc::Value(number) : rytesavc::Value(length, TextWords::OfPadded(at, length));
+  text = is_int ? Value(number) : Value(length, TextWords::OfPadded(at, length));
   return PlainEnd(tag, at + length + 2);
 }
 
@@ -299,13 +289,13 @@ char* Reader::StartTag(char* at) {
 }
 
 template <char kQuote>
-[[gnu::always_inline]] inline char* Reader::Value(char* at, const Name* name) {
+[[gnu::always_inline]] inline char* Reader::AttributeValue(char* at, const Name* name) {
   int number = 0;
   const std::size_t digits = PlainIntAt(at, number);
-  if (digits != 0 && at[digits] == kQuote && builder_.ShortAttribute(name, rytesavc::Value(number)))
+  if (digits != 0 && at[digits] == kQuote && builder_.ShortAttribute(name, Value(number)))
     return at + digits + 1;
   const std::size_t length = FirstStop<0x20, kQuote, '&', '<'>(at);
-  if (at[length] == kQuote && length <= rytesavc::Value::kInPlace &&
+  if (at[length] == kQuote && length <= Value::kInPlace &&
       builder_.ShortAttribute(name, {length, TextWords::OfPadded(at, length)}))
     return at + length + 1;
   return LongValue<kQuote>(at, name);
@@ -319,7 +309,7 @@ template <char kQuote>
     value = Decoded(kQuote == '"' ? TextKind::kQuoted : TextKind::kInApostrophes, at, end);
   if (*value.end != kQuote) return Stop(value.end);
   const std::size_t length = value.text.size();
-  if (length <= rytesavc::Value::kInPlace &&
+  if (length <= Value::kInPlace &&
       builder_.ShortAttribute(name, {length, TextWords::OfPadded(value.text.data(), length)}))
     return value.end + 1;
   return builder_.Attribute(name, value.text) ? value.end + 1 : Refuse();
