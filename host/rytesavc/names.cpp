@@ -25,6 +25,24 @@ constexpr auto kNameCharacters = [] {
   return kinds;
 }();
 
+// Whether these are up to eight ASCII letters and digits, with zeros after them.
+bool AreLettersAndDigits(std::size_t length, Word text) {
+  constexpr Word kHigh = EachByte(0x80);
+  // The high bit of each byte in the range, if all are ASCII.
+  const auto in = [](Word bytes, unsigned char first, unsigned char last) {
+    return (bytes + EachByte(0x80 - first)) ^ (bytes + EachByte(0x7F - last));
+  };
+  const Word right = in(text | EachByte(0x20), 'a', 'z') | in(text, '0', '9');
+  return (text & kHigh) == 0 && (~right & kFirstBytes[length].low & kHigh) == 0;
+}
+
+// The most common names: a letter, then letters and digits.
+bool IsUsualName(std::size_t length, const TextWords& words) {
+  if (length > TextWords::kBytes || (words.low & 0x40) == 0) return false;
+  return AreLettersAndDigits(std::min(length, sizeof(Word)), words.low) &&
+         (length <= sizeof(Word) || AreLettersAndDigits(length - sizeof(Word), words.high));
+}
+
 // Whether the XML parser accepts the name. Asked only for names beyond ASCII, once for each name of a tree.
 bool ParsesAsName(std::string_view name) {
   const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate("UTF-8"),
@@ -74,7 +92,7 @@ std::uint32_t Tree::HashLong(std::string_view name) {
 }
 
 const Name* Tree::InternNew(std::string_view name, const TextWords& words, std::uint32_t hash) {
-  return IsName(name) ? AddName(name, words, hash) : nullptr;
+  return IsUsualName(name.size(), words) || IsName(name) ? AddName(name, words, hash) : nullptr;
 }
 
 // Most nodes of a branch that is copied share a few names: each is looked up once in a copy.
