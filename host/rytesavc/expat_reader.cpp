@@ -214,7 +214,9 @@ void Reader::Start(const char* tag, const char** attributes) {
     XML_SetDefaultHandlerExpand(parser_.get(), nullptr);
     CheckEntities();
   }
-  Check(builder_.Start(builder_.tree().Intern(tag)));
+  Node* const element = builder_.Element(builder_.tree().Intern(tag));
+  Check(element != nullptr);
+  if (element != nullptr) builder_.Open(element);
   Count(bytes);
 }
 

@@ -260,8 +260,11 @@ char* Reader::StartTag(char* at) {
   ++at;
   Value text;
   char* const end = closed ? at : ShortText(at, name, text);
-  if (end == nullptr) return builder_.Start(tag) ? at : Refuse();
-  return builder_.Leaf(tag, text) ? end : Refuse();
+  Node* const element = builder_.Element(tag);
+  if (element == nullptr) return Refuse();
+  if (end == nullptr) return builder_.Open(element), at;
+  element->text = text;
+  return end;
 }
 
 // Most elements end right after a short text, often an int: gives the place after the end tag then, else null.

@@ -87,15 +87,8 @@ bool XmlBuilder::MayStart(const Name* tag) {
   return problem == nullptr || Refuse(problem);
 }
 
-bool XmlBuilder::Start(const Name* tag) {
-  const bool inherited = is_open() && innermost_->keeps_space;
-  Node* const node = NewElement(tag);
-  if (node == nullptr) return false;
-  const Name* const space = tree_.space_name();
-  const bool keeps_space = space != nullptr ? KeepsWhiteSpace(*node, space, inherited) : inherited;
-  *++innermost_ = {node, run_, escaped_, keeps_space, false};
-  ++depth_;
-  return true;
+bool XmlBuilder::KeepsSpace(const Node& element, bool inherited) const {
+  return KeepsWhiteSpace(element, tree_.space_name(), inherited);
 }
 
 // The long values, and those that must be converted.
@@ -113,7 +106,7 @@ bool XmlBuilder::PutLongValues(Node* node) {
   return true;
 }
 
-bool XmlBuilder::EndWithText(Open& element) {
+bool XmlBuilder::EndWithText(OpenElement& element) {
   if (element.node->first != nullptr && !IsRunEmpty()) EndRun(element);
   run_ = element.start;
   if (text_.size() == element.start) return true;
@@ -126,14 +119,14 @@ bool XmlBuilder::EndWithText(Open& element) {
 // ---- Texts.
 
 bool XmlBuilder::LastText(std::string_view text) {
-  const Open& element = *innermost_;
+  const OpenElement& element = *innermost_;
   if (element.node->first != nullptr || text_.size() != element.start) return Text(text), true;
   return PutText(element.node->text, text, element.escaped);
 }
 
 // Ends the text between two tags of a branch. Nothing but white space is layout; the place of what comes after a child
 // is lost.
-void XmlBuilder::EndRun(Open& element) {
+void XmlBuilder::EndRun(OpenElement& element) {
   const auto start = text_.begin() + static_cast<std::ptrdiff_t>(run_);
   if (!element.keeps_space && std::all_of(start, text_.end(), IsXmlBlank)) text_.erase(start, text_.end());
   if (!IsRunEmpty() && element.node->first != nullptr && !std::exchange(element.mixed, true))

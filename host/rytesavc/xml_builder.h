@@ -55,8 +55,8 @@ class XmlBuilder {
   // The first character of the text that the page of the strings lacks, null for none.
   const char* FindLacking(std::string_view utf8) const;
 
-  // A start tag: Begin, an Attribute for each, Start or Leaf. The values must stay where they are until then. Without
-  // the last nothing is made.
+  // A start tag: Begin, an Attribute for each, Element. The values must stay where they are until then. Without the last
+  // nothing is made.
   void Begin() {
     attributes_end_ = attributes_;
     has_long_ = false;
@@ -82,13 +82,18 @@ class XmlBuilder {
     attribute->value = value;
     return true;
   }
-  // A tag of null is not a name.
-  bool Start(const Name* tag);
-  // The whole of an element that has only a short text, which must be stored as it is if it is not empty.
-  bool Leaf(const Name* tag, const Value& text);
+  // Null if it must be refused, as for a tag of null, which is not a name. Unless it has no more than a text, the
+  // element must be opened.
+  Node* Element(const Name* tag);
+  void Open(Node* element) {
+    const bool inherited = is_open() && innermost_->keeps_space;
+    const bool keeps_space = tree_.space_name() != nullptr ? KeepsSpace(*element, inherited) : inherited;
+    *++innermost_ = {element, run_, escaped_, keeps_space, false};
+    ++depth_;
+  }
   bool StoresTextsAsTheyAre() const { return !escaped_ && page_ == nullptr; }
   bool End() {
-    Open& element = *innermost_--;
+    OpenElement& element = *innermost_--;
     --depth_;
     if (text_.size() != element.start) return EndWithText(element);
     run_ = element.start;
@@ -106,7 +111,7 @@ class XmlBuilder {
   // A name with a stamp that makes every attribute of that name an odd one.
   static constexpr Name kOddName{0, 0, ~std::uint64_t{0}};
 
-  struct Open {
+  struct OpenElement {
     Node* node;
     std::size_t start;  // where its text starts in text_
     bool escaped;
@@ -123,12 +128,12 @@ class XmlBuilder {
   void GrowAttributes();
   bool LongValue(Value& value, std::string_view text);
   bool MayStart(const Name* tag);
-  Node* NewElement(const Name* tag);
+  bool KeepsSpace(const Node& element, bool inherited) const;
   bool PutAttributes(Node* node);
   bool PutLongValues(Node* node);
-  bool EndWithText(Open& element);
+  bool EndWithText(OpenElement& element);
   bool IsRunEmpty() const { return run_ == text_.size(); }
-  void EndRun(Open& element);
+  void EndRun(OpenElement& element);
   bool PutText(Value& value, std::string_view text, bool escaped);
   bool PutConverted(Value& value, std::string_view text, bool escaped);
   bool AppendInPage(std::string_view utf8);
@@ -160,8 +165,8 @@ class XmlBuilder {
   const Name not_a_name_ = kOddName;
 
   // From the top element, which is the second, to the innermost open one.
-  std::array<Open, Tree::kMaxDepth + 1> open_;
-  Open* innermost_ = open_.data();
+  std::array<OpenElement, Tree::kMaxDepth + 1> open_;
+  OpenElement* innermost_ = open_.data();
 };
 
 [[gnu::always_inline]] inline bool XmlBuilder::PutAttributes(Node* node) {
@@ -171,7 +176,7 @@ class XmlBuilder {
   return (!has_long_ && StoresTextsAsTheyAre()) || PutLongValues(node);
 }
 
-[[gnu::always_inline]] inline Node* XmlBuilder::NewElement(const Name* tag) {
+[[gnu::always_inline]] inline Node* XmlBuilder::Element(const Name* tag) {
   const bool is_usual = depth_ <= Tree::kMaxDepth && tag != nullptr && page_ == nullptr;
   if (!is_usual && !MayStart(tag)) [[unlikely]]
     return nullptr;
@@ -183,12 +188,6 @@ class XmlBuilder {
     top_ = node;
   }
   return attributes_end_ == attributes_ || PutAttributes(node) ? node : nullptr;
-}
-
-[[gnu::always_inline]] inline bool XmlBuilder::Leaf(const Name* tag, const Value& text) {
-  Node* const node = NewElement(tag);
-  if (node != nullptr) node->text = text;
-  return node != nullptr;
 }
 
 }  // namespace rytesavc
