@@ -1,24 +1,10 @@
 // Marking what was edited, undoing it, and putting one branch back to what it was.
 #include <rytree_Utils.h>
+#include <rytree_Utils/extras.h>
 
 #include "common/show.h"
 
 namespace {
-
-// [undo]
-/// Puts every node below that is marked as changed back to its old text.
-void undo(RYXmlWrapperBase& node) {
-  RYXmlWrapperBase child;
-  for (node.FirstChild(child); child.IsNodeValid() != 0; child.NextSibling(child)) {
-    CString old;
-    if (child.GetPropertyValue("OldValue", old) != 0) {
-      child.NodeValue(old, /*get=*/0, 1, nullptr);
-      rytree_node_changed(&child, /*set=*/1, /*oldValue=*/nullptr);  // takes the mark off
-    }
-    undo(child);
-  }
-}
-// [undo]
 
 void edit(RYXmlWrapperBase& root, int id, const char* text) {
   RYXmlWrapperBase node;
@@ -45,9 +31,11 @@ int main() {
   const int marked = VCTreeUpdateChanges(&plot, &saved);
   // [mark]
   show("marked", plot);
-  undo(plot);
+  // [undo]
+  const int undone = rytree::undo_changes(plot);
+  // [undo]
   show("undone", plot);
-  std::printf("%d nodes had been changed\n", marked);
+  std::printf("%d of %d changed nodes\n", undone, marked);
 
   // [restore]
   RYXmlWrapperBase line;
@@ -56,7 +44,7 @@ int main() {
   line.Clone(copy, 1);
   edit(plot, 11, "8");
   edit(plot, 12, "Growth");
-  rytree_copy_values_by_id(&copy, &line, 0, nullptr, nullptr, 0, 0, 0);
+  rytree::restore(line, copy);
   // [restore]
   show("restored", plot);
 }

@@ -1,7 +1,9 @@
 // Which of the saved values found no place in the new tree, and which of its nodes got none.
 #include <rytree_Utils.h>
+#include <rytree_Utils/extras.h>
 
 #include <set>
+#include <vector>
 
 #include "common/show.h"
 
@@ -32,18 +34,17 @@ int main() {
   for (int i = 0; i < ids.GetSize(); ++i) std::printf("0x%05X  %s\n", ids[i], values[i].GetString());
 
   // [unmatched]
-  CArray<int, int> places;
-  CStringArray present;
-  vctree_get_values_with_ids(&fresh, &places, &present, 1, 0, 0, nullptr, /*allBranches=*/1, nullptr);
-  const std::set<int> known(places.begin(), places.end());
-  const std::set<int> given(ids.begin(), ids.end());
-  const int matched = vctree_set_values_by_ids(&fresh, &ids, &values, 0, nullptr, 0, nullptr, nullptr);
+  rytree::ValueList list;
+  vctree_get_values_with_ids(&saved, &list.ids, &list.values, 1, 0, 0, nullptr, 0, nullptr);
+  const rytree::Applied applied = rytree::apply_values(fresh, list);
+
+  const std::set<int> given(list.ids.begin(), list.ids.end());
+  std::vector<int> without_value = rytree::NodesById(fresh).ids();
+  std::erase_if(without_value, [&](int id) { return given.contains(id); });
   // [unmatched]
   show("after", fresh);
   heading("unmatched");
-  std::printf("%d values written\n", matched);
-  for (const int id : given)
-    if (!known.contains(id)) std::printf("0x%05X has no node\n", id);
-  for (const int id : known)
-    if (!given.contains(id)) std::printf("0x%05X has no value\n", id);
+  std::printf("%d values written\n", applied.matched);
+  for (const int id : applied.unmatched) std::printf("0x%05X has no node\n", id);
+  for (const int id : without_value) std::printf("0x%05X has no value\n", id);
 }
