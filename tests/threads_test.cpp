@@ -8,6 +8,7 @@
 #include <chrono>
 #include <thread>
 
+#include "frame/range_label.h"
 #include "fuzz/calls/call.h"
 #include "tree_text.h"
 
@@ -79,6 +80,20 @@ TEST(Threads, CallEveryExportOnTreesOfTheirOwn) {
       EXPECT_EQ(shown[i], expected[i]) << calls::opcodes()[i].name;
     }
   }
+}
+
+// The barrier above and the lock would hide a read in the wrong order: here nothing but the label itself gives one.
+TEST(Threads, SeeTheLabelThatAnotherFetched) {
+  std::atomic<bool> fetched = false;
+  std::string seen;
+  std::thread late([&] {
+    while (!fetched.load(std::memory_order_relaxed)) std::this_thread::yield();
+    seen = VCTreeRangeLabelText();
+  });
+  const std::string label = VCTreeRangeLabelText();
+  fetched.store(true, std::memory_order_relaxed);
+  late.join();
+  EXPECT_EQ(seen, label);
 }
 
 /// The labels of a table that has the columns of data, ranges and weights.
