@@ -52,6 +52,10 @@ TEST(CopyById, CopiesAndPrunes) {
     whole | <R><B #2 ^1><a #3>v</a></B></R> | <R/> | 1 | <R><B Label='' #2>-1</B><a Label='' #3/></R>
     whole | <R><a #5/><B #-1><a #5/></B></R> | <R><B><a #9/></B></R> | -5 | \
         <R><B><a #9/></B><a Label='' #5/><B Label='' #-1/></R>
+    // The first is known also after many.
+    whole | <R><a #1/><a #2/><a #3/><a #4/><a #5/><a #6/><a #7/><a #8/><a #9/><a #1/></R> | <R/> | -1 | \
+        <R><a Label='' #1/><a Label='' #2/><a Label='' #3/><a Label='' #4/><a Label='' #5/><a Label='' #6/> \
+        <a Label='' #7/><a Label='' #8/><a Label='' #9/></R>
     atts p - - q 0 | <R><a #1 p='1'/><B #2 q='2'><a #3 p='' q=''/></B></R> | \
         <R><a #1 q='0'/><a #2 p='0'/><a #3 p='0'/></R> | 0 | <R><a #1 p='1'/><a #2 q='2'/><a #3 p='0'/></R>
     atts - No To q 0 | <R><a #5 No='1' p='1' q='2'/></R> | <R><a To='1' p='0'>x</a><a #1 No='1'/></R> | 0 | \

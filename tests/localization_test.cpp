@@ -51,6 +51,7 @@ TEST(Localization, ModuleIsKeptUntilTheRelease) {
     VCTreeAccessBlockLocalization(&block, false);
     EXPECT_STREQ(report_localized_text("Range"), "Range call 1, 32768, 0");
     EXPECT_STREQ(report_localized_text("nothing for this one"), "");
+    EXPECT_EQ(report_localized_text("no end").GetLength(), 32767);
     report_release_localization();
     EXPECT_FALSE(is_loaded(module_of("present")));
     RYXmlWrapperBase table = parse("<T/>");

@@ -20,7 +20,7 @@ std::string attributes(std::size_t count) {
 
 // Between them they have all that plain files can have.
 const std::string kTexts[] = {
-    "\xEF\xBB\xBF<?xml version=\"1.0\" encoding='utf-8' standalone = 'yes' ?>\r\n<a/> <!----><?q?>",
+    "\xEF\xBB\xBF<?xml version=\"1.0\" encoding='uTF-8' standalone = 'yes' ?>\r\n<a/> <!----><?q?>",
     "<?xml\tversion='1.0'?><?xml-p?><?p a?b>?><!--\xC3\xA9--><a><?p \xC3\xA9?><!---\t- --></a>\n\r",
     "<a b='1' c=\"'>&lt;&#10;\" d = '&quot;\t\r\n\r\xE2\x82\xAC' e=\"\"><b c='x' b=\"y\"/><b f='2' /></a >",
     "<a>\n        <b>1\r\n2\r3</b>\r\n  \n<c> \r </c>\t<d>\n</d> \n</a>",

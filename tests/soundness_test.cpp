@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "host/rytesavc/node_access.h"
 #include "tree_text.h"
 
@@ -5,6 +7,7 @@ namespace {
 
 using rytesavc::Node;
 using rytesavc::Tree;
+using rytesavc::Value;
 
 struct Inside {
   Tree& tree;
@@ -18,7 +21,7 @@ RYXmlWrapperBase sample() {
   const std::string large(600, 'x');
   RYXmlWrapperBase tree =
       parse("<R a=\"a text of some length\" b=\"2\"><B c=\"" + large +
-            "\"><L>the text of a leaf</L><M d=\"short\"/></B><E/><F/><gone><x/></gone></R>");
+            "\"><L>the text of a leaf</L><M d=\"twelve bytes\"/></B><E/><F/><gone><x/></gone></R>");
   RYXmlWrapperBase node;
   tree.GetChild(node, 3);
   node.RemoveNode();
@@ -56,6 +59,20 @@ TEST(Soundness, TellsEveryKindOfFault) {
       {"two things are in one place", [](I in) { in.leaf.text = in.root.attributes[0].value; }},
       {"a block is lost", [](I in) { in.leaf.text = {}; }},
       {"a block is lost", [](I in) { in.root.attribute_capacity = in.root.attribute_count = 0; }},
+      {"a value is of no kind", [](I in) { std::memset(static_cast<void*>(&in.leaf.text), 3, 1); }},
+      {"a short text is too long", [](I in) { std::memset(static_cast<void*>(&in.leaf.text), 13 << 2, 1); }},
+      {"a long text has the wrong length",
+       [](I in) { in.leaf.text = Value(12, in.leaf.text.long_chars(), in.leaf.text.capacity()); }},
+      {"a long text has the wrong length",
+       [](I in) {
+         in.leaf.text =
+             Value(in.leaf.text.capacity() + 1, in.leaf.text.long_chars(), in.leaf.text.capacity());
+       }},
+      {"a large block has another size",
+       [](I in) {
+         Value& large = in.branch.attributes[0].value;
+         large = Value(590, large.long_chars(), large.capacity() - 1);
+       }},
       {"a large block is lost", [](I in) { in.branch.attributes[0].value = {}; }},
       {"a child that was looked up is at another place",
        [](I in) {
