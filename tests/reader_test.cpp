@@ -88,7 +88,7 @@ TEST(PlainReader, ChecksCharactersWhereverTheyAre) {
       "\xF4\x90\x80\x80 \xFF");
   for (std::string character; all >> character;) {
     for (int before = 0; before <= 20; ++before) {
-      std::string text(before % 2, 'x');
+      std::string text(static_cast<std::size_t>(before % 2), 'x');
       for (int i = 0; i < before / 2; ++i) text += "\xD1\x8F";
       text += character + "\xD1\x8F";
       for (const std::string& xml :
