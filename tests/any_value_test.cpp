@@ -13,6 +13,7 @@
 #include <random>
 #include <set>
 
+#include "failure.h"
 #include "scratch_folder.h"
 #include "tree_text.h"
 

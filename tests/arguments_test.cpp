@@ -153,6 +153,17 @@ TEST_F(Arguments, TextWithNulStaysWhole) {
   EXPECT_NE(made.FindChild("WeightData", made, 1), 0);
   EXPECT_EQ(read(made, nullptr), whole);
 
+  RYXmlWrapperBase marked = parse("<R><A>one</A></R>");
+  EXPECT_EQ(rytree_update_changes(&marked, &texts), 1);
+  EXPECT_EQ(read(at(marked, {0}), "OldValue"), whole);
+
+  RYXmlWrapperBase base =
+      parse_ids(R"(<R><a #1 _NodeEscape='1'>x\00y</a><a #2 _NodeEscape='1'>x\00y</a></R>)");
+  RYXmlWrapperBase now =
+      parse_ids(R"(<R><a #1 _NodeEscape='1'>X\00Y</a><a #2 _NodeEscape='1'>x\00z</a></R>)");
+  EXPECT_EQ(rytree_remove_unchange_nodes_by_id(&base, &now, nullptr, nullptr), 1);
+  EXPECT_EQ(text(now), R"(<R><a _NodeEscape="1" DataID="2">x\00z</a></R>)");
+
   report_update_input_data_table(&tree, 0, 1, 0, 1, nullptr, &labels, 0, nullptr, nullptr, 0);
   EXPECT_EQ(read(at(tree, {2}), "SubHeader0"), whole);
 }

@@ -32,7 +32,6 @@ TEST(Changes, NodesAreMarkedAgainstAList) {
       A,,c,d,e | 1 | <R>r<A OldValue='A'>a</A><B>b<C>c</C></B><D>d</D></R>
       a,b      | 1 | <R>r<A>a</A><B OldValue='b'>b<C>c</C></B><D>d</D></R>
       ,,x      | 2 | <R>r<A OldValue=''>a</A><B>b<C OldValue='x'>c</C></B><D>d</D></R>
-      a0b      | 1 | <R>r<A OldValue='a\00b' _NodeEscape='1'>a</A><B>b<C>c</C></B><D>d</D></R>
                | 0 | <R>r<A>a</A><B>b<C>c</C></B><D>d</D></R>)")) {
     Texts saved(strings);
     EXPECT_EQ(rytree_update_changes(&tree, &saved), std::stoi(changed));

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+#include "failure.h"
 #include "scratch_folder.h"
 #include "tree_text.h"
 

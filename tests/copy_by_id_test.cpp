@@ -66,9 +66,6 @@ TEST(CopyById, CopiesAndPrunes) {
     atts 0 - - - 0 | <R><a #1 p='1' q='5'/></R> | <R><a #1/></R> | 0
     atts - - - q 2 | <R><a #1 p='1' q='5'/></R> | <R><a #1/></R> | 0
     prune - - | <R><a/></R> | <R><a #1>x</a></R> | 0
-    prune - - | <R><a #1 _NodeEscape='1'>x\00y</a><a #2 _NodeEscape='1'>x\00y</a></R> | \
-        <R><a #1 _NodeEscape='1'>X\00Y</a><a #2 _NodeEscape='1'>x\00z</a></R> | 1 | \
-        <R><a #2 _NodeEscape='1'>x\00z</a></R>
     prune No To | <R><a #5 No='1'>x</a></R> | <R><a To='1'>x</a><a #1 No='1'>x</a></R> | 1 | \
         <R><a #1 No='1'>x</a></R>
     prune - - | <R><B #-2 Use='x'><a/></B></R> | <R><a #-2>x</a></R> | 0

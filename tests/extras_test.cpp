@@ -6,6 +6,7 @@
 #include <fstream>
 #include <random>
 
+#include "failure.h"
 #include "scratch_folder.h"
 #include "tree_text.h"
 

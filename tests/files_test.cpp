@@ -3,6 +3,7 @@
 
 #include <thread>
 
+#include "failure.h"
 #include "scratch_folder.h"
 #include "tree_text.h"
 

@@ -88,7 +88,8 @@ class Trees {
 /// the nodes lie in one tree and whether each is the root or its first child.
 void agree(const Node& first, const Node& second, int form, const Matching& rule) {
   const auto run = [&](bool slowly) {
-    Node roots[] = {parse(text(first)), parse(text(second))};
+    Node roots[2];
+    first.Clone(roots[0], 0), second.Clone(roots[1], 0);
     if ((form & 1) != 0) roots[1] = roots[0];
     Node nodes[] = {roots[0], roots[1]};
     for (const int side : {0, 1}) {

@@ -151,14 +151,6 @@ inline std::string listed(const CStringArray& texts) {
   return all;
 }
 
-/// Why the last load, save or parse of this thread failed, with its line, column and byte offset.
-inline std::string failure() {
-  const auto [why, line, column, offset] = RYXmlWrapperBase::LastFailure();
-  std::ostringstream all;
-  all << why << " " << line << ":" << column << " " << offset;
-  return all.str();
-}
-
 /// The text of the node itself.
 inline std::string own_text(RYXmlWrapperBase node) {
   CString read;
