@@ -30,8 +30,8 @@ void put(Node& node, const char* text) { node.SetPropertyValue("x", text), node.
 TEST(NodeValues, ReadIntsFromTheseTexts) {
   constexpr int kUnread = 77;
   const std::map<int, std::vector<const char*>> kTexts = {
-      {5, {"5", " 5 ", "\t5\n", "+5", "005", "5.0", "0.5e1"}},
-      {-15, {"-15", " -15.0"}},
+      {5, {"5", " 5 ", "\t5\n", "+5", "005", "0000000005", "5.0", "0.5e1"}},
+      {-15, {"-15", "-00000015", "-0000000000015", " -15.0"}},
       {0, {"0", "-0", "-0.0"}},
       {100000, {"1e+05"}},
       {INT_MAX, {"2147483647", "2.147483647e9"}},
@@ -44,6 +44,7 @@ TEST(NodeValues, ReadIntsFromTheseTexts) {
       int from_attribute = kUnread, from_value = kUnread;
       bool truth = value == 0 || value == kUnread;
       put(top, text);
+      EXPECT_EQ(value_of(top), text);  // as it was written
       EXPECT_EQ(top.GetPropertyValue("x", from_attribute), read) << text;
       EXPECT_EQ(top.NodeValue(from_value, 1), read) << text;
       EXPECT_EQ(top.NodeValue(truth, 1), read) << text;
