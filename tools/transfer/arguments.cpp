@@ -70,11 +70,10 @@ const char* const kHelp =
     "has\n"
     "of these is told on standard error.\n"
     "\n"
-    "The exit status is 0; 1 if all is written, and only the printing or a report to a pipe failed; 2 for a "
-    "failure; 3 if the\n"
-    "trees do not fit: nothing matches, or --strict finds fault. With 2 and 3, one line on standard error "
-    "tells\n"
-    "why, and RESULT and THEME are untouched.\n";
+    "The exit status is 0; 1 if all is written, and only the printing or a report to a pipe failed; 2 for a\n"
+    "failure; 3 if the trees do not fit: nothing matches, or --strict finds fault. With 2 and 3, one line "
+    "on\n"
+    "standard error tells why, and RESULT and THEME are as they were.\n";
 
 namespace {
 
