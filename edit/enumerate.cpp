@@ -182,7 +182,7 @@ bool rytree_check_add_all_enumerated_nodes(RYXmlWrapperBase* parent, const char*
     const CString tag = numbered_tag(prefix, number);
     RYXmlWrapperBase child = present.find(tag);
     if (child.IsNodeValid() == 0) parent->AddNode(child, tag, rytree_make_one_set_ID(id, number));
-    if (lstrlenA(label) > 0) child.SetLabel(label);
+    if (rytree_host::lstrlenA(label) > 0) child.SetLabel(label);
     write_number(child, (*array)[i]);
   }
   if (count != nullptr) *count = low_word(start + size);

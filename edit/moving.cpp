@@ -15,7 +15,7 @@ constexpr int kTakeTag = 0;  // of Replace
 
 std::vector<RYXmlWrapperBase> children_with_prefix(const RYXmlWrapperBase& node, const char* prefix) {
   std::vector<RYXmlWrapperBase> found;
-  const int length = lstrlenA(prefix);
+  const int length = rytree_host::lstrlenA(prefix);
   CString tag;
   for (Children child(node); child; ++child) {
     read_tag(*child, tag);

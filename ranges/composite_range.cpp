@@ -163,7 +163,7 @@ int rytree_create_composite_range_node(RYXmlWrapperBase* out, RYXmlWrapperBase* 
   const int id = range_layout(type).composite_id;
   if (parent->AddChildNode(tag, *out, id, nullptr) == 0) return 0;
   out->SetLabel(label);
-  if (lstrlenA(data) > 0) out->SetPropertyValue(kDataName, data);
+  if (rytree_host::lstrlenA(data) > 0) out->SetPropertyValue(kDataName, data);
   RYXmlWrapperBase range;
   for (int made = 0; made < rangeCount; ++made) {
     range.ReleaseNode();

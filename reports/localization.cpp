@@ -14,7 +14,9 @@ constexpr int kBufferSize = 32768;
 using LocalizeString = void(char* buffer, int size, const char* text, int option);
 
 /// Takes the place of the entry point where that is missing.
-void copy_text(char* buffer, int size, const char* text, int /*option*/) { lstrcpynA(buffer, text, size); }
+void copy_text(char* buffer, int size, const char* text, int /*option*/) {
+  rytree_host::lstrcpynA(buffer, text, size);
+}
 
 class Localization {
  public:
@@ -36,7 +38,7 @@ class Localization {
   void release() {
     const std::lock_guard lock(loading_);
     entry_ = nullptr;
-    FreeLibrary(module_);
+    rytree_host::FreeLibrary(module_);
     module_ = nullptr;
   }
 
@@ -44,10 +46,10 @@ class Localization {
   LocalizeString* load() {
     const std::lock_guard lock(loading_);
     if (LocalizeString* const entry = entry_) return entry;
-    module_ = LoadLibraryA("ZANmsg.dll");
-    auto* entry = reinterpret_cast<LocalizeString*>(GetProcAddress(module_, "LocalizeString"));
+    module_ = rytree_host::LoadLibraryA("ZANmsg.dll");
+    auto* entry = reinterpret_cast<LocalizeString*>(rytree_host::GetProcAddress(module_, "LocalizeString"));
     if (entry == nullptr) {
-      FreeLibrary(module_);
+      rytree_host::FreeLibrary(module_);
       module_ = nullptr;
       entry = copy_text;
     }
@@ -56,7 +58,7 @@ class Localization {
   }
 
   std::mutex loading_;
-  HMODULE module_ = nullptr;
+  rytree_host::HMODULE module_ = nullptr;
   std::atomic<LocalizeString*> entry_ = nullptr;  // null: not looked for yet
 };
 

@@ -144,7 +144,7 @@ int rytree_count_items_by_attribute(RYXmlWrapperBase* node, const char* attribut
     if (attribute == nullptr) return true;
     if (value == nullptr) return countMissing != 0 || at.HasProperty(name) != 0;
     if (at.GetPropertyValue(name, read) == 0) return countMissing != 0;
-    return lstrcmpA(value, read) == 0;
+    return rytree_host::lstrcmpA(value, read) == 0;
   };
   int count = 0;
   for (NodesBelow at(*node, recursive != 0); at; ++at) {

@@ -34,7 +34,7 @@ std::string changed(const char* text, void (*change)(CString&)) {
 
 std::string copied(const char* text, int size) {
   char buffer[16];
-  return lstrcpynA(buffer, text, size);
+  return rytree_host::lstrcpynA(buffer, text, size);
 }
 
 std::string auto_label(const char* text) {

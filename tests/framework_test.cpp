@@ -89,7 +89,7 @@ TEST(Case, FoldsByCodePoint) {
                                "SS", "{",  "ß",  "é", "İ", "ı", "θ", "\xC3", "\xC9", "\xE9"};
   for (const auto* next = chain + 1; next != std::end(chain); ++next) {
     EXPECT_LT(_mbsicmp(next[-1], *next), 0) << *next;
-    EXPECT_GT(lstrcmpiA(*next, next[-1]), 0) << *next;
+    EXPECT_GT(rytree_host::lstrcmpiA(*next, next[-1]), 0) << *next;
   }
   EXPECT_LT(_mbscmp("B", "a"), 0);
   EXPECT_EQ(_mbscmp(nullptr, ""), 0);
@@ -132,13 +132,14 @@ TEST(Text, CopiesBounded) {
   const Rows<int, const char*> rows = {{4, "abc"}, {3, "ab"}, {1, ""}, {0, "?"}, {INT_MIN, "?"}};
   for (const auto& [size, copied] : rows) {
     char buffer[4] = "?";
-    EXPECT_STREQ(lstrcpynA(buffer, "abc", size), copied);
+    EXPECT_STREQ(rytree_host::lstrcpynA(buffer, "abc", size), copied);
   }
   char overlapping[] = "abcd";
-  EXPECT_STREQ(lstrcpynA(overlapping + 1, overlapping, 4), "abc");
-  EXPECT_STREQ(lstrcpynA(overlapping, nullptr, 4), "");
-  EXPECT_EQ(lstrcpynA(nullptr, "a", 2), nullptr);
-  EXPECT_EQ((std::vector<int>{lstrlenA("abc"), lstrlenA(nullptr)}), (std::vector<int>{3, 0}));
+  EXPECT_STREQ(rytree_host::lstrcpynA(overlapping + 1, overlapping, 4), "abc");
+  EXPECT_STREQ(rytree_host::lstrcpynA(overlapping, nullptr, 4), "");
+  EXPECT_EQ(rytree_host::lstrcpynA(nullptr, "a", 2), nullptr);
+  EXPECT_EQ((std::vector<int>{rytree_host::lstrlenA("abc"), rytree_host::lstrlenA(nullptr)}),
+            (std::vector<int>{3, 0}));
 }
 
 TEST(Array, GrowsAndShrinks) {

@@ -33,9 +33,9 @@ int ryu_load_err_msg_str(int number, CString* out, int option) {
   }
   return real(number, out, option);
 }
-HMODULE LoadLibraryA(const char* name) {
-  static auto* const real =
-      reinterpret_cast<decltype(&LoadLibraryA)>(dlsym(RTLD_NEXT, "_Z12LoadLibraryAPKc"));
+rytree_host::HMODULE rytree_host::LoadLibraryA(const char* name) {
+  static auto* const real = reinterpret_cast<decltype(&rytree_host::LoadLibraryA)>(
+      dlsym(RTLD_NEXT, "_ZN11rytree_host12LoadLibraryAEPKc"));
   linger();
   return real(name);
 }

@@ -3,7 +3,7 @@
 
 // Does some work that leaves state in the libraries, and gives what the block-localization flag was before; -1
 // if something failed.
-extern "C" RYTREE_API int use_library() {
+extern "C" RYTREE_EXPORT int use_library() {
   bool blocked = false;
   VCTreeAccessBlockLocalization(&blocked, true);
   RYXmlWrapperBase tree;

@@ -168,9 +168,9 @@ std::filesystem::path catalogue_folder() {
 }
 
 TEST(Localization, ComesFromItsModule) {
-  HMODULE module = LoadLibraryA("ZANmsg.dll");
-  const auto localize =
-      reinterpret_cast<void (*)(char*, int, const char*, int)>(GetProcAddress(module, "LocalizeString"));
+  rytree_host::HMODULE module = rytree_host::LoadLibraryA("ZANmsg.dll");
+  const auto localize = reinterpret_cast<void (*)(char*, int, const char*, int)>(
+      rytree_host::GetProcAddress(module, "LocalizeString"));
   ASSERT_NE(localize, nullptr);
   const std::filesystem::path folder = catalogue_folder();
   setenv("LANGUAGE", "xx", 1);
@@ -193,14 +193,14 @@ TEST(Localization, ComesFromItsModule) {
   std::setlocale(LC_ALL, "C");
   std::filesystem::remove_all(folder);
 
-  for (const char* name : {"ZANmsg.DLL", "ZANmsg"}) EXPECT_EQ(LoadLibraryA(name), module);
+  for (const char* name : {"ZANmsg.DLL", "ZANmsg"}) EXPECT_EQ(rytree_host::LoadLibraryA(name), module);
   for (const char* name : {"NoSuchEntry", static_cast<const char*>(nullptr)})
-    EXPECT_EQ(GetProcAddress(module, name), nullptr);
-  for (int load = 0; load < 3; ++load) EXPECT_NE(FreeLibrary(module), 0);
+    EXPECT_EQ(rytree_host::GetProcAddress(module, name), nullptr);
+  for (int load = 0; load < 3; ++load) EXPECT_NE(rytree_host::FreeLibrary(module), 0);
   for (const char* name : {static_cast<const char*>(nullptr), "", ".dll", "no_such.dll", "./ZANmsg.dll"})
-    EXPECT_EQ(LoadLibraryA(name), nullptr);
-  EXPECT_EQ(GetProcAddress(nullptr, "LocalizeString"), nullptr);
-  EXPECT_EQ(FreeLibrary(nullptr), 0);
+    EXPECT_EQ(rytree_host::LoadLibraryA(name), nullptr);
+  EXPECT_EQ(rytree_host::GetProcAddress(nullptr, "LocalizeString"), nullptr);
+  EXPECT_EQ(rytree_host::FreeLibrary(nullptr), 0);
 }
 
 }  // namespace

@@ -120,8 +120,8 @@ class Apply {
     for (const auto& decoration : parts.decorations) {
       const CString name(decoration.name);
       node.SetPropertyValue(name, CString(decoration.text));
-      written.automatic = written.automatic || lstrcmpiA(name, kAutoName) == 0;
-      written.dynamic = written.dynamic || lstrcmpiA(name, kDynamicCheckName) == 0;
+      written.automatic = written.automatic || rytree_host::lstrcmpiA(name, kAutoName) == 0;
+      written.dynamic = written.dynamic || rytree_host::lstrcmpiA(name, kDynamicCheckName) == 0;
     }
     return written;
   }

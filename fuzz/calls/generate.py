@@ -55,7 +55,7 @@ def exports_of(code):
 
 def operations_of(code):
     """The public operations of the node class. Those on handles, such as copies, are in one adapter."""
-    start = code.index(f"class RYTREE_API {NODE} ")
+    start = code.index(f"class RYTESAVC_API {NODE} ")
     body = code[code.index("public:", start) + 7:code.index("private:", start)]
     while "{" in body:
         body = re.sub(r"(?:\) (?:: [^;{}]*?\)) ?)?\{[^{}]*\}", lambda match: ");" if match[0][0] == ")" else ";", body)

@@ -1,10 +1,9 @@
 // The localized texts of the host, from the message catalogues "rytree" of the platform's translation
 // service.
-#include <libintl.h>
-
 #include <string>
 #include <string_view>
 
+#include "platform/catalogues.h"
 #include "rytree_host/code_page.h"
 #include "rytree_host/multibyte.h"
 
@@ -12,8 +11,7 @@ namespace {
 
 // The localized text in the encoding of narrow strings, or the text itself where there is none.
 std::string Localized(const char* text) {
-  bind_textdomain_codeset("rytree", "UTF-8");
-  const char* const localized = dgettext("rytree", text);
+  const char* const localized = platform::LocalizedText(text);
   const CodePage* const page = CodePage::Default();
   if (localized == text || page == nullptr) return localized;
   std::string in_page;
@@ -25,8 +23,7 @@ std::string Localized(const char* text) {
 /// Fills `buffer` of `size` bytes with the localized text, or the text itself where there is none or the default
 /// page lacks one of its characters: always ended with a NUL, and cut where it is too long, but never inside a
 /// character. Null `text` counts as empty.
-extern "C" __attribute__((visibility("default"))) void LocalizeString(char* buffer, int size,
-                                                                      const char* text, int /*option*/) {
+extern "C" RYTREE_EXPORT void LocalizeString(char* buffer, int size, const char* text, int /*option*/) {
   // An empty text would ask for the head of the catalogue.
-  lstrcpynA(buffer, text && *text ? Localized(text).c_str() : "", size);
+  rytree_host::lstrcpynA(buffer, text && *text ? Localized(text).c_str() : "", size);
 }

@@ -1,13 +1,11 @@
 #include "rytree_host/code_page.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <iterator>
 #include <mutex>
 
+#include "platform/code_pages.h"
 #include "rytree_host/find_stretch.h"
 
 std::atomic<const CodePage*> CodePage::default_;
@@ -28,59 +26,17 @@ namespace {
 
 constexpr int kUtf8 = 65001;
 
-class Converter {
- public:
-  Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {}
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-  ~Converter() {
-    if (known()) iconv_close(handle_);
-  }
-
-  bool known() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
-
-  // Gives the number of bytes written, 0 if not all of the text can be converted.
-  std::size_t Convert(std::string_view text, void* to, std::size_t room) {
-    char* in = const_cast<char*>(text.data());
-    std::size_t rest = text.size();
-    char* out = static_cast<char*>(to);
-    const std::size_t all = room;
-    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(handle_, &in, &rest, &out, &room) == static_cast<std::size_t>(-1) || rest != 0) return 0;
-    // Some character sets hold a letter back until they know that no accent follows.
-    if (iconv(handle_, nullptr, nullptr, &out, &room) == static_cast<std::size_t>(-1)) return 0;
-    return all - room;
-  }
-
-  // The character, if the bytes are just one; else 0.
-  char32_t Code(std::string_view bytes) {
-    char32_t codes[4];
-    return Convert(bytes, codes, sizeof codes) == sizeof codes[0] ? codes[0] : 0;
-  }
-
- private:
-  iconv_t handle_;
-};
-
-constexpr const char* kCodes = "WCHAR_T";
-static_assert(sizeof(wchar_t) == sizeof(char32_t));
-
 }  // namespace
 
 CodePage::CodePage(const Listed& page) : number_(page.number) {}
 
 std::unique_ptr<const CodePage> CodePage::Build(const Listed& listed) {
-  Converter decode(kCodes, listed.charset);
-  Converter encode(listed.charset, kCodes);
-  if (!decode.known() || !encode.known()) return nullptr;
+  platform::CharacterSet set(listed.number, listed.charset);
+  if (!set.is_known()) return nullptr;
   std::unique_ptr<CodePage> page(new CodePage(listed));
   const auto add = [&](std::string_view bytes, std::size_t number) {
-    const char32_t code = decode.Code(bytes);
-    if (code < 0x80 || code >= 0xFFFE) return false;
-    char back[8];
-    const std::size_t length =
-        encode.Convert({reinterpret_cast<const char*>(&code), sizeof code}, back, sizeof back);
-    if (std::string_view(back, length) != bytes) return false;
+    const char32_t code = set.Code(bytes);
+    if (code < 0x80 || code >= 0xFFFE || set.Bytes(code) != bytes) return false;
     page->codes_[number] = static_cast<char16_t>(code);
     page->bytes_[code] = static_cast<char16_t>(number);
     return true;

@@ -69,6 +69,8 @@ const char* _mbschr(const char* text, char character) noexcept {
   return nullptr;
 }
 
+namespace rytree_host {
+
 int lstrlenA(const char* text) noexcept {
   return text ? static_cast<int>(std::min<std::size_t>(std::strlen(text), INT_MAX)) : 0;
 }
@@ -83,3 +85,5 @@ char* lstrcpynA(char* buffer, const char* text, int size) noexcept {
   buffer[length] = '\0';
   return buffer;
 }
+
+}  // namespace rytree_host

@@ -1,12 +1,7 @@
 #include "encodings.h"
 
-#include <iconv.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstdint>
 #include <cstring>
-#include <new>
 #include <string>
 
 namespace rytesavc {
@@ -65,7 +60,6 @@ constexpr Charset kCharsets[] = {
 };
 
 constexpr std::size_t kPiece = std::size_t{1} << 16;
-constexpr std::size_t kFailed = static_cast<std::size_t>(-1);
 
 }  // namespace
 
@@ -84,38 +78,30 @@ const char* CharsetOf(std::string_view declared) {
 }
 
 ConvertedInput::ConvertedInput(XmlInput& input, const char* charset)
-    : input_(input), charset_(charset), raw_(kPiece), handle_(iconv_open("UTF-8", charset)) {
-  if (!is_known() && errno == ENOMEM) throw std::bad_alloc();
-}
-
-ConvertedInput::~ConvertedInput() {
-  if (is_known()) iconv_close(handle_);
-}
-
-bool ConvertedInput::is_known() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
+    : input_(input), charset_(charset), raw_(kPiece), decoder_(charset) {}
 
 bool ConvertedInput::Read(char* to, std::size_t room, std::size_t& length) {
   length = 0;
-  if (!is_known()) {
+  if (!decoder_.is_known()) {
     has_failed_ = true;
     NoteFailure("the system cannot convert from " + std::string(charset_));
     return false;
   }
+  using End = platform::Decoder::End;
   while (!is_done_) {
-    char* in = raw_.data() + start_;
     std::size_t rest = end_ - start_;
     char* out = to + length;
     std::size_t left = room - length;
     // In the end comes what the conversion may have held back.
     const bool is_end = is_last_ && rest == 0;
-    const std::size_t result = iconv(handle_, is_end ? nullptr : &in, &rest, &out, &left);
-    const int error = result == kFailed ? errno : 0;
+    const char* in = is_end ? nullptr : raw_.data() + start_;
+    const End end = decoder_.Convert(in, rest, out, left);
     Count({to + length, static_cast<std::size_t>(out - to) - length});
     length = static_cast<std::size_t>(out - to);
     place_ += static_cast<long long>(end_ - rest - start_);
     start_ = end_ - rest;
-    if (error == E2BIG) return true;
-    if (error == EILSEQ || (error == EINVAL && is_last_)) return length != 0 || Fail();
+    if (end == End::kFull) return true;
+    if (end == End::kInvalid || (end == End::kCut && is_last_)) return length != 0 || Fail();
     is_done_ = is_end;
     if (!is_end && !Fill()) return false;
   }

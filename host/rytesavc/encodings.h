@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "failure.h"
+#include "platform/code_pages.h"
 #include "xml_input.h"
 
 namespace rytesavc {
@@ -18,7 +19,6 @@ const char* CharsetOf(std::string_view declared);
 class ConvertedInput : public XmlInput {
  public:
   ConvertedInput(XmlInput& input, const char* charset);
-  ~ConvertedInput() override;
 
   // Fails, and notes where, at bytes that are not a character.
   bool Read(char* to, std::size_t room, std::size_t& length) override;
@@ -28,7 +28,6 @@ class ConvertedInput : public XmlInput {
   bool has_failed() const { return has_failed_; }
 
  private:
-  bool is_known() const;  // to the system
   bool Fill();
   bool Fail();
   void Count(std::string_view converted);
@@ -36,7 +35,7 @@ class ConvertedInput : public XmlInput {
   XmlInput& input_;
   const char* charset_;
   std::vector<char> raw_;
-  void* handle_;
+  platform::Decoder decoder_;
   std::size_t start_ = 0;  // of what is not converted yet
   std::size_t end_ = 0;
   bool is_last_ = false;  // nothing comes after what is in raw_

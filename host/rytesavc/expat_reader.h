@@ -11,7 +11,7 @@ namespace rytesavc {
 
 // False on a failure, which is noted. `encoding`: the text's, null if the text itself says it. `unknown` (may
 // be null) gets what the text says if Expat does not know that encoding, else it becomes empty.
-RYTREE_API bool ReadWithExpat(XmlInput& input, XmlBuilder& builder, const char* encoding,
-                              std::string* unknown = nullptr);
+RYTESAVC_API bool ReadWithExpat(XmlInput& input, XmlBuilder& builder, const char* encoding,
+                                std::string* unknown = nullptr);
 
 }  // namespace rytesavc

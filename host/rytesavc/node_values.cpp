@@ -5,6 +5,7 @@
 
 #include "node_access.h"
 #include "numbers.h"
+#include "platform/variants.h"
 
 using rytesavc::NumberText;
 using rytesavc::ReadNumber;
@@ -122,10 +123,11 @@ int RYXmlWrapperBase::SetPropertyValue(const char* name, const char* value) {
 
 int RYXmlWrapperBase::SetPropertyValue(const char* name, const _variant_t* value) {
   if (value != nullptr) {
-    if (const int* const number = std::get_if<int>(&value->value)) return SetPropertyValue(name, *number);
-    if (const double* const number = std::get_if<double>(&value->value))
-      return SetPropertyValue(name, *number);
-    if (const CString* const text = std::get_if<CString>(&value->value)) return SetPropertyValue(name, *text);
+    platform::VariantValue room;
+    const platform::VariantValue& held = platform::ValueOf(*value, room);
+    if (const int* const number = std::get_if<int>(&held)) return SetPropertyValue(name, *number);
+    if (const double* const number = std::get_if<double>(&held)) return SetPropertyValue(name, *number);
+    if (const CString* const text = std::get_if<CString>(&held)) return SetPropertyValue(name, *text);
   }
   return SetPropertyValue(name, "");
 }

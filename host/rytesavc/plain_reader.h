@@ -12,6 +12,6 @@
 namespace rytesavc {
 
 // Reads the text in pieces of about that size. False if it is refused; the builder then holds a part of it.
-RYTREE_API bool ReadPlain(XmlInput& input, XmlBuilder& builder, std::size_t piece);
+RYTESAVC_API bool ReadPlain(XmlInput& input, XmlBuilder& builder, std::size_t piece);
 
 }  // namespace rytesavc

@@ -1,17 +1,17 @@
 #include "rytree_host/detail/tree_memory.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <new>
+
+#include "platform/memory.h"
 
 namespace rytesavc {
 
 namespace {
 
 constexpr std::size_t kLeast = 3072;
-constexpr std::size_t kHugePage = std::size_t{1} << 21;
+using platform::kHugePage;
 constexpr std::size_t kMostReserved = std::size_t{1} << 30;
 constexpr std::size_t kMostExpected = std::size_t{1} << 40;
 
@@ -19,20 +19,17 @@ constexpr std::size_t RoundUp(std::size_t bytes, std::size_t step) {
   return (bytes + step - 1) / step * step;
 }
 
-void* AllocateOrThrow(std::size_t bytes) {
-  void* const block = std::malloc(bytes);
+void* OrThrow(void* block) {
   if (block == nullptr) throw std::bad_alloc();
   return block;
 }
 
+void* AllocateOrThrow(std::size_t bytes) { return OrThrow(std::malloc(bytes)); }
+
 // Big chunks are huge pages where the platform has them: without, a large tree spends a third of its time on
 // page faults.
 void* AllocateChunk(std::size_t bytes) {
-  if (bytes < kHugePage) return AllocateOrThrow(bytes);
-  void* block = nullptr;
-  if (posix_memalign(&block, kHugePage, bytes) != 0) throw std::bad_alloc();
-  madvise(block, bytes, MADV_HUGEPAGE);
-  return block;
+  return bytes < kHugePage ? AllocateOrThrow(bytes) : OrThrow(platform::AllocateHuge(bytes));
 }
 
 template <class Block>

@@ -8,6 +8,7 @@
 
 #include "columns.h"
 #include "failure.h"
+#include "platform/paths.h"
 
 std::string not_kept() {
   const RYXmlPassedOver passed = RYXmlWrapperBase::LastPassedOver();
@@ -31,7 +32,7 @@ std::string not_kept() {
 
 bool same_file(const std::string& left, const std::string& right) {
   std::error_code error;
-  return std::filesystem::equivalent(left, right, error);
+  return std::filesystem::equivalent(platform::ToPath(left), platform::ToPath(right), error);
 }
 
 void refuse_loss(const std::string& read, const std::string& lost, const std::string& target, bool allowed) {

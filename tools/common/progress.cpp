@@ -1,16 +1,16 @@
 #include "progress.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <iostream>
 
 #include "columns.h"
+#include "platform/paths.h"
+#include "platform/streams.h"
 #include "streams.h"
 #include "terminal.h"
 
 Progress::Progress(const char* program, int stages)
-    : program_(program), stages_(stages), columns_(Terminal::of(STDERR_FILENO).clear_columns()) {}
+    : program_(program), stages_(stages), columns_(Terminal::of(platform::kStandardError).clear_columns()) {}
 
 void Progress::stage(const std::string& name) {
   ++stage_;
@@ -24,7 +24,7 @@ void Progress::stage(const std::string& name) {
 void Progress::reading(const std::string& file) {
   constexpr std::uintmax_t kTold = 1000000;  // smaller files are read at once
   std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(file, error);
+  const std::uintmax_t size = std::filesystem::file_size(platform::ToPath(file), error);
   const bool told = !error && size >= kTold;
   stage("reading " + shown_input(file) + (told ? " (" + std::to_string(size / kTold) + " MB)" : ""));
 }

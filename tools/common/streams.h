@@ -8,9 +8,6 @@
 /// Whether the name is "-", which is standard input or standard output.
 bool is_standard(const std::string& name);
 
-/// The descriptor that a name like "/dev/stdout" or "/dev/fd/3" stands for; -1 for any other name.
-int descriptor_of(const std::string& name);
-
 /// The name of an output: "-" for all names of standard output.
 std::string output_name(const std::string& name);
 
@@ -29,6 +26,3 @@ RYXmlWrapperBase load_tree(const std::string& name);
 /// Writes the tree: a regular file is replaced as a whole or not at all, and an interruption leaves no other
 /// file. Throws a Failure.
 void save_tree(const RYXmlWrapperBase& tree, const std::string& name);
-
-/// Copies from one descriptor to the other up to the end. An error number, 0 for success.
-int copy_all(int from, int to);

@@ -1,11 +1,11 @@
 #include "terminal.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
+
+#include "platform/streams.h"
+#include "platform/terminal.h"
 
 namespace {
 
@@ -18,14 +18,13 @@ std::string_view environment(const char* name) {
 
 Terminal Terminal::of(int descriptor) {
   Terminal terminal;
-  if (isatty(descriptor) == 0) return terminal;
-  terminal.plain = environment("TERM") == "dumb";
+  if (!platform::IsTerminal(descriptor)) return terminal;
+  terminal.plain = !platform::TakesControlSequences(descriptor);
   terminal.colour = !terminal.plain && environment("NO_COLOR").empty();
-  winsize size{};
-  if (ioctl(descriptor, TIOCGWINSZ, &size) != 0) return terminal;
-  if (size.ws_col > 0) terminal.columns = std::max<int>(size.ws_col, 40);
-  terminal.lines = size.ws_row;
+  const platform::TerminalSize size = platform::SizeOfTerminal(descriptor);
+  if (size.columns > 0) terminal.columns = std::max(size.columns, 40);
+  terminal.lines = size.lines;
   return terminal;
 }
 
-Terminal Terminal::of_standard_output() { return of(STDOUT_FILENO); }
+Terminal Terminal::of_standard_output() { return of(platform::kStandardOutput); }

@@ -9,6 +9,7 @@
 #include "failure.h"
 #include "losses.h"
 #include "options.h"
+#include "platform/paths.h"
 #include "streams.h"
 
 namespace fs = std::filesystem;
@@ -80,8 +81,8 @@ namespace {
 bool same_place(const std::string& left, const std::string& right) {
   std::error_code error;
   if (same_file(left, right)) return true;
-  const fs::path place = fs::weakly_canonical(fs::absolute(left, error), error);
-  return !error && place == fs::weakly_canonical(fs::absolute(right, error), error);
+  const fs::path place = fs::weakly_canonical(fs::absolute(platform::ToPath(left), error), error);
+  return !error && place == fs::weakly_canonical(fs::absolute(platform::ToPath(right), error), error);
 }
 
 struct Flag {
@@ -114,10 +115,10 @@ auto entry(const Table& table, std::string_view word) {
 }
 
 /// Reads the options and gives the other words.
-std::vector<std::string> read_options(int count, char** words, Arguments& arguments) {
+std::vector<std::string> read_options(const std::vector<std::string>& words, Arguments& arguments) {
   std::vector<std::string> files;
   bool options = true;
-  for (int i = 1; i < count; ++i) {
+  for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string_view word = words[i];
     if (!options || word.size() < 2 || word[0] != '-') {
       files.emplace_back(word);
@@ -134,7 +135,7 @@ std::vector<std::string> read_options(int count, char** words, Arguments& argume
       } else if (option != kOptions.end()) {
         std::string& text = arguments.*(option->member);
         if (!text.empty()) throw Failure(shown + " is given twice");
-        text = value ? *value : i + 1 < count ? words[++i] : "";
+        text = value ? *value : i + 1 < words.size() ? words[++i] : "";
         if (text.empty()) throw Failure(shown + " needs a " + option->needs);
       } else {
         throw Failure("unknown option '" + shown + "', try --help");
@@ -182,9 +183,9 @@ bool Arguments::prints_output() const {
   return is_standard(report) || (!dry_run && (is_standard(result) || is_standard(theme)));
 }
 
-Arguments read_arguments(int count, char** words) {
+Arguments read_arguments(const std::vector<std::string>& words) {
   Arguments arguments;
-  const std::vector<std::string> files = read_options(count, words, arguments);
+  const std::vector<std::string> files = read_options(words, arguments);
   if (arguments.help || arguments.version) return arguments;
   if (files.size() < 2 || (files.size() < 3 && !arguments.dry_run))
     throw Failure("SOURCE, TARGET and RESULT are needed, try --help");
@@ -198,7 +199,7 @@ Arguments read_arguments(int count, char** words) {
   if (files.size() > 3) {
     arguments.theme = output_name(files[3]);
   } else if (!arguments.result.empty() && !is_stream(arguments.result)) {
-    arguments.theme = fs::path(arguments.result).replace_extension(".theme.xml").string();
+    arguments.theme = platform::FromPath(platform::ToPath(arguments.result).replace_extension(".theme.xml"));
   }
   arguments.report = output_name(arguments.report);
   check_options(arguments);

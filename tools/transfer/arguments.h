@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 struct Arguments {
   std::string source;
@@ -25,7 +26,7 @@ struct Arguments {
   bool prints_output() const;
 };
 
-/// Reads the command line. Throws a Failure if it makes no sense.
-Arguments read_arguments(int count, char** words);
+/// Reads the words of the command line. Throws a Failure if it makes no sense.
+Arguments read_arguments(const std::vector<std::string>& words);
 
 extern const char* const kHelp;

@@ -4,6 +4,7 @@
 
 #include "columns.h"
 #include "failure.h"
+#include "platform/program.h"
 #include "report.h"
 #include "version.h"
 
@@ -39,7 +40,7 @@ int run(const Arguments& arguments) {
 
 int main(int count, char** words) {
   try {
-    const Arguments arguments = read_arguments(count, words);
+    const Arguments arguments = read_arguments(platform::Started(count, words));
     int status = 0;
     if (arguments.help) {
       std::cout << kHelp;

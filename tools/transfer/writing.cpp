@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "failure.h"
-#include "held_signals.h"
 #include "page.h"
+#include "platform/signals.h"
 #include "report_file.h"
 #include "staged_file.h"
 #include "streams.h"
@@ -37,16 +37,16 @@ bool is_page(const std::string& file) { return file.ends_with(".html") || file.e
 
 /// Sends RESULT and THEME as far as they are streams. It comes before all that changes a file, so that files stay as
 /// they were if it fails, and may wait for a reader for long, so signals end the program meanwhile.
-void send_streams(HeldSignals& signals, std::optional<StagedFile>& result, std::optional<StagedFile>& theme,
-                  const std::optional<StagedFile>& report) {
+void send_streams(platform::HeldSignals& signals, std::optional<StagedFile>& result,
+                  std::optional<StagedFile>& theme, const std::optional<StagedFile>& report) {
   const bool theme_is_sent = theme && theme->is_stream();
   if (!result && !theme_is_sent) return;
   if (result) result->commit();
   if (theme_is_sent) theme->commit();
-  signals.let_through({theme ? theme->path() : nullptr, report ? report->path() : nullptr});
+  signals.LetThrough({theme ? theme->path() : nullptr, report ? report->path() : nullptr});
   if (result) result->send();
   if (theme_is_sent) theme->send();
-  signals.hold_again();
+  signals.HoldAgain();
 }
 
 }  // namespace
@@ -54,7 +54,7 @@ void send_streams(HeldSignals& signals, std::optional<StagedFile>& result, std::
 void write_files(const Arguments& arguments, const Outcome& outcome, Progress& progress) {
   progress.stage("writing");
   const bool fits = outcome.misfit.empty() && !arguments.dry_run;
-  std::optional<HeldSignals> signals(std::in_place);  // outlives the files, which a failure removes
+  std::optional<platform::HeldSignals> signals(std::in_place);  // outlives the files, which a failure removes
   std::optional<StagedFile> theme;
   std::optional<StagedFile> report;
   std::optional<StagedFile> result;
@@ -64,7 +64,7 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
   const bool carries = outcome.pairs.ids.GetSize() > 0;  // a theme is never empty
   if (fits && carries && !arguments.theme.empty())
     write_theme(arguments, theme.emplace(arguments.theme), outcome);
-  signals->check();
+  if (signals->IsOneWaiting()) throw Failure("interrupted");
   if (fits && is_stream(arguments.result)) {
     result.emplace(arguments.result);
     if (outcome.result.Save(result->path()) == 0) throw file_failure(shown_name(arguments.result));
@@ -75,7 +75,7 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
     throw file_failure(arguments.result);
   if (theme) theme->commit();
   if (report) report->commit();
-  if (fits) signals->all_is_written(/*status=*/1);  // as where the summary cannot be printed
+  if (fits) signals->AllIsWritten(/*status=*/1);  // as where the summary cannot be printed
   signals.reset();
   try {
     if (report) report->send();

@@ -1,11 +1,11 @@
 // Looks at the tree in an XML file, and makes small repairs.
-#include <algorithm>
 #include <exception>
 #include <iostream>
 
 #include "columns.h"
 #include "commands.h"
 #include "losses.h"
+#include "platform/program.h"
 #include "version.h"
 
 namespace {
@@ -71,7 +71,7 @@ int report(const std::exception& failure, int status) {
 
 int main(int count, char** words) {
   try {
-    const int status = run({words + std::min(count, 1), words + count});
+    const int status = run(platform::Started(count, words));
     if (std::cout.flush()) return status;
     throw Failure("cannot write to standard output");
   } catch (const NotFound& failure) {

@@ -17,7 +17,7 @@
 template <class T, class A = const T&>
 class CArray {
  public:
-  int GetSize() const noexcept { return static_cast<int>(std::min<std::size_t>(items_.size(), INT_MAX)); }
+  int GetSize() const noexcept { return static_cast<int>((std::min<std::size_t>)(items_.size(), INT_MAX)); }
   int GetCount() const noexcept { return GetSize(); }
   int GetUpperBound() const noexcept { return GetSize() - 1; }
   bool IsEmpty() const noexcept { return items_.empty(); }
@@ -70,7 +70,7 @@ class CArray {
   /// Removes up to `count` elements from `index` on; an index outside the array does nothing.
   void RemoveAt(int index, int count = 1) {
     if (!Inside(index) || count <= 0) return;
-    items_.erase(items_.begin() + index, items_.begin() + index + std::min(count, GetSize() - index));
+    items_.erase(items_.begin() + index, items_.begin() + index + (std::min)(count, GetSize() - index));
   }
 
   const T* GetData() const noexcept { return Data(); }

@@ -14,7 +14,7 @@
 /// character is the ASCII character. Characters are those that the platform's conversion takes to Unicode and
 /// back to the same bytes. The start of a pair, followed by a byte that can end one, is one character even if
 /// Unicode has nothing for it; any other byte that is not a character stands for itself.
-class RYTREE_API CodePage {
+class RYFRAMEWORK_API CodePage {
  public:
   /// The encoding of all narrow strings of the process: null for UTF-8, as at the start.
   static const CodePage* Default() noexcept { return default_.load(std::memory_order_acquire); }
@@ -71,7 +71,7 @@ class RYTREE_API CodePage {
 
 /// The characters of narrow strings, in the encoding that was the default when this was made. A byte that
 /// belongs to no character is one by itself.
-class RYTREE_API NarrowCharacters {
+class RYFRAMEWORK_API NarrowCharacters {
  public:
   /// As CodePage::Next and utf8::next.
   char32_t Next(const char*& text, std::size_t length = 4) const noexcept {

@@ -44,7 +44,7 @@ class CString {
     text_.append(text, length);
   }
 
-  int GetLength() const noexcept { return static_cast<int>(std::min<std::size_t>(text_.size(), INT_MAX)); }
+  int GetLength() const noexcept { return static_cast<int>((std::min<std::size_t>)(text_.size(), INT_MAX)); }
   bool IsEmpty() const noexcept { return text_.empty(); }
   void Empty() noexcept { text_.clear(); }
 
@@ -86,59 +86,59 @@ class CString {
   /// Below 0, 0 or above 0 if this string is less than, equal to or greater than `text`.
   int Compare(const char* text) const noexcept { return View().compare(Narrow(text)); }
   /// The same on the case-folded characters, as _mbsicmp.
-  RYTREE_API int CompareNoCase(const char* text) const noexcept;
+  RYFRAMEWORK_API int CompareNoCase(const char* text) const noexcept;
 
   /// Replaces the string by the `printf` form of the arguments, which may come from the string itself.
-  RYTREE_API void Format(const char* format, ...) RYTREE_PRINTF(2, 3);
-  RYTREE_API void FormatV(const char* format, std::va_list arguments) RYTREE_PRINTF(2, 0);
+  RYFRAMEWORK_API void Format(const char* format, ...) RYTREE_PRINTF(2, 3);
+  RYFRAMEWORK_API void FormatV(const char* format, std::va_list arguments) RYTREE_PRINTF(2, 0);
   /// Appends the `printf` form of the arguments.
-  RYTREE_API void AppendFormat(const char* format, ...) RYTREE_PRINTF(2, 3);
+  RYFRAMEWORK_API void AppendFormat(const char* format, ...) RYTREE_PRINTF(2, 3);
 
   /// The first place at or after `start`, -1 for none. An empty text is found at `start`.
-  RYTREE_API int Find(const char* text, int start = 0) const;
-  RYTREE_API int Find(char character, int start = 0) const noexcept;
+  RYFRAMEWORK_API int Find(const char* text, int start = 0) const;
+  RYFRAMEWORK_API int Find(char character, int start = 0) const noexcept;
   /// The last place of the character, -1 for none.
-  RYTREE_API int ReverseFind(char character) const noexcept;
+  RYFRAMEWORK_API int ReverseFind(char character) const noexcept;
 
   CString Left(int count) const { return CString(View().substr(0, Count(count))); }
   CString Mid(int first) const { return Mid(first, INT_MAX); }
   CString Mid(int first, int count) const { return CString(View().substr(Place(first), Count(count))); }
   CString Right(int count) const {
-    return CString(View().substr(text_.size() - std::min(Count(count), text_.size())));
+    return CString(View().substr(text_.size() - (std::min)(Count(count), text_.size())));
   }
 
   /// All three give the new length.
-  RYTREE_API int Insert(int index, const char* text);
-  RYTREE_API int Insert(int index, char character);
-  RYTREE_API int Delete(int index, int count = 1);
+  RYFRAMEWORK_API int Insert(int index, const char* text);
+  RYFRAMEWORK_API int Insert(int index, char character);
+  RYFRAMEWORK_API int Delete(int index, int count = 1);
   /// Remove a character, or replace `old` by `now`, wherever it occurs. All give the number of places.
-  RYTREE_API int Remove(char character);
-  RYTREE_API int Replace(const char* old, const char* now);
-  RYTREE_API int Replace(char old, char now) noexcept;
+  RYFRAMEWORK_API int Remove(char character);
+  RYFRAMEWORK_API int Replace(const char* old, const char* now);
+  RYFRAMEWORK_API int Replace(char old, char now) noexcept;
 
   /// Remove white space, one character or any character of a set from one end.
-  RYTREE_API CString& TrimLeft(const char* set = " \t\n\v\f\r");
-  RYTREE_API CString& TrimLeft(char character);
-  RYTREE_API CString& TrimRight(const char* set = " \t\n\v\f\r");
-  RYTREE_API CString& TrimRight(char character);
+  RYFRAMEWORK_API CString& TrimLeft(const char* set = " \t\n\v\f\r");
+  RYFRAMEWORK_API CString& TrimLeft(char character);
+  RYFRAMEWORK_API CString& TrimRight(const char* set = " \t\n\v\f\r");
+  RYFRAMEWORK_API CString& TrimRight(char character);
 
   /// Change the case of each character that has a single counterpart in the default page; the length in bytes
   /// may change.
-  RYTREE_API CString& MakeUpper();
-  RYTREE_API CString& MakeLower();
+  RYFRAMEWORK_API CString& MakeUpper();
+  RYFRAMEWORK_API CString& MakeLower();
 
   /// Room for at least `length` bytes to write into; `ReleaseBuffer` closes it at `length`, or at the first
   /// NUL for -1.
-  RYTREE_API char* GetBuffer(int length = 0);
-  RYTREE_API char* GetBufferSetLength(int length);
-  RYTREE_API void ReleaseBuffer(int length = -1) noexcept;
+  RYFRAMEWORK_API char* GetBuffer(int length = 0);
+  RYFRAMEWORK_API char* GetBufferSetLength(int length);
+  RYFRAMEWORK_API void ReleaseBuffer(int length = -1) noexcept;
 
  private:
   static std::string_view Narrow(const char* text) noexcept {
     return text ? std::string_view(text) : std::string_view();
   }
   static std::size_t Count(int count) noexcept { return count > 0 ? static_cast<std::size_t>(count) : 0; }
-  std::size_t Place(int index) const noexcept { return std::min(Count(index), text_.size()); }
+  std::size_t Place(int index) const noexcept { return (std::min)(Count(index), text_.size()); }
   bool Inside(int index) const noexcept {
     return index >= 0 && static_cast<std::size_t>(index) < text_.size();
   }

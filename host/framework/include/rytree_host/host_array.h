@@ -17,7 +17,7 @@ struct HostArrayScratch {
 };
 
 /// An array object: an owner of one framework array.
-class RYTREE_API HostArrayObject {
+class RYFRAMEWORK_API HostArrayObject {
  public:
   HostArrayObject() = default;
   HostArrayObject(const HostArrayObject&) = delete;

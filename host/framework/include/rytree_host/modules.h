@@ -1,18 +1,24 @@
-// Libraries that are loaded at run time by name.
+// Libraries that are loaded at run time by name. system_names.h tells when these names are global too.
 #pragma once
 
 #include "rytree_host/export.h"
 
+namespace rytree_host {
+
 using HMODULE = void*;
 using FARPROC = void (*)();
 
-/// Loads a library and gives its handle, or null. "Name.dll" and "Name" both stand for the local file
-/// "Name.so", looked for beside the framework's own library first and then where the platform looks. A name
-/// with a slash is opened as it is.
-RYTREE_API HMODULE LoadLibraryA(const char* name);
+/// Loads a library and gives its handle, or null. "Name.dll" and "Name" both stand for the system's file of
+/// that name ("Name.so" on Linux), looked for beside the framework's own library first and then where the
+/// system looks. A name with a folder is opened as it is.
+RYFRAMEWORK_API HMODULE LoadLibraryA(const char* name);
 
 /// The entry point of that name, or null.
-RYTREE_API FARPROC GetProcAddress(HMODULE module, const char* name);
+RYFRAMEWORK_API FARPROC GetProcAddress(HMODULE module, const char* name);
 
 /// Releases a loaded library: nonzero on success, 0 for null too.
-RYTREE_API int FreeLibrary(HMODULE module);
+RYFRAMEWORK_API int FreeLibrary(HMODULE module);
+
+}  // namespace rytree_host
+
+#include "rytree_host/system_names.h"

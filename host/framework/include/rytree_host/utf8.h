@@ -54,15 +54,15 @@ inline char* put(char* to, char32_t code) noexcept {
 }
 
 /// Appends what `next` read.
-RYTREE_API void append(std::string& text, char32_t code);
+RYFRAMEWORK_API void append(std::string& text, char32_t code);
 
 /// The code point in that case, or the same one if it has no single counterpart.
-RYTREE_API char32_t upper(char32_t code) noexcept;
-RYTREE_API char32_t lower(char32_t code) noexcept;
+RYFRAMEWORK_API char32_t upper(char32_t code) noexcept;
+RYFRAMEWORK_API char32_t lower(char32_t code) noexcept;
 
 /// Unicode's simple case folding: the same for code points that differ in case only, but not for ones that
 /// only a language or a longer text makes equal ("İ ı I i" are three, "ß" is not "ss").
-RYTREE_API char32_t fold_high(char32_t code) noexcept;
+RYFRAMEWORK_API char32_t fold_high(char32_t code) noexcept;
 inline char32_t fold(char32_t code) noexcept {
   if (code < 0x80) return code >= 'A' && code <= 'Z' ? code + 0x20 : code;
   return fold_high(code);

@@ -8,7 +8,7 @@
 #include "rytree_host/property_name.h"
 
 /// The base of the host's handle classes.
-class RYTREE_API TESAObj {
+class RYTESAVC_API TESAObj {
  public:
   TESAObj() = default;
   TESAObj(const TESAObj&) = default;
@@ -58,7 +58,7 @@ struct RYXmlPassedOver {
 /// - Numbers are written in the shortest form that reads back to the same value. An int is read from a text
 ///   with blanks around it, a sign, or as a real number of integral value in range; a double takes NaN and
 ///   infinities too; of a NaN nothing but the sign is kept. A read that fails leaves the variable alone.
-class RYTREE_API RYXmlWrapperBase : public TESAObj {
+class RYTESAVC_API RYXmlWrapperBase : public TESAObj {
  public:
   RYXmlWrapperBase() = default;
   RYXmlWrapperBase(const RYXmlWrapperBase& other)

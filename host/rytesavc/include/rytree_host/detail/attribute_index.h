@@ -47,6 +47,6 @@ class AttributeIndex {
 };
 
 // The attribute of a node with many; null for none.
-[[gnu::cold]] RYTREE_API Attribute* FindByIndex(const Node& node, const Name* name);
+[[gnu::cold]] RYTESAVC_API Attribute* FindByIndex(const Node& node, const Name* name);
 
 }  // namespace rytesavc

@@ -98,13 +98,13 @@ inline constexpr std::array<TextWords, TextWords::kBytes + 1> kFirstBytes = [] {
 }();
 
 inline TextWords TextWords::OfPadded(const char* text, std::size_t length) {
-  return Load(text) & kFirstBytes[std::min(length, kBytes)];
+  return Load(text) & kFirstBytes[(std::min)(length, kBytes)];
 }
 
 // Whether two texts of that length are the same after their first 16 bytes, which are.
 inline bool IsRestSame(const char* one, const char* other, std::size_t length) {
   for (std::size_t at = TextWords::kBytes; at < length; at += TextWords::kBytes) {
-    const std::size_t from = std::min(at, length - TextWords::kBytes);
+    const std::size_t from = (std::min)(at, length - TextWords::kBytes);
     if (!(TextWords::Load(one + from) == TextWords::Load(other + from))) return false;
   }
   return true;

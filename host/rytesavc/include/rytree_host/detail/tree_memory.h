@@ -48,13 +48,13 @@ class TreeMemory {
   std::size_t RoomFor(std::size_t bytes) const {
     if (bytes > kLargest) return bytes;
     if (!has_freed_ || free_blocks_[Steps(bytes)] != nullptr) return Steps(bytes) * kStep;
-    const std::size_t step = std::max(kStep, std::bit_floor(bytes) / 4);
+    const std::size_t step = (std::max)(kStep, std::bit_floor(bytes) / 4);
     return (bytes + step - 1) / step * step;
   }
   // Twice the size, for a block that has become too small; but blocks outside the chunks need no room to
   // grow.
   static std::size_t Doubled(std::size_t bytes) {
-    return bytes < kLargest ? std::min(2 * bytes, kLargest) : 0;
+    return bytes < kLargest ? (std::min)(2 * bytes, kLargest) : 0;
   }
   // Whether a block can be allocated without a new chunk.
   bool Holds(std::size_t bytes) const {

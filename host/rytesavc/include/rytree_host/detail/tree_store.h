@@ -152,7 +152,7 @@ static_assert(sizeof(Value) == 16 && sizeof(Attribute) == 24 && sizeof(Node) == 
 
 // One tree: its nodes, names and texts, in memory that is freed as a whole. Counts the handles on its
 // nodes; the count is plain because the handles of one tree belong to one thread.
-class RYTREE_API Tree {
+class RYTESAVC_API Tree {
  public:
   static constexpr std::uint32_t kMaxDepth = 1024;
 
@@ -211,7 +211,7 @@ class RYTREE_API Tree {
   void ExpectWhole(unsigned long long part, unsigned long long whole) { memory_.ExpectWhole(part, whole); }
 
   // Nodes. New nodes have no parent; Append and InsertBefore put them into the tree.
-  Node* NewNode(const Name* tag, int id, std::uint32_t depth);
+  inline Node* NewNode(const Name* tag, int id, std::uint32_t depth);
   void Append(Node* parent, Node* child);
   void InsertBefore(Node* next, Node* child);
   void Remove(Node* branch);
@@ -256,7 +256,7 @@ class RYTREE_API Tree {
   };
   static constexpr std::uint32_t kFirstNames = 16;
   static std::size_t NameBytes(std::size_t length) {
-    return sizeof(Name) + std::max(length + 1, TextWords::kBytes);
+    return sizeof(Name) + (std::max)(length + 1, TextWords::kBytes);
   }
 
   Tree(char* room, char* room_end) : memory_(room, room_end) {}
