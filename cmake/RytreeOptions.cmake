@@ -21,7 +21,7 @@ endif()
 set(RYTREE_ABI 1)
 # What is installed belongs to one of three packages: libraries, development, tools.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
-set(RYTREE_INSTALL_LIBRARY LIBRARY COMPONENT libraries NAMELINK_COMPONENT development)
+set(RYTREE_INSTALL_LIBRARY LIBRARY COMPONENT libraries NAMELINK_COMPONENT development RUNTIME COMPONENT libraries)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -47,8 +47,13 @@ target_compile_options(rytree_build_flags INTERFACE
   $<$<CXX_COMPILER_ID:Clang>:-Wno-return-type-c-linkage>
   # GCC 12 wrongly sees an overlap in "text" + std::string when it optimizes.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
-# The same for calls between the files of one library.
-target_link_options(rytree_build_flags INTERFACE "LINKER:-Bsymbolic-functions")
+if(WIN32)
+  include(RytreeWindows)
+  target_compile_options(rytree_build_flags INTERFACE -Wno-attributes)
+else()
+  # The same for calls between the files of one library.
+  target_link_options(rytree_build_flags INTERFACE "LINKER:-Bsymbolic-functions")
+endif()
 
 if(RYTREE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)  # lets the fuzzers see which code an input reaches

@@ -13,6 +13,7 @@
 #include <random>
 #include <set>
 
+#include "environment.h"
 #include "failure.h"
 #include "scratch_folder.h"
 #include "tree_text.h"
@@ -62,7 +63,7 @@ class AnyValue : public FolderTest {
     }
   }
 
-  const std::string path = folder / "x.xml";
+  const std::string path = (folder / "x.xml").string();
 };
 
 /// All pairs of bytes beyond ASCII and others, with blanks between.
@@ -164,11 +165,11 @@ std::uint64_t kept(std::uint64_t bits) {
 TEST_F(AnyValue, IsTheSameNumberInEveryLocale) {
   constexpr std::size_t kAtOnce = 20000;
   std::mt19937_64 random(11);
-  setenv("LOCPATH", folder.c_str(), 1);
+  set_environment("LOCPATH", folder.string());
   for (const std::string country : {"", "de_DE", "ps_AF"}) {
     const std::string locale = country.empty() ? "C" : country + ".UTF-8";
     if (!country.empty()) {
-      const std::string source = folder / country;
+      const std::string source = (folder / country).string();
       std::ofstream(source) << "LC_NUMERIC\ncopy \"" << country << "\"\nEND LC_NUMERIC\n";
       std::system(("localedef -c -f UTF-8 -i " + source + " " + source + ".UTF-8 2>/dev/null").c_str());
     }

@@ -188,7 +188,7 @@ TEST_F(CodePages, HoldForValuesOfTrees) {
 
 // Every character of a page that can be in a name.
 TEST_F(CodePages, HoldForNames) {
-  const std::string file = folder / "names.xml";
+  const std::string file = (folder / "names.xml").string();
   for (const int number : kPages) {
     use(number);
     RYXmlWrapperBase tree = parse("<R/>"), node, found;

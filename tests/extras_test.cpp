@@ -244,7 +244,7 @@ TEST(Extras, CompareAndApplyLists) {
 
 using SavedValuesFile = FolderTest;
 TEST_F(SavedValuesFile, IsKnown) {
-  const std::string file = folder / "file.xml",
+  const std::string file = (folder / "file.xml").string(),
                     settings = "<Settings>Settings<node51>1</node51><node-3/></Settings>";
   for (const auto& [contents, holds] :
        Rows<std::string, bool>{{settings, true},
@@ -265,7 +265,7 @@ TEST_F(SavedValuesFile, IsKnown) {
   std::ofstream(file, std::ios::binary) << "\xEF\xBB\xBF<!-- --><Other>no end";
   EXPECT_FALSE(holds_saved_values(nullptr) || holds_saved_values(file.c_str()));
   EXPECT_EQ(failure(), " 0:0 -1") << "the file was loaded";
-  EXPECT_FALSE(holds_saved_values(folder.c_str()));
+  EXPECT_FALSE(holds_saved_values(folder.string().c_str()));
 }
 
 }  // namespace

@@ -175,7 +175,8 @@ TEST(Homologous, CopiesSingleAttributes) {
   EXPECT_EQ(vctree_copy_branch_options(&dest, &source, 7), 0);
   EXPECT_EQ(text(dest), text(parse("<R Branch='8' k='1'/>")));
   source.SetPropertyValue("Branch", -3);
-  for (const auto& [mask, after] : Rows<unsigned long, int>{{7, 5}, {0, 0}, {0xFFFFFFFF0UL, -16}}) {
+  for (const auto& [mask, after] :
+       Rows<unsigned long, int>{{7, 5}, {0, 0}, {static_cast<unsigned long>(0xFFFFFFFF0ULL), -16}}) {
     int branch = 1;
     EXPECT_EQ(vctree_copy_branch_options(&dest, &source, mask), 1);
     dest.GetPropertyValue("Branch", branch);

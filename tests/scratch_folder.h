@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <sstream>
 #include <string>
 
@@ -25,8 +25,9 @@ inline std::ptrdiff_t entries(const std::filesystem::path& folder) {
 class FolderTest : public testing::Test {
  protected:
   FolderTest() {
-    std::string pattern = testing::TempDir() + "testXXXXXX";
-    folder = mkdtemp(pattern.data());
+    const std::filesystem::path all = testing::TempDir();
+    do folder = all / ("test" + std::to_string(std::random_device()()));
+    while (!std::filesystem::create_directory(folder));
   }
   ~FolderTest() override { std::filesystem::remove_all(folder); }
 

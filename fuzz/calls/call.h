@@ -48,7 +48,7 @@ class Call {
   const char* next_value();
 
   int take(Type<int>) { return static_cast<int>(number()); }
-  DWORD take(Type<DWORD>) { return static_cast<DWORD>(number()); }
+  unsigned take(Type<unsigned>) { return static_cast<unsigned>(number()); }
   unsigned long take(Type<unsigned long>) { return static_cast<unsigned long>(number()); }
   char take(Type<char>);
   unsigned take(Type<bool>) { return scene_.flag_word(static_cast<unsigned>(number())); }

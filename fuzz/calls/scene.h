@@ -2,6 +2,7 @@
 #pragma once
 
 #include <rytree_Utils.h>
+#include <rytree_host/variant.h>
 
 #include <array>
 #include <deque>
@@ -65,7 +66,7 @@ class Scene {
   int flags_passed = 0;  // by the last call
 
  private:
-  std::tuple<Slots<RYXmlWrapperBase>, Slots<CString>, Slots<int>, Slots<double>, Slots<bool>, Slots<DWORD>,
+  std::tuple<Slots<RYXmlWrapperBase>, Slots<CString>, Slots<int>, Slots<double>, Slots<bool>, Slots<unsigned>,
              Slots<unsigned long>, Slots<HostIntArray>, Slots<HostStringArray>, Slots<HostDoubleArray>,
              Slots<HostBoolArray>, Slots<tagDescStatResults>, Slots<tagRYSOBJVECT>, Slots<_SETVALUESBYIDS>,
              Slots<_variant_t>, Slots<STNODETEXTOPTS>>

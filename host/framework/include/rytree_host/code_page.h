@@ -23,10 +23,10 @@ class RYFRAMEWORK_API CodePage {
 
   int number() const noexcept { return number_; }
   /// Whether the byte can be the first of two, or any of two.
-  bool StartsPair(char byte) const noexcept {
-    return (roles_[static_cast<unsigned char>(byte)] & kStarts) != 0;
+  bool StartsPair(char unit) const noexcept {
+    return (roles_[static_cast<unsigned char>(unit)] & kStarts) != 0;
   }
-  bool InPair(char byte) const noexcept { return roles_[static_cast<unsigned char>(byte)] != 0; }
+  bool InPair(char unit) const noexcept { return roles_[static_cast<unsigned char>(unit)] != 0; }
 
   /// Reads the character at `text` and moves past it. The text has at least one more byte, and ends with a
   /// NUL or after `length` bytes. What Unicode has nothing for is read as utf8::kStray plus its bytes.
@@ -81,8 +81,8 @@ class RYFRAMEWORK_API NarrowCharacters {
   void Append(std::string& text, char32_t code, char32_t converted) const;
 
   /// Whether the byte is a character wherever it occurs.
-  bool StandsAlone(char byte) const noexcept {
-    return page_ == nullptr ? static_cast<unsigned char>(byte) < 0x80 : !page_->InPair(byte);
+  bool StandsAlone(char unit) const noexcept {
+    return page_ == nullptr ? static_cast<unsigned char>(unit) < 0x80 : !page_->InPair(unit);
   }
   /// The start of the character that the byte at `place` belongs to; `place` at the end of the text.
   std::size_t StartOf(std::string_view text, std::size_t place) const noexcept;

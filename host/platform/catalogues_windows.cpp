@@ -1,0 +1,5 @@
+#include "platform/catalogues.h"
+
+namespace platform {
+const char* LocalizedText(const char* text) { return text; }
+}  // namespace platform

@@ -1,0 +1,113 @@
+// What the sources for Windows share. Names inside the program are UTF-8.
+#pragma once
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#define WIN32_LEAN_AND_MEAN
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <cerrno>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace platform {
+
+inline std::wstring Wide(std::string_view text) {
+  const int bytes = static_cast<int>(text.size());
+  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0)),
+                    L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wide.data(), static_cast<int>(wide.size()));
+  return wide;
+}
+
+inline std::string Narrow(std::wstring_view wide) {
+  const int units = static_cast<int>(wide.size());
+  const int bytes = WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, nullptr, 0, nullptr, nullptr);
+  std::string text(static_cast<std::size_t>(bytes), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, text.data(), bytes, nullptr, nullptr);
+  return text;
+}
+
+// The number of <cerrno> for an error of the system; 0 for none.
+inline int ErrorNumber(DWORD error) {
+  switch (error) {
+    case ERROR_SUCCESS:
+      return 0;
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_BAD_NETPATH:
+      return ENOENT;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_USER_MAPPED_FILE:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED:
+      return EACCES;
+    case ERROR_FILENAME_EXCED_RANGE:
+      return ENAMETOOLONG;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return EEXIST;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+      return ENOSPC;
+    case ERROR_CANT_RESOLVE_FILENAME:
+      return ELOOP;
+    case ERROR_WRITE_PROTECT:
+      return EROFS;
+    case ERROR_NOT_ENOUGH_MEMORY:
+    case ERROR_OUTOFMEMORY:
+      return ENOMEM;
+    default:
+      return EIO;
+  }
+}
+
+// The path from its root on, with the head that lets it have more than 260 characters.
+inline std::wstring FullPath(std::string_view name) {
+  const std::wstring wide = Wide(name);
+  std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  if (full.rfind(L"\\\\?\\", 0) == 0 || full.rfind(L"\\\\.\\", 0) == 0) return full;
+  if (full.rfind(L"\\\\", 0) == 0) return L"\\\\?\\UNC" + full.substr(1);
+  return full.empty() ? wide : L"\\\\?\\" + full;
+}
+
+// An open handle, closed in the end.
+class Handle {
+ public:
+  explicit Handle(HANDLE handle = INVALID_HANDLE_VALUE) : handle_(handle) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() { Close(); }
+
+  bool is_open() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE get() const { return handle_; }
+  void Take(HANDLE handle) {
+    Close();
+    handle_ = handle;
+  }
+  bool Close() {
+    const HANDLE old = handle_;
+    handle_ = INVALID_HANDLE_VALUE;
+    return old == INVALID_HANDLE_VALUE || CloseHandle(old) != 0;
+  }
+  // Makes a descriptor of it, which owns it from then on; -1 and errno on a failure.
+  int ToDescriptor(int flags) {
+    const int descriptor =
+        _open_osfhandle(reinterpret_cast<std::intptr_t>(handle_), flags | _O_BINARY | _O_NOINHERIT);
+    if (descriptor >= 0) handle_ = INVALID_HANDLE_VALUE;
+    return descriptor;
+  }
+
+ private:
+  HANDLE handle_;
+};
+
+}  // namespace platform

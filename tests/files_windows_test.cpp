@@ -1,0 +1,82 @@
+// Files of Windows: what another program holds, what may not be written, and names of every kind.
+#include <windows.h>
+
+#include <chrono>
+#include <thread>
+
+#include "scratch_folder.h"
+#include "tree_text.h"
+
+namespace {
+
+using Node = RYXmlWrapperBase;
+
+class FilesOfWindows : public FolderTest {
+ protected:
+  std::string path(const std::string& name = "x.xml") const { return folder.string() + '\\' + name; }
+  static HANDLE held(const std::string& file, DWORD shared) {
+    return CreateFileA(file.c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING, 0, nullptr);
+  }
+  // Saves, and gives what the file holds then, or "! " and why it cannot be saved.
+  static std::string saved(const std::string& file, const char* xml) {
+    if (parse(xml).Save(file.c_str()) == 0) return std::string("! ") + Node::LastFailure().text;
+    Node back;
+    return back.load(file.c_str(), 0) != 0 ? text(back) : std::string("! ") + Node::LastFailure().text;
+  }
+};
+
+TEST_F(FilesOfWindows, HaveNamesOfEveryKind) {
+  std::vector<std::wstring> folders = {L"\\\\?\\" + folder.native()};
+  std::string deep = folder.string();
+  for (char name = 'a'; name < 'g'; ++name) {
+    folders.push_back(folders.back() + L'\\' + std::wstring(60, static_cast<wchar_t>(name)));
+    deep += '\\' + std::string(60, name);
+    ASSERT_NE(CreateDirectoryW(folders.back().c_str(), nullptr), 0);
+  }
+  deep += "\\x.xml";
+  for (const std::string& file : {path(), path("\u00e9\u0416\u6587.xml"), deep,
+                                  folder.generic_string() + "/../" + folder.filename().string() + "/y.xml"}) {
+    for (const char* const xml : {"<a>1</a>", "<b>2</b>"}) EXPECT_EQ(saved(file, xml), xml);
+  }
+  EXPECT_EQ(
+      GetFileAttributesW((folder.native() + L"\\\u00e9\u0416\u6587.xml").c_str()) & FILE_ATTRIBUTE_DIRECTORY,
+      0U);
+  EXPECT_NE(DeleteFileW((folders.back() + L"\\x.xml").c_str()), 0);
+  for (; folders.size() > 1; folders.pop_back()) EXPECT_NE(RemoveDirectoryW(folders.back().c_str()), 0);
+  EXPECT_EQ(entries(folder), 3);
+}
+
+TEST_F(FilesOfWindows, AreRefusedWhole) {
+  ASSERT_EQ(saved(path(), "<old/>"), "<old/>");
+  SetFileAttributesA(path().c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(saved(path(), "<new/>"), "! cannot write '" + path() + "': Permission denied");
+  SetFileAttributesA(path().c_str(), FILE_ATTRIBUTE_NORMAL);
+  const HANDLE other = held(path(), 0);
+  EXPECT_EQ(saved(path(), "<new/>"), "! cannot rename to '" + path() + "': Permission denied");
+  CloseHandle(other);
+  for (const auto& [file, why] :
+       Rows<std::string, const char*>{{folder.string(), "Is a directory"},
+                                      {path("no\\x.xml"), "No such file or directory"},
+                                      {"NUL", "Invalid argument"},
+                                      {"", "No such file or directory"}}) {
+    EXPECT_EQ(saved(file, "<new/>"), "! cannot write '" + file + "': " + why);
+    EXPECT_EQ(Node().load(file.c_str(), 0), 0);
+    EXPECT_EQ(Node::LastFailure().text, "cannot read '" + file + "': " + why);
+  }
+  EXPECT_NE(content(path()).find("<old/>"), std::string::npos);
+  EXPECT_EQ(entries(folder), 1);
+}
+
+TEST_F(FilesOfWindows, AreWaitedForWhileAnotherProgramHasThem) {
+  ASSERT_EQ(saved(path(), "<old/>"), "<old/>");
+  const HANDLE other = held(path(), FILE_SHARE_READ);
+  std::thread release([other] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    CloseHandle(other);
+  });
+  EXPECT_EQ(saved(path(), "<new/>"), "<new/>");
+  release.join();
+  EXPECT_EQ(entries(folder), 1);
+}
+
+}  // namespace
