@@ -58,7 +58,7 @@ TEST_F(TreeTool, ColoursAndFitsATerminalOnly) {
   write("t.xml", "<Root><A Label='" + std::string(90, 'l') + "'>" + std::string(90, 'v') + "</A></Root>");
   const std::string label = std::string(14, 'l') + "…";
   const std::string value = std::string(24, 'v') + "…";
-  const std::string show = " '$PROGRAM' show t.xml\" /dev/null </dev/null | tr -d '\\r' | tail -1";
+  const std::string show = " TERM=xterm '$PROGRAM' show t.xml\" /dev/null </dev/null | tr -d '\\r' | tail -1";
   shell("script -qec \"stty cols 60; NO_COLOR=1" + show);
   EXPECT_EQ(out, "  2      1    A   " + label + "  " + value + "\n");
   shell("script -qec \"stty cols 60; NO_COLOR=" + show);
