@@ -7,7 +7,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::string_literals;
 using Node = RYXmlWrapperBase;
 

@@ -51,7 +51,7 @@ inline std::size_t CommonLength(const char* at) {
   const unsigned third = first_of_three << 2;
   const auto end = static_cast<std::size_t>(
       std::countr_zero(((next ^ (second | third)) & 0xFFFFU) | rare | stops | 0x10000U));
-  return end - (second >> end & 1) - 2 * (third >> end & 1);
+  return end - (second >> end & 1) - std::size_t{2} * (third >> end & 1);
 }
 #else
 // Marks such bytes by their high bits. Only the lowest mark can be relied on: a byte too small for what is
