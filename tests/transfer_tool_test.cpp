@@ -109,11 +109,14 @@ TEST_F(TransferTool, ThreeWays) {
   write("s.xml", leaves("abbbac"));
   write("t.xml", leaves("bacbx"));
   write("u.xml", leaves("ab"));
+  write("v.xml", "<T><V DataID='1'>a</V><V DataID='2'>a</V><V DataID='2'>c</V><V DataID='4'>a</V></T>");
   for (const auto& [arguments, status, values, conflicts] : rows<4>(R"(
       t.xml r.xml | 0 | bbbbx |   T.V  3  c  b  old default a; mine taken
+      t.xml r.xml | 0 | bbbbx | changed   2 nodes (marked with OldValue)
       t.xml r.xml --prefer mine --no-marks | 0 | bbbbx | 1 value changed by both sides, mine taken
       t.xml r.xml --prefer new --report - | 0 | bbcbx | old default a; new taken
       t.xml r.xml --strict | 3 | - | 1 value changed by both sides, mine taken
+      v.xml r.xml --prefer new | 0 | aacb | 2 values changed by both sides, the new one taken
       u.xml r.xml --report - | 0 | ab | no node of the target has this ID)")) {
     EXPECT_EQ(run("--base base.xml s.xml " + arguments), std::stoi(status)) << arguments << err;
     EXPECT_NE(out.find(conflicts), std::string::npos) << arguments << out;
@@ -194,6 +197,7 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
   write("open.xml", "<S><A>");
   write("conflict.xml", "<S><A DataID='1'/><B RepeatID='3'><C Label='c&#10;d' RepeatID='1'/></B></S>");
   write("theme.xml", "old theme");
+  write("base.xml", "<S/>");
   for (const auto& [arguments, reason] : rows<2>(R"(
        | SOURCE, TARGET and RESULT are needed, try --help
       --id-attribute | --id-attribute needs a NAME
@@ -205,6 +209,7 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml conflict.xml r.xml | \
           conflict.xml: Repeat ID conflict for Node with Name = C, Label = c\nd, Repeat ID = 3
       good.xml target.xml r.xml folder/../good.xml | folder/../good.xml: THEME would overwrite good.xml
+      good.xml target.xml ./base.xml --base base.xml | ./base.xml: RESULT would overwrite base.xml
       good.xml target.xml ./r.xml r.xml | r.xml: THEME would overwrite ./r.xml
       good.xml target.xml r.xml folder | folder: not a regular file
       good.xml target.xml r.xml --prefer new | --prefer goes with --base

@@ -91,19 +91,8 @@ std::uint32_t Tree::HashLong(std::string_view name) {
   return static_cast<std::uint32_t>(mixed ^ mixed >> 32);
 }
 
-const Name* Tree::InternNew(std::string_view name, const TextWords& words, std::uint32_t hash) {
-  return IsUsualName(name.size(), words) || IsName(name) ? AddName(name, words, hash) : nullptr;
-}
-
-// Most nodes of a branch that is copied share a few names: each is looked up once in a copy.
-const Name* Tree::InternCopy(const Name* name, const Tree& of_tree) {
-  const Name* const found = FindName(name->view(), name->words(), name->hash);
-  name->copied_as = found != nullptr ? found : AddName(name->view(), name->words(), name->hash);
-  name->stamp = of_tree.stamps_;
-  return name->copied_as;
-}
-
-const Name* Tree::AddName(std::string_view name, const TextWords& words, std::uint32_t hash) {
+[[gnu::always_inline]] inline const Name* Tree::AddName(std::string_view name, const TextWords& words,
+                                                        std::uint32_t hash) {
   if (4 * (name_count_ + 1) > 3 * name_slots_) GrowNames();
   void* const block = memory_.Allocate(NameBytes(name.size()));
   Name* const added = new (block) Name{static_cast<std::uint32_t>(name.size()), hash};
@@ -121,8 +110,20 @@ const Name* Tree::AddName(std::string_view name, const TextWords& words, std::ui
   return added;
 }
 
+const Name* Tree::InternNew(std::string_view name, const TextWords& words, std::uint32_t hash) {
+  return IsUsualName(name.size(), words) || IsName(name) ? AddName(name, words, hash) : nullptr;
+}
+
+// Most nodes of a branch that is copied share a few names: each is looked up once in a copy.
+const Name* Tree::InternCopy(const Name* name, const Tree& of_tree) {
+  const Name* const found = FindName(name->view(), name->words(), name->hash);
+  name->copied_as = found != nullptr ? found : AddName(name->view(), name->words(), name->hash);
+  name->stamp = of_tree.stamps_;
+  return name->copied_as;
+}
+
 void Tree::GrowNames() {
-  constexpr std::uint32_t kMany = 4096;
+  constexpr std::uint32_t kMany = 1U << 17;
   const std::uint32_t slots = (name_slots_ < kMany ? 4 : 2) * name_slots_;
   auto names = std::make_unique<NameSlot[]>(slots);
   for (std::uint32_t i = 0; i < name_slots_; ++i) {

@@ -22,7 +22,7 @@ const char* const kHelp =
     "\n"
     "  SOURCE   the XML file whose values are taken\n"
     "  TARGET   the XML file whose nodes get them; it is only read\n"
-    "  RESULT   where TARGET is written with the values of SOURCE; OldValue marks what changed\n"
+    "  RESULT   where TARGET is written with the values of SOURCE; OldValue marks the texts that changed\n"
     "  THEME    where the IDs and values are written as a list; RESULT with .theme.xml if not given\n"
     "\n"
     "What is carried:\n"
@@ -156,22 +156,26 @@ void check_options(const Arguments& arguments) {
   if (arguments.allow_loss && arguments.result.empty()) throw Failure("--allow-loss goes with a RESULT");
 }
 
-/// Throws a Failure if an output is another file of the command line; only RESULT may be an input.
+/// Throws a Failure if an output is another file of the command line; only RESULT may be SOURCE or TARGET.
 void check_files(const Arguments& arguments) {
   const std::vector<std::string> inputs = {arguments.source, arguments.target, arguments.base};
   if (std::count(inputs.begin(), inputs.end(), "-") > 1) throw Failure("only one file can be standard input");
   const std::vector<std::string> outputs = {arguments.result, arguments.theme, arguments.report};
   if (std::count(outputs.begin(), outputs.end(), "-") > 1)
     throw Failure("only one file can be standard output");
-  std::vector<std::string> taken = inputs;
-  std::erase(taken, "");
-  if (!arguments.result.empty()) taken.push_back(arguments.result);
+  std::vector<std::string> taken;
+  if (!arguments.base.empty()) taken.push_back(arguments.base);
   const auto check = [&](const char* name, const std::string& file) {
     for (const std::string& other : taken) {
       if (!is_stream(file) && same_place(file, other))
         throw Failure(file + ": " + name + " would overwrite " + other);
     }
   };
+  const auto is_result = [&](const std::string& input) { return same_place(arguments.result, input); };
+  if (!arguments.result.empty() && !is_result(arguments.source) && !is_result(arguments.target))
+    check("RESULT", arguments.result);
+  taken.insert(taken.end(), {arguments.source, arguments.target});
+  if (!arguments.result.empty()) taken.push_back(arguments.result);
   if (!arguments.theme.empty()) check("THEME", arguments.theme);
   if (!arguments.theme.empty()) taken.push_back(arguments.theme);
   if (!arguments.report.empty()) check("--report", arguments.report);

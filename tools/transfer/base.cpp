@@ -1,10 +1,11 @@
 #include "base.h"
 
+#include <algorithm>
+
 namespace {
 
-using Values = std::unordered_map<int, std::string>;
-
-/// The first value of each ID.
+/// The values of each ID; with a map that holds one for each, the first.
+template <class Values>
 Values values_of(RYXmlWrapperBase tree, const Ids& ids) {
   Pairs pairs;
   vctree_get_values_with_ids(&tree, &pairs.ids, &pairs.values, /*recursive=*/1, /*changedOnly=*/0,
@@ -18,8 +19,8 @@ Values values_of(RYXmlWrapperBase tree, const Ids& ids) {
 
 Settled settle(const RYXmlWrapperBase& base, const RYXmlWrapperBase& target, const Ids& ids, bool prefer_new,
                const Pairs& pairs) {
-  const Values bases = values_of(base, ids);
-  const Values targets = values_of(target, ids);
+  const auto bases = values_of<std::unordered_map<int, std::string>>(base, ids);
+  const auto targets = values_of<std::unordered_multimap<int, std::string>>(target, ids);
   Settled settled;
   std::unordered_map<int, bool> taken;
   for (int i = 0; i < pairs.ids.GetSize(); ++i) {
@@ -28,11 +29,14 @@ Settled settle(const RYXmlWrapperBase& base, const RYXmlWrapperBase& target, con
     const auto former = bases.find(id);
     if (is_first && former != bases.end()) {
       const std::string mine(pairs.values[i].View());
-      const auto newer = targets.find(id);
+      const auto is_new = [&](const auto& entry) {
+        return entry.second != former->second && entry.second != mine;
+      };
+      const auto [first, last] = targets.equal_range(id);
       if (mine == former->second) {
         settled.defaults.insert(id);
         decision->second = false;
-      } else if (newer != targets.end() && newer->second != former->second && newer->second != mine) {
+      } else if (std::any_of(first, last, is_new)) {
         settled.conflicts.emplace(id, Conflict{former->second, mine, !prefer_new});
         decision->second = !prefer_new;
       }

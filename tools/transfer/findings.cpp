@@ -79,14 +79,14 @@ int Search::compare(Fate fate, const std::string& id, const std::string& note, c
   if (std::string old_value = rytree::text_of(before), new_value = rytree::text_of(after);
       old_value != new_value) {
     ++differences;
-    found.changed_nodes += fate == Fate::kApplied ? 1 : 0;
+    found.changed_nodes += fate != Fate::kKept ? 1 : 0;
     add(fate, id, path_of(after), std::move(old_value), std::move(new_value), note);
   }
   for (const auto& [name, new_value] : rytree::attributes_of(after)) {
     std::optional<std::string> old_value = rytree::attribute_of(before, name.c_str());
     if (name == kThemeRule || old_value == new_value) continue;
     ++differences;
-    found.changed_attributes += fate == Fate::kApplied ? 1 : 0;
+    found.changed_attributes += fate != Fate::kKept ? 1 : 0;
     add(fate, id, path_of(after) + '@' + name, std::move(old_value), new_value, note);
   }
   return differences;

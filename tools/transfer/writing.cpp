@@ -33,7 +33,10 @@ void write_theme(const Arguments& arguments, const StagedFile& file, const Outco
     throw Failure(arguments.theme + ": the theme does not read back as it was written");
 }
 
-bool is_page(const std::string& file) { return file.ends_with(".html") || file.ends_with(".htm"); }
+bool is_page(const std::string& file) {
+  const CString ending = CString(file.substr(file.rfind('.') + 1).c_str());
+  return _mbsicmp(ending, "html") == 0 || _mbsicmp(ending, "htm") == 0;
+}
 
 /// Sends RESULT and THEME as far as they are streams. It comes before all that changes a file, so that files stay as
 /// they were if it fails, and may wait for a reader for long, so signals end the program meanwhile.
