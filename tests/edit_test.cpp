@@ -25,11 +25,11 @@ int edit(const std::string& name, Node n, bool a, bool b, bool c) {
 TEST(Edit, ChangesTheBranch) {
   std::string tree;
   for (const auto& [name, flags, result, after] : rows<4>(R"(
-      <R><a/><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i></R> |
-      lacking | 000 | 1 | <R><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i></R>
-      lacking | 100 | 6 | <R><b k="">t</b><f><g k="1"/></f><i k="2"/></R>
-      lacking | 110 | 6 | <R><b>t</b><f><g/></f><i/></R>
-      lacking | 111 | 5 | <R><b>t</b><c/><f><g/></f><i k="2"/></R>
+      <R><a/><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i><l/></R> |
+      lacking | 000 | 2 | <R><b k="">t</b><c><d/><e/></c><f><g k="1"/><h/></f><i k="2"><j/></i></R>
+      lacking | 100 | 7 | <R><b k="">t</b><f><g k="1"/></f><i k="2"/></R>
+      lacking | 110 | 7 | <R><b>t</b><f><g/></f><i/></R>
+      lacking | 111 | 6 | <R><b>t</b><c/><f><g/></f><i k="2"/></R>
       <R><a v="1" x=""><b v="1" x="1"/><c v="2"/></a><d v="1"><e v="1"/></d><f><g v="1"/></f><h v="y"/></R> |
       valued  | 010 | 1 | <R><a v="1" x=""><b v="1" x="1"/><c v="2"/></a><f><g v="1"/></f><h v="y"/></R>
       valued  | 110 | 3 | <R><a v="1" x=""><c v="2"/></a><f/><h v="y"/></R>

@@ -223,7 +223,7 @@ TEST(Extras, CompareAndApplyLists) {
     return list;
   };
   const ValueList one = list_of("<R><a #1>1</a><a #2>2</a><a #2>3</a><a #4>4</a></R>");
-  const ValueList two = list_of("<R><a #7/><a #2>2</a><a #2>x</a><a #2>y</a><a #1>1</a></R>");
+  const ValueList two = list_of("<R><a #1>1</a><a #7/><a #2>2</a><a #2>x</a><a #2>y</a></R>");
   std::string differences;
   for (const auto& [kind, id, before, after] : differences_of_values(one, two))
     differences += std::to_string(id) + ":" + before.value_or("none") + ">" + after.value_or("none") + " ";
@@ -235,7 +235,7 @@ TEST(Extras, CompareAndApplyLists) {
   EXPECT_TRUE(refused.matched == -4 && refused.unmatched.empty() && !refused.message.empty());
   for (const auto& [applied, matched, unmatched] : Rows<Applied, int, std::vector<int>>{
            {apply_values(tree, one, {.first_counts = true}), 1, {1, 4}},
-           {apply_values(tree, two, {.repeat = 2, .first_counts = true}), 0, {7, 2, 1}},
+           {apply_values(tree, two, {.repeat = 2, .first_counts = true}), 0, {1, 7, 2}},
            {copy_values(source, tree), 1, {5, 0x80003, -3}},
            {copy_values(source, tree, {.drop_empty = true}), 1, {0x80003, -3}}})
     EXPECT_TRUE(applied.matched == matched && applied.unmatched == unmatched);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <string>
@@ -125,7 +126,8 @@ const Name* Tree::InternCopy(const Name* name, const Tree& of_tree) {
 void Tree::GrowNames() {
   constexpr std::uint32_t kMany = 1U << 17;
   const std::uint32_t slots = (name_slots_ < kMany ? 4 : 2) * name_slots_;
-  auto names = std::make_unique<NameSlot[]>(slots);
+  auto names = std::make_unique_for_overwrite<NameSlot[]>(slots);
+  std::memset(names.get(), 0, slots * sizeof(NameSlot));
   for (std::uint32_t i = 0; i < name_slots_; ++i) {
     if (names_[i].name == nullptr) continue;
     std::uint32_t slot = names_[i].hash & (slots - 1);

@@ -183,16 +183,13 @@ char* Reader::Outside(char* at) {
 
 // What starts with a '<'.
 char* Reader::Tag(char* at) {
-  switch (at[1]) {
-    case '/':
-      return EndTag(at);
-    case '!':
-      return at[2] == '[' ? CData(at) : Comment(at);
-    case '?':
-      return Instruction(at);
-    default:
-      return StartTag(at);
+  const char kind = at[1];
+  if (kind <= '?') [[unlikely]] {  // below the letters
+    if (kind == '/') return EndTag(at);
+    if (kind == '!') return at[2] == '[' ? CData(at) : Comment(at);
+    if (kind == '?') return Instruction(at);
   }
+  return StartTag(at);
 }
 
 // ---- Texts.
@@ -241,10 +238,13 @@ char* Reader::StartTag(char* at) {
     if (tag == nullptr) return Refuse();
   }
   builder_.Begin();
-  for (std::size_t place = 0; IsXmlBlank(*at); place = KnownNames::Next(place)) {
-    at = SkipBlanks(at + 1);
+  for (std::size_t place = 0;; place = KnownNames::Next(place)) {
     KnownName* known = names_.Last(place);
-    if (!known->IsAt(at)) {
+    if (*at == ' ' && known->IsAt(at + 1)) {
+      ++at;
+    } else {
+      if (!IsXmlBlank(*at)) break;
+      at = SkipBlanks(at + 1);
       if (*at == '/' || *at == '>') break;
       known = names_.Guess(at, place);
       if (!known->IsAt(at) && !AttributeName(at, *known)) return nullptr;
