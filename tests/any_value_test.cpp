@@ -13,9 +13,9 @@
 #include <random>
 #include <set>
 
-#include "environment.h"
 #include "failure.h"
 #include "scratch_folder.h"
+#include "system/process.h"
 #include "tree_text.h"
 
 namespace {

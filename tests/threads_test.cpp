@@ -1,15 +1,14 @@
 // Threads with trees of their own need no lock, whatever they call. scripts/check runs this under the thread
 // sanitizer.
-#include <dlfcn.h>
 #include <rytree_host/ryUtils.h>
 
 #include <atomic>
-#include <barrier>
 #include <chrono>
 #include <thread>
 
 #include "frame/range_label.h"
 #include "fuzz/calls/call.h"
+#include "system/modules.h"
 #include "tree_text.h"
 
 namespace {
@@ -18,25 +17,25 @@ constexpr std::size_t kThreads = 8;
 constexpr int kRangeLabel = 1996;  // the message that is fetched once, for all threads
 std::atomic<int> label_fetches = 0;
 
-void linger() { std::this_thread::sleep_for(std::chrono::milliseconds(50)); }
+void dawdle() { std::this_thread::sleep_for(std::chrono::milliseconds(50)); }
 
 }  // namespace
 
-// These take the place of the host's functions. While they linger, all other threads come to the first use of what is
+// These take the place of the host's functions. While they dawdle, all other threads come to the first use of what is
 // fetched or loaded.
 int ryu_load_err_msg_str(int number, CString* out, int option) {
   static auto* const real = reinterpret_cast<decltype(&ryu_load_err_msg_str)>(
-      dlsym(RTLD_NEXT, "_Z20ryu_load_err_msg_striP7CStringi"));
+      replaced_function("ryUtils", "_Z20ryu_load_err_msg_striP7CStringi"));
   if (number == kRangeLabel) {
     ++label_fetches;
-    linger();
+    dawdle();
   }
   return real(number, out, option);
 }
 rytree_host::HMODULE rytree_host::LoadLibraryA(const char* name) {
   static auto* const real = reinterpret_cast<decltype(&rytree_host::LoadLibraryA)>(
-      dlsym(RTLD_NEXT, "_ZN11rytree_host12LoadLibraryAEPKc"));
-  linger();
+      replaced_function("ryframework", "_ZN11rytree_host12LoadLibraryAEPKc"));
+  dawdle();
   return real(name);
 }
 
@@ -63,12 +62,16 @@ Outcomes outcomes(std::size_t first, Step step) {
 TEST(Threads, CallEveryExportOnTreesOfTheirOwn) {
   const auto no_step = [] {};
   // First all call the same export at a time, as nothing is loaded yet that is loaded once; then each another.
-  std::barrier in_step(kThreads);
+  std::atomic<std::size_t> arrived = 0;
+  const auto wait_for_all = [&] {
+    const std::size_t all = (arrived++ / kThreads + 1) * kThreads;
+    while (arrived < all) std::this_thread::yield();
+  };
   std::vector<Outcomes> found(2 * kThreads);
   std::vector<std::thread> threads;
   for (std::size_t i = 0; i < kThreads; ++i) {
     threads.emplace_back([&, i] {
-      found[2 * i] = outcomes(0, [&] { in_step.arrive_and_wait(); });
+      found[2 * i] = outcomes(0, wait_for_all);
       found[2 * i + 1] = outcomes(29 * i, no_step);
     });
   }
@@ -82,7 +85,7 @@ TEST(Threads, CallEveryExportOnTreesOfTheirOwn) {
   }
 }
 
-// The barrier above and the lock would hide a read in the wrong order: here nothing but the label itself gives one.
+// The counter above and the lock would hide a read in the wrong order: here nothing but the label itself gives one.
 TEST(Threads, SeeTheLabelThatAnotherFetched) {
   std::atomic<bool> fetched = false;
   std::string seen;
