@@ -20,8 +20,8 @@ TEST_F(TransferTool, ValuesThemeMarksAndReport) {
   ASSERT_EQ(run("source.xml target.xml result.xml --report r.tsv"), 0) << err;
   EXPECT_EQ(err, "");
   EXPECT_EQ(out, R"(source    source.xml: 13 nodes, 8 values harvested
-target    target.xml: 9 nodes, 6 matched
-changed   4 nodes (marked with OldValue), 3 attributes
+target    target.xml: 9 nodes, 6 of them with a value in the source
+changed   4 texts (marked with OldValue), 3 attributes (never marked)
   node               ID              old value  new value
   T.A1               1               alt        für 日本
   T.X@Use            2               (none)     1
@@ -78,9 +78,9 @@ TEST_F(TransferTool, Options) {
   write("s.xml", "<S><A Id='1' DataID='2' n='x y'>new</A><B n='7'>b</B><B n=''>c</B></S>");
   write("t.xml", "<T><A Id='2' n='x y'>b</A><C><A Id='1' n='7'>a</A><A n='7' OldValue='o'>d</A></C></T>");
   for (const auto& [arguments, printed, result] : rows<3>(R"(
-      --id-attribute Id s.xml t.xml r.xml | changed   1 node (marked with OldValue), 0 attributes | \
+      --id-attribute Id s.xml t.xml r.xml | changed   1 text (marked with OldValue), 0 attributes | \
           <T><A Id="2" n="x y">b</A><C><A Id="1" n="7" OldValue="a">new</A><A n="7">d</A></C></T>
-      --id-attribute Id --no-marks s.xml t.xml r.xml | changed   1 node, 0 attributes | \
+      --id-attribute Id --no-marks s.xml t.xml r.xml | changed   1 text, 0 attributes | \
           <T><A Id="2" n="x y">b</A><C><A Id="1" n="7">new</A><A n="7" OldValue="o">d</A></C></T>
       --id-attribute n s.xml t.xml r.xml | warning   1 ID is that of several nodes, which all get its value: 7 | \
           <T><A Id="2" n="x y" OldValue="b">new</A>\
@@ -106,15 +106,18 @@ TEST_F(TransferTool, ThreeWays) {
     return "<T>" + xml + "</T>";
   };
   write("base.xml", leaves("aaaaa"));
+  write("empty.xml", "<T><V DataID='2'/></T>");
+  write("w.xml", "<T><V DataID='3'>c</V></T>");
   write("s.xml", leaves("abbbac"));
   write("t.xml", leaves("bacbx"));
   write("u.xml", leaves("ab"));
   write("v.xml", "<T><V DataID='1'>a</V><V DataID='2'>a</V><V DataID='2'>c</V><V DataID='4'>a</V></T>");
   for (const auto& [arguments, status, values, conflicts] : rows<4>(R"(
       t.xml r.xml | 0 | bbbbx |   T.V  3  c  b  old default a; mine taken
-      t.xml r.xml | 0 | bbbbx | changed   2 nodes (marked with OldValue)
+      t.xml r.xml | 0 | bbbbx | changed   2 texts (marked with OldValue)
       t.xml r.xml --prefer mine --no-marks | 0 | bbbbx | 1 value changed by both sides, mine taken
       t.xml r.xml --prefer new --report - | 0 | bbcbx | old default a; new taken
+      w.xml r.xml --prefer new | 0 | c | w.xml: 2 nodes, 1 of them with a value in the source
       t.xml r.xml --strict | 3 | - | 1 value changed by both sides, mine taken
       v.xml r.xml --prefer new | 0 | aacb | 2 values changed by both sides, the new one taken
       u.xml r.xml --report - | 0 | ab | no node of the target has this ID)")) {
@@ -124,8 +127,29 @@ TEST_F(TransferTool, ThreeWays) {
     shell("grep -o '>.</V>' r.xml | tr -d '<>/V\\n'");
     EXPECT_EQ(out, values) << arguments;
   }
+  EXPECT_EQ(run("--base empty.xml s.xml v.xml --dry-run --report - | grep -c 'old default (empty); mine'"),
+            0);
+  EXPECT_EQ(out, "2\n");
   EXPECT_EQ(run("--base s.xml s.xml t.xml all.xml"), 0) << err;
   EXPECT_EQ(tree("all.xml"), tree("t.xml"));
+}
+
+TEST_F(TransferTool, TellsOfTextsThatAreNotTaken) {
+  write("s.xml", R"(<S>r<A DataID="1" Use="u">a<B/></A><C DataID="2">same<B/></C>
+<D ThemeApplicability="1048576"><E DataID="3">e</E><F/></D><G DataID="4">g<B>b</B></G></S>)");
+  write("t.xml", R"(<T><A DataID="1">a</A><C DataID="2">same<B/></C><E DataID="3">x</E></T>)");
+  ASSERT_EQ(run("s.xml t.xml r.xml --report r.html"), 0) << err;
+  EXPECT_NE(out.find(R"(
+not taken 3 texts of s.xml beside children, or inside a branch that is one value
+  T.E  3  x       e  inside a branch that is one value
+  S       (none)  r  text of the root
+  S.G  4  (none)  g  text beside children
+no ID )"),
+            std::string::npos)
+      << out;
+  EXPECT_NE(content(work / "r.html").find("of the source: e, inside a branch"), std::string::npos);
+  EXPECT_EQ(run("s.xml t.xml --dry-run --strict"), 3);
+  EXPECT_NE(err.find("--strict: 3 texts of s.xml not taken: 3, S, 4; 1 value"), std::string::npos) << err;
 }
 
 TEST_F(TransferTool, PageHoldsItAllAndNothingFromElsewhere) {
@@ -172,6 +196,8 @@ TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
        "/dev/full: cannot write: No space"},
       {"P s.xml t.xml r.xml --report /dev/full; s=$?; rm r.*; (exit $s)", 1, "",
        "/dev/full: cannot write: No space"},
+      {"P s.xml t.xml r.xml >/dev/full; s=$?; rm r.*; (exit $s)", 1, "", "cannot write to standard output\n"},
+      {"P s.xml t.xml --dry-run >/dev/full", 2, "", "cannot write to standard output\n"},
       {"P s.xml t.xml --dry-run", 0, "result    not written (--dry-run)\n", ""},
       {"P s.xml t.xml r.xml --strict", 3, "result    not written\n",
        "--strict: 1 ID of s.xml without a node in t.xml: 2; 1 value of s.xml with an ID that came before: "
@@ -179,9 +205,11 @@ TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
       {"echo '<S>x<A DataID=\"1\"/><A/><C DataID=\"\">c</C><E RepeatID=\"x\">e</E></S>' | P - t.xml --strict "
        "--dry-run",
        3, "",
-       "--strict: 1 value of standard input without an ID: S.E; 2 IDs of no use in standard input: S.C, "
+       "--strict: 1 text of standard input not taken: S; 1 value of standard input without an ID: S.E; 2 IDs "
+       "of no use in standard input: S.C, "
        "S.E\n"},
-      {"P s.xml u.xml r.xml", 3, "", "u.xml: no node has an ID of s.xml (--allow-no-match takes that)\n"}};
+      {"P s.xml u.xml r.xml", 3, "",
+       "u.xml: no node has the ID of a value of s.xml (--allow-no-match takes that)\n"}};
   for (const auto& [command, status, printed, told] : rows) {
     EXPECT_EQ(shell(std::string("P() { \"$PROGRAM\" \"$@\"; }; ") + command), status) << command << err;
     EXPECT_NE(out.find(printed), std::string::npos) << command << out;
@@ -225,7 +253,8 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml target.xml r.xml --report ./target.xml | ./target.xml: --report would overwrite target.xml
       good.xml target.xml r.xml --report lost/r.tsv | lost/r.tsv: cannot write: No such file or directory
       good.xml target.xml r.xml lost/t.xml | lost/t.xml: cannot write: No such file or directory
-      good.xml target.xml lost/r.xml theme.xml | lost/r.xml: cannot write: No such file or directory)")) {
+      good.xml target.xml --dry-run --id-attribute _NodeID | _NodeID is the node ID, which is not an attribute
+      good.xml target.xml lost/r.xml | lost/r.xml: cannot write: No such file or directory)")) {
     expect_refused(arguments, 2, reason);
   }
 }
@@ -268,7 +297,8 @@ TEST_F(TransferTool, InterruptionsLeaveBothFilesOrNeither) {
 
 TEST_F(TransferTool, ReportOnTheExampleDataFitsAScreen) {
   ASSERT_EQ(run("'" DATA_PATH "/settings_v1.xml' '" DATA_PATH "/settings_v2.xml' r.xml"), 0) << err;
-  EXPECT_NE(out.find("\nchanged   118 nodes (marked with OldValue), 23 attributes\n"), std::string::npos)
+  EXPECT_NE(out.find("\nchanged   118 texts (marked with OldValue), 23 attributes (never marked)\n"),
+            std::string::npos)
       << out;
   const std::string whole = out;
   if (shell("script -qec true /dev/null </dev/null") != 0)
@@ -276,7 +306,7 @@ TEST_F(TransferTool, ReportOnTheExampleDataFitsAScreen) {
   const std::string start = "script -qec \"stty cols 90 rows 40; TERM=dumb '$PROGRAM' '" DATA_PATH
                             "/settings_v1.xml' '" DATA_PATH "/settings_v2.xml' r.xml";
   shell(start + "\" /dev/null </dev/null | tr -d '\\r'");
-  EXPECT_NE(out.find("\n  … and 115 more\n"), std::string::npos) << out;
+  EXPECT_NE(out.find("\n  … and 116 more\n"), std::string::npos) << out;
   EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 37);
   shell(start + " --all\" /dev/null </dev/null | tr -d '\\r'");
   EXPECT_EQ(out, whole);

@@ -21,7 +21,10 @@ const std::string kTree = filled("$Plot$Set$Empty");
 
 class TreeTool : public ProgramTest {
  protected:
-  TreeTool() { write("t.xml", kTree); }
+  TreeTool() {
+    write("t.xml", kTree);
+    write("n.xml", R"(<R><A _NodeID="4"/><B A="a" _NodeID="4"/></R>)");
+  }
 };
 
 TEST_F(TreeTool, Looks) {
@@ -43,6 +46,7 @@ TEST_F(TreeTool, Looks) {
       {"path t.xml root.set.text", "row    10\nlevel  2\npath   Root.Set.Text\nlabel  Text\nvalue  Red\n"},
       {"path t.xml 1", "row    1\nlevel  0\npath   Root\nlabel  Root\nvalue  \n"},
       {"find t.xml Kind=x", " 3  Root.Plot.Axis  12.5\n10  Root.Set.Text   Red\n"},
+      {"find n.xml _NodeID=4 A=a", "3  R.B\n"},
       {"find t.xml Kind=X Order=3 --ignore-case", "3  Root.Plot.Axis  12.5\n"},
       {"pairs t.xml Root.Set", "Item7=,item3=b,Item=a\nb,Text=Red,\n"},
       {"pairs --key-separator : --pair-separator ';' t.xml Root.Empty", "E:;\n"}};
@@ -90,6 +94,14 @@ TEST_F(TreeTool, ComparesReadsAndWritesStreams) {
       {"cat a.xml | P path - R.C | tail -1", 0, "value  c\n"},
       {"P set a.xml R.B x=y -o - 2>told | P path - R.B | tail -1; cat told; rm told", 0,
        "value  b\nset 1 attribute of R.B\nwritten to standard output\n"},
+      {"P set n.xml 1 _NodeID=7 A=1 -o - 2>told | tr -d '\\n'; P set n.xml 2 _NodeID=-1 -o - 2>told | grep "
+       "-c ID; rm told",
+       0,
+       "<?xml version=\"1.0\" encoding=\"UTF-8\"?><R _NodeID=\"7\" A=\"1\">  <A _NodeID=\"4\"/>  <B "
+       "_NodeID=\"4\" A=\"a\"/></R>1\n"},
+      {"P set n.xml 1 A=1 -o r.xml >/dev/full; echo $?; P set n.xml 1 A=1 >/dev/full; echo $?; P show r.xml "
+       "| wc -l",
+       0, "1\n2\n4\n"},
       {"(printf '<R>'; yes '<A/>' | head -n 40000; echo '</R>') | P show - | head -n 3", 0,
        "  row  level  node  label  value\n    1      0  R\n    2      1    A\n"}};
   for (const auto& [command, status, shown] : rows) {
@@ -123,7 +135,7 @@ TEST_F(TreeTool, Changes) {
           $Plot$Set<Empty><a>1=2</a><b/></Empty>
       set t.xml Root.Empty A=1 B=c=d --value text | set 2 attributes and the value of Root.Empty | \
           $Plot$Set<Empty A="1" B="c=d">text<E/></Empty>
-      set t.xml --value -- Root.Empty.E | set 0 attributes and the value of Root.Empty.E | \
+      set t.xml --value -- Root.Empty.E | set the value of Root.Empty.E | \
           $Plot$Set<Empty><E>--</E></Empty>
       prune-empty t.xml | removed 3 of 12 nodes | \
           $Plot<Set DataID="1" Name="Alpha"><item3>b</item3>$Rest</Set>
@@ -189,8 +201,13 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
       2 | find t.xml =x | '=x' is not ATTRIBUTE=VALUE
       2 | set t.xml 1 A=1 '1 B=2' --in-place | '1 B' is not an attribute name
       2 | set t.xml 1 A=1 -o r.xml --in-place | -o and --in-place exclude each other
-      2 | pairs t.xml Root.Set 'a, 1=2' --in-place | no pair in 'a, 1=2'
-      2 | pairs t.xml Root.Set --key-separator '' | --key-separator is one character of ASCII
+      2 | set t.xml 1 _NodeID=x --in-place | 'x' is not a number
+      2 | set t.xml 1 _NodeEscape=1 --in-place | _NodeEscape is a mark of the file, not an attribute
+      2 | filter t.xml --data-id 1 --attribute _NodeID --text 4 | _NodeID is the node ID, which is not an attribute
+      2 | pairs t.xml Root.Set 'a=1, 1=2' --in-place | '1=2' is not a tag, '=' and a value
+      2 | pairs t.xml Root.Set ' ' --in-place | no pair in ' '
+      2 | pairs t.xml Root.Set --key-separator , | the two separators are the same
+      2 | pairs t.xml Root.Set --key-separator '' | --key-separator is one character of ASCII, and not a double quote
       2 | move t.xml 2 1 --in-place | row 1 is the root, which stays the first
       2 | move t.xml 2 3 --in-place | t.xml: row 2 cannot go to row 3: that lies inside it, or too deep for it
       2 | filter t.xml --data-id 1 --attribute A --include x | \

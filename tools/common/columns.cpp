@@ -82,6 +82,11 @@ std::string Cell::fit_end(int columns) const {
   return width_ <= columns ? kept : "…" + kept;
 }
 
+std::string shown(const std::optional<std::string>& value) {
+  if (!value) return "(none)";
+  return value->empty() ? "(empty)" : *value;
+}
+
 std::string one_line(std::string_view text) {
   const Cell cell(text);
   return cell.fit(cell.width());

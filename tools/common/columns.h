@@ -1,6 +1,7 @@
 // Texts in aligned columns.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ class Cell {
   std::vector<Glyph> glyphs_;
   int width_ = 0;
 };
+
+/// A value that may be missing, as a reader can tell it from an empty one: "(none)" or "(empty)".
+std::string shown(const std::optional<std::string>& value);
 
 /// `text` with the escapes of a Cell.
 std::string one_line(std::string_view text);

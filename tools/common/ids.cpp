@@ -5,6 +5,9 @@
 #include <limits>
 #include <optional>
 #include <stdexcept>
+#include <utility>
+
+#include "nodes.h"
 
 namespace {
 
@@ -37,6 +40,10 @@ std::string repeat_fault(RYXmlWrapperBase& node, int& id, int& child_repeat, int
 }
 
 }  // namespace
+
+Ids::Ids(std::string name) : name_(std::move(name)), attribute_(name_.empty() ? "DataID" : name_) {
+  refuse_reserved(name_);
+}
 
 int Ids::number_of(const std::string& word) {
   const auto [place, is_new] = numbers_.try_emplace(word, 0);

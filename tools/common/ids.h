@@ -6,7 +6,6 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 /// Calls `visit` with each node below `parent` and its ID, joined with the repeat numbers above it; -1 for none.
@@ -34,8 +33,9 @@ struct BadId {
 /// number for the run, in an attribute of its own that the nodes have meanwhile.
 class Ids {
  public:
-  /// The name of the attribute; "" for DataID, which holds numbers and nothing else.
-  explicit Ids(std::string name) : name_(std::move(name)), attribute_(name_.empty() ? "DataID" : name_) {}
+  /// The name of the attribute; "" for DataID, which holds numbers and nothing else. Throws a Failure if no tree has
+  /// an attribute of that name.
+  explicit Ids(std::string name);
 
   /// Looks at the values in all trees, and numbers the nodes if one is not an int. How many nodes below the roots
   /// have the attribute.

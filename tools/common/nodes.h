@@ -9,5 +9,11 @@
 /// The tags from the root down to the node, joined by full stops.
 std::string path_of(RYXmlWrapperBase node);
 
+/// The name that the node ID has in a file.
+inline constexpr const char* kNodeId = "_NodeID";
+
+/// Throws a Failure for a name that files reserve, which no attribute of a tree has.
+void refuse_reserved(const std::string& attribute);
+
 /// Gives the node this text.
 void set_value(RYXmlWrapperBase& node, const std::string& text);

@@ -64,7 +64,7 @@ void save_tree(const RYXmlWrapperBase& tree, const std::string& name) {
   std::optional<platform::HeldSignals> signals(std::in_place);
   if (!is_stream(name)) {
     if (tree.Save(name.c_str()) == 0) throw file_failure(name);
-    signals->AllIsWritten(/*status=*/0);
+    signals->AllIsWritten(/*status=*/1);  // as where the program cannot tell of it
     return;
   }
   StagedFile staged(name);

@@ -23,7 +23,10 @@ const char* const kHelp =
     "  SOURCE   the XML file whose values are taken\n"
     "  TARGET   the XML file whose nodes get them; it is only read\n"
     "  RESULT   where TARGET is written with the values of SOURCE; OldValue marks the texts that changed\n"
-    "  THEME    where the IDs and values are written as a list; RESULT with .theme.xml if not given\n"
+    "  THEME    where the IDs and values are written as a list; if not given, RESULT with .theme.xml, and\n"
+    "           nowhere if RESULT is - or a FIFO\n"
+    "\n"
+    "Only the texts of leaves are carried, and the attributes Use (or Data), Auto and DynaUseChck.\n"
     "\n"
     "What is carried:\n"
     "  --id-attribute NAME   the attribute that holds the ID of a node, a number or a word; DataID if not\n"
@@ -44,19 +47,18 @@ const char* const kHelp =
     "                        node, old value, new value and a note. The status is applied, unchanged, kept\n"
     "                        (by a theme rule of TARGET), no-node (with this ID in TARGET), no-value (for "
     "this\n"
-    "                        node in SOURCE), duplicate (an ID that came before in SOURCE), no-id (a value "
-    "of\n"
-    "                        SOURCE without an ID) or bad-id (an ID of no use, in any file); with --base "
-    "also\n"
-    "                        default (not carried) or conflict. A FILE with the ending .html becomes a page "
-    "for\n"
-    "                        a browser\n"
+    "                        node in SOURCE), duplicate (an ID that came before in SOURCE), not-taken (a\n"
+    "                        text of SOURCE beside children, or inside a branch that is one value), no-id "
+    "(a\n"
+    "                        value of SOURCE without an ID) or bad-id (an ID of no use, in any file); with\n"
+    "                        --base also default (not carried) or conflict. A FILE with the ending .html\n"
+    "                        becomes a page for a browser\n"
     "\n"
     "What is written:\n"
     "  --dry-run             writes neither RESULT nor THEME\n"
     "  --strict              writes neither if an ID has no node, comes twice or is of no use, a value has "
     "no ID,\n"
-    "                        nothing matches, or there is a conflict and no --prefer\n"
+    "                        a text is not taken, nothing matches, or there is a conflict and no --prefer\n"
     "  --allow-no-match      writes both even if nothing matches\n"
     "  --allow-loss          writes RESULT over SOURCE or TARGET even if something in that is not kept\n"
     "\n"
@@ -71,10 +73,10 @@ const char* const kHelp =
     "has\n"
     "of these is told on standard error.\n"
     "\n"
-    "The exit status is 0; 1 if all is written, and only the printing or a report to a pipe failed; 2 for a\n"
-    "failure; 3 if the trees do not fit: nothing matches, or --strict finds fault. With 2 and 3, one line "
-    "on\n"
-    "standard error tells why, and RESULT and THEME are as they were.\n";
+    "The exit status is 0; 1 if all is written, and only the printing or a report to a pipe failed; 2 for\n"
+    "any other failure; 3 if the trees do not fit: nothing matches, or --strict finds fault. With 2 and 3, "
+    "one\n"
+    "line on standard error tells why, and RESULT and THEME are as they were.\n";
 
 namespace {
 
@@ -182,6 +184,10 @@ void check_files(const Arguments& arguments) {
 }
 
 }  // namespace
+
+bool Arguments::writes() const {
+  return !help && !version && (!dry_run || (!report.empty() && !is_stream(report)));
+}
 
 bool Arguments::prints_output() const {
   return is_standard(report) || (!dry_run && (is_standard(result) || is_standard(theme)));

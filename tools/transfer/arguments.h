@@ -22,6 +22,8 @@ struct Arguments {
   bool help = false;
   bool version = false;
 
+  /// Whether there is more to do than to print: RESULT is written, or a report to a file.
+  bool writes() const;
   /// Whether something other than the summary goes to standard output.
   bool prints_output() const;
 };

@@ -38,11 +38,49 @@ void visit_values_without_id(const RYXmlWrapperBase& parent, const RYPropertyNam
   }
 }
 
+/// A text of the source that a harvest passes over.
+struct Passed {
+  int id = -1;
+  std::string path;
+  std::string text;
+  const char* reason = "";
+  bool told = false;
+};
+
+std::vector<Passed> passed_over(const RYXmlWrapperBase& source, const RYXmlWrapperBase& target,
+                                const Ids& ids) {
+  std::vector<Passed> passed;
+  const auto add = [&](const RYXmlWrapperBase& node, int id, const char* reason) {
+    std::string text = rytree::text_of(node);
+    if (!text.empty()) passed.push_back({id, path_of(node), std::move(text), reason});
+  };
+  if (rytree::text_of(source) != rytree::text_of(target)) add(source, -1, "text of the root");
+  int nodes_inside = 0;  // that are to come, of a branch that is one value
+  visit_ids(source, ids.attribute(), [&](const RYXmlWrapperBase& node, int id) {
+    if (nodes_inside > 0) {
+      --nodes_inside;
+      return add(node, id, "inside a branch that is one value");
+    }
+    if (node.GetNodeCount() == 0) return;
+    add(node, id, "text beside children");
+    if (!is_one_value(node)) return;
+    for (RYXmlWrapperBase below(node); below.NextBelow(below, node) != 0;) ++nodes_inside;
+  });
+  return passed;
+}
+
 class Search {
  public:
-  Search(const Ids& ids, const Pairs& harvested, const Settled& settled, bool with_unchanged)
-      : ids_(ids), settled_(settled), with_unchanged_(with_unchanged) {
+  Search(const Ids& ids, const Pairs& harvested, const Settled& settled, const Trees& trees,
+         bool with_unchanged)
+      : ids_(ids),
+        settled_(settled),
+        with_unchanged_(with_unchanged),
+        passed_(passed_over(trees.source, trees.before, ids)) {
     for (const int id : harvested.ids) ++entries_[id];
+    for (Passed& one : passed_) {
+      if (one.id >= 0) first_passed_.emplace(one.id, &one);
+    }
   }
 
   void look_at_target(const Trees& trees);
@@ -59,6 +97,7 @@ class Search {
       found.list.push_back({fate, std::move(id), std::move(path), std::move(old_value), std::move(new_value),
                             std::move(note), row_});
   }
+  void look_at_passed(int id, const RYXmlWrapperBase& before);
   void look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
                     const RYXmlWrapperBase& unruled);
   int compare(Fate fate, const std::string& id, const std::string& note, const RYXmlWrapperBase& before,
@@ -67,6 +106,8 @@ class Search {
   const Ids& ids_;
   const Settled& settled_;
   bool with_unchanged_;
+  std::vector<Passed> passed_;
+  std::unordered_map<int, Passed*> first_passed_;
   int row_ = 0;                           // of the node that is looked at
   std::unordered_map<int, int> entries_;  // of each ID in the source
   std::unordered_map<int, int> nodes_;    // of each ID in the target
@@ -79,7 +120,7 @@ int Search::compare(Fate fate, const std::string& id, const std::string& note, c
   if (std::string old_value = rytree::text_of(before), new_value = rytree::text_of(after);
       old_value != new_value) {
     ++differences;
-    found.changed_nodes += fate != Fate::kKept ? 1 : 0;
+    found.changed_texts += fate != Fate::kKept ? 1 : 0;
     add(fate, id, path_of(after), std::move(old_value), std::move(new_value), note);
   }
   for (const auto& [name, new_value] : rytree::attributes_of(after)) {
@@ -92,13 +133,25 @@ int Search::compare(Fate fate, const std::string& id, const std::string& note, c
   return differences;
 }
 
+/// Tells of a text of the source that was not taken for this node, unless the node has it anyway.
+void Search::look_at_passed(int id, const RYXmlWrapperBase& before) {
+  const auto place = first_passed_.find(id);
+  if (place == first_passed_.end()) return;
+  Passed& passed = *place->second;
+  passed.told = true;
+  if (std::string text = rytree::text_of(before); text != passed.text)
+    add(Fate::kNotTaken, ids_.text(id), path_of(before), std::move(text), passed.text, passed.reason);
+}
+
 void Search::look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
                           const RYXmlWrapperBase& unruled) {
+  look_at_passed(id, before);
   if (!entries_.contains(id)) {
     if (own_value(after))
       add(Fate::kNoValue, ids_.text(id), path_of(after), own_value(after), own_value(after));
     return;
   }
+  ++found.matched_nodes;
   const std::string shown_id = ids_.text(id);
   if (settled_.defaults.contains(id))
     return add(Fate::kDefault, shown_id, path_of(after), own_value(before), own_value(before));
@@ -107,7 +160,7 @@ void Search::look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWra
   std::string note = nodes_[id] > 1 ? "several nodes have this ID" : "";
   if (in_conflict) {
     const auto& [base, mine, mine_taken] = conflict->second;
-    note = "old default " + base + "; " + (mine_taken ? "mine" : "new") + " taken";
+    note = "old default " + shown(base) + "; " + (mine_taken ? "mine" : "new") + " taken";
     if (!mine_taken) return add(Fate::kConflict, shown_id, path_of(after), own_value(before), mine, note);
   }
   int differences = compare(in_conflict ? Fate::kConflict : Fate::kApplied, shown_id, note, before, after);
@@ -135,7 +188,7 @@ void Search::look_at_target(const Trees& trees) {
   row_ = -1;
 }
 
-/// What of the source has no node in the target, comes a second time, or has no ID.
+/// What of the source has no node in the target, comes a second time, was not taken, or has no ID.
 void Search::look_at_source(const RYXmlWrapperBase& source, const Pairs& harvested) {
   std::unordered_map<int, std::vector<std::string>> paths;  // of the IDs that are told here
   visit_ids(source, ids_.attribute(), [&](const RYXmlWrapperBase& node, int id) {
@@ -157,6 +210,10 @@ void Search::look_at_source(const RYXmlWrapperBase& source, const Pairs& harvest
     add(fate, ids_.text(id), place < known.size() ? known[place] : "", std::nullopt,
         std::string(harvested.values[i].View()), note);
   }
+  for (const Passed& one : passed_) {
+    if (!one.told)
+      add(Fate::kNotTaken, one.id < 0 ? "" : ids_.text(one.id), one.path, std::nullopt, one.text, one.reason);
+  }
   visit_values_without_id(source, RYPropertyName(ids_.attribute()), [&](const RYXmlWrapperBase& node) {
     if (rytree::attribute_of(node, ids_.shown_attribute()).value_or("-1") == "-1")
       add(Fate::kNoId, "", path_of(node), std::nullopt, own_value(node));
@@ -175,9 +232,9 @@ void Search::look_at_ids(const RYXmlWrapperBase& tree, const std::string& file) 
 }  // namespace
 
 const char* name_of(Fate fate) {
-  constexpr std::array<const char*, kFates> kNames = {"applied",  "unchanged", "kept",     "default",
-                                                      "conflict", "no-node",   "no-value", "duplicate",
-                                                      "no-id",    "bad-id"};
+  constexpr std::array<const char*, kFates> kNames = {"applied",   "unchanged", "kept",     "default",
+                                                      "conflict",  "no-node",   "no-value", "duplicate",
+                                                      "not-taken", "no-id",     "bad-id"};
   return kNames[static_cast<std::size_t>(fate)];
 }
 
@@ -191,7 +248,7 @@ std::string Findings::examples(Fate fate) const {
 
 Findings find_out(const Ids& ids, const Pairs& harvested, const Settled& settled, const Trees& trees,
                   const Arguments& arguments) {
-  Search search(ids, harvested, settled, !arguments.report.empty());
+  Search search(ids, harvested, settled, trees, !arguments.report.empty());
   search.look_at_target(trees);
   search.look_at_source(trees.source, harvested);
   search.look_at_ids(trees.source, arguments.source);

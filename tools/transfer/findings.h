@@ -28,10 +28,11 @@ enum class Fate {
   kNoNode,
   kNoValue,
   kDuplicate,
-  kNoId,   // a value of SOURCE without an ID
-  kBadId,  // an ID, in any of the trees, that is not one
+  kNotTaken,  // a text of SOURCE that is no value
+  kNoId,      // a value of SOURCE without an ID
+  kBadId,     // an ID, in any of the trees, that is not one
 };
-constexpr std::size_t kFates = 10;
+constexpr std::size_t kFates = 11;
 
 /// The name of a fate in the report file.
 const char* name_of(Fate fate);
@@ -72,9 +73,10 @@ struct Trees {
 struct Findings {
   std::vector<Finding> list;  // of the target in its order, then of the source
   std::array<int, kFates> counts{};
-  int changed_nodes = 0;
+  int changed_texts = 0;
   int changed_attributes = 0;
   int target_nodes = 0;
+  int matched_nodes = 0;  // of the target, whose ID has a value in the source
   std::vector<std::string> files_with_bad_ids;
   std::vector<std::string> shared_ids;  // that have several nodes in the target, which all get the value
 
@@ -83,8 +85,7 @@ struct Findings {
   std::string examples(Fate fate) const;
 };
 
-/// Tells what became of each harvested value, each node of the target with an ID, and all IDs that are none.
-/// Values that are
-/// as they were are listed only for a report file.
+/// Tells what became of each harvested value and each node of the target with an ID, which texts of the source were
+/// not taken, and all IDs that are none. Values that are as they were are listed only for a report file.
 Findings find_out(const Ids& ids, const Pairs& harvested, const Settled& settled, const Trees& trees,
                   const Arguments& arguments);

@@ -14,6 +14,9 @@ constexpr const char* kProgram = "rytree-transfer";
 
 void tell(const std::string& text) { std::cerr << kProgram << ": " << one_line(text) << '\n'; }
 
+/// The status where only the printing failed.
+int unprinted(const Arguments& arguments) { return arguments.writes() ? 1 : 2; }
+
 /// Does the job and gives the exit status.
 int run(const Arguments& arguments) {
   const int stages = arguments.base.empty() ? 6 : 7;
@@ -25,7 +28,7 @@ int run(const Arguments& arguments) {
     write_files(arguments, outcome, progress);
   } catch (const Unprinted& failure) {
     tell(failure.what());
-    status = 1;
+    status = unprinted(arguments);
   }
   for (const std::string& loss : outcome.losses) tell(loss);
   print_report(arguments.prints_output() ? std::cerr : std::cout, arguments, outcome,
@@ -51,7 +54,7 @@ int main(int count, char** words) {
     }
     if (std::cout.flush()) return status;
     tell("cannot write to standard output");
-    return status == 0 ? 1 : status;
+    return status == 0 ? unprinted(arguments) : status;
   } catch (const std::exception& failure) {
     tell(failure.what());
     return 2;

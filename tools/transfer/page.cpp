@@ -58,11 +58,6 @@ std::string element(const char* tag, const char* css, const std::string& text) {
          (end < text.size() ? "… (" + std::to_string(text.size()) + " bytes)" : "") + "</" + tag + '>';
 }
 
-std::string shown(const std::optional<std::string>& value) {
-  if (!value) return "(none)";
-  return value->empty() ? "(empty)" : *value;
-}
-
 /// Whether a finding opens the branches above it.
 bool is_notable(const Finding& finding) {
   return finding.fate == Fate::kApplied || finding.fate == Fate::kKept || finding.fate == Fate::kConflict;
@@ -86,6 +81,9 @@ std::string remark(const Finding& finding) {
              element(
                  "span", "note",
                  finding.note + "; mine: " + shown(finding.new_value) + ", new: " + shown(finding.old_value));
+    case Fate::kNotTaken:
+      return ' ' + element("span", "s", "not taken") + ' ' +
+             element("span", "note", "of the source: " + shown(finding.new_value) + ", " + finding.note);
     case Fate::kDefault:
       return ' ' + element("span", "note", "the source has the old default");
     case Fate::kNoValue:
@@ -251,7 +249,7 @@ void add_facts(std::string& out, const Arguments& arguments, const Outcome& outc
            counted(outcome.harvested, "value", "values"));
   fact("Target", shown_input(arguments.target),
        ": " + counted(outcome.findings.target_nodes, "node", "nodes") + ", " +
-           std::to_string(outcome.matched) + " matched");
+           std::to_string(outcome.findings.matched_nodes) + " of them with a value in the source");
   if (!arguments.base.empty()) fact("Old defaults", shown_input(arguments.base), "");
   fact("Result", written(arguments, outcome, arguments.result), "");
   std::vector<std::string> warnings = outcome.losses;
@@ -290,6 +288,7 @@ std::string page_text(const Arguments& arguments, const Outcome& outcome) {
   add_list(out, outcome, Fate::kNoNode, "No node has this ID");
   add_list(out, outcome, Fate::kDuplicate, "The ID came before in the source");
   add_list(out, outcome, Fate::kDefault, "Still the old default, and no node has this ID");
+  add_list(out, outcome, Fate::kNotTaken, "A text that is not taken");
   add_list(out, outcome, Fate::kNoId, "A value without an ID");
   add_list(out, outcome, Fate::kBadId, "The ID is of no use");
   out += "<section class=tree><h2>The result</h2>\n";

@@ -9,16 +9,11 @@
 
 namespace {
 
-constexpr int kOtherLines = 14;  // lines of the summary that list no change
+constexpr int kOtherLines = 15;  // lines of the summary that list no change
 
 /// One line of the summary: a heading of one word, and a text.
 void line(std::ostream& out, const char* word, const std::string& text) {
   out << pad(word, 10) << one_line(text) << '\n';
-}
-
-std::string shown(const std::optional<std::string>& value) {
-  if (!value) return "(none)";
-  return value->empty() ? "(empty)" : *value;
 }
 
 class Summary {
@@ -52,7 +47,7 @@ class Summary {
     for (const Finding& finding : outcome_.findings.list) {
       if (finding.fate != fate) continue;
       if (--room < 0) return;
-      const bool both = changes || fate == Fate::kKept || fate == Fate::kConflict;
+      const bool both = changes || fate == Fate::kKept || fate == Fate::kConflict || fate == Fate::kNotTaken;
       const auto& value = finding.new_value ? finding.new_value : finding.old_value;
       rows.push_back({finding.path, finding.id, both ? shown(finding.old_value) : shown(value),
                       both ? shown(finding.new_value) : "", finding.note});
@@ -98,16 +93,17 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
            counted(outcome.harvested, "value", "values") + " harvested");
   line(out, "target",
        shown_input(arguments.target) + ": " + counted(found.target_nodes, "node", "nodes") + ", " +
-           std::to_string(outcome.matched) + " matched");
+           std::to_string(found.matched_nodes) + " of them with a value in the source");
   if (!found.shared_ids.empty()) {
     line(out, "warning",
          counted(static_cast<int>(found.shared_ids.size()), "ID is that", "IDs are those") +
              " of several nodes, which all get its value: " + first_of(found.shared_ids));
   }
   line(out, "changed",
-       counted(found.changed_nodes, "node", "nodes") +
+       counted(found.changed_texts, "text", "texts") +
            (arguments.no_marks ? ", " : " (marked with OldValue), ") +
-           counted(found.changed_attributes, "attribute", "attributes"));
+           counted(found.changed_attributes, "attribute", "attributes") +
+           (arguments.no_marks ? "" : " (never marked)"));
   summary.changes();
   summary.others(Fate::kConflict, "conflict",
                  counted(found.count(Fate::kConflict), "value", "values") + " changed by both sides, " +
@@ -124,6 +120,10 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
   summary.others(
       Fate::kDuplicate, "duplicate",
       counted(found.count(Fate::kDuplicate), "value", "values") + " left out, as the ID came before");
+  summary.others(Fate::kNotTaken, "not taken",
+                 counted(found.count(Fate::kNotTaken), "text", "texts") + " of " +
+                     shown_input(arguments.source) +
+                     " beside children, or inside a branch that is one value");
   summary.others(Fate::kNoId, "no ID",
                  counted(found.count(Fate::kNoId), "value", "values") + " of " +
                      shown_input(arguments.source) + " without " + outcome.ids.shown_attribute() +

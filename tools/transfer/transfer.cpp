@@ -36,15 +36,14 @@ Pairs harvest(const Arguments& arguments, RYXmlWrapperBase& source, Outcome& out
   return pairs;
 }
 
-int apply(const Arguments& arguments, RYXmlWrapperBase& target, Pairs& pairs, const Ids& ids) {
-  if (pairs.ids.GetSize() == 0) return 0;
+void apply(const Arguments& arguments, RYXmlWrapperBase& target, Pairs& pairs, const Ids& ids) {
+  if (pairs.ids.GetSize() == 0) return;
   CString message;
   // Where `duplicate` is null, the first of several equal IDs is used.
   const int matched =
       vctree_set_values_by_ids(&target, &pairs.ids, &pairs.values, /*repeat=*/0,
                                /*duplicate=*/nullptr, /*storeArgument=*/0, ids.argument(), &message);
   if (matched < 0) throw Failure(shown_input(arguments.target) + ": " + std::string(message.View()));
-  return matched;
 }
 
 /// A copy of the target in which no rule keeps a value from being stored; invalid if none does so.
@@ -90,6 +89,7 @@ std::string strict_faults(const Arguments& arguments, const Outcome& outcome) {
   add(shared, counted(shared, "ID", "IDs") + " of several nodes in " + target, first_of(found.shared_ids));
   if (arguments.prefer.empty())
     add_fate(Fate::kConflict, "value", "values", " changed by both sides, and no --prefer");
+  add_fate(Fate::kNotTaken, "text", "texts", " of " + source + " not taken");
   add_fate(Fate::kNoId, "value", "values", " of " + source + " without an ID");
   add_fate(Fate::kBadId, "ID", "IDs", " of no use in " + first_of(found.files_with_bad_ids));
   return text;
@@ -98,10 +98,9 @@ std::string strict_faults(const Arguments& arguments, const Outcome& outcome) {
 /// Why nothing is to be written; empty if nothing speaks against it.
 std::string misfit(const Arguments& arguments, const Outcome& outcome) {
   std::string text = arguments.strict ? strict_faults(arguments, outcome) : "";
-  const bool matches = outcome.matched > 0 || outcome.pairs.ids.GetSize() == 0 || arguments.allow_no_match;
-  if (text.empty() && !matches) {
-    text = shown_input(arguments.target) + ": no node has an ID of " + shown_input(arguments.source) +
-           " (--allow-no-match takes that)";
+  if (text.empty() && outcome.findings.matched_nodes == 0 && !arguments.allow_no_match) {
+    text = shown_input(arguments.target) + ": no node has the ID of a value of " +
+           shown_input(arguments.source) + " (--allow-no-match takes that)";
   }
   return text;
 }
@@ -130,7 +129,7 @@ Outcome transfer(const Arguments& arguments, Progress& progress) {
   RYXmlWrapperBase before;
   target.Clone(before, 1);
   RYXmlWrapperBase unruled = without_rules(target);
-  outcome.matched = apply(arguments, target, carried, outcome.ids);
+  apply(arguments, target, carried, outcome.ids);
   if (unruled.IsNodeValid() != 0) apply(arguments, unruled, carried, outcome.ids);
 
   progress.stage("comparing");

@@ -14,16 +14,10 @@ struct Outcome {
   Ids ids = Ids("");
   int source_nodes = 0;
   int harvested = 0;
-  int matched = 0;
   Findings findings;
   std::string misfit;  // why nothing is written although nothing failed; empty if all is well
   Pairs pairs;         // what is carried
   RYXmlWrapperBase result;
-};
-
-/// All else is done, and the report could not be sent to a stream.
-struct Unprinted : Failure {
-  using Failure::Failure;
 };
 
 /// Does the job in memory. Throws a Failure.
@@ -31,5 +25,5 @@ Outcome transfer(const Arguments& arguments, Progress& progress);
 
 /// Writes what the arguments say: RESULT and THEME, unless the trees do not fit, and the report file. Throws a
 /// Failure, with all files as they were; so they are too after a signal that asks the program to end, unless
-/// all are done: then it ends with status 1. Throws Unprinted if only the report could not be sent.
+/// all are done: then it ends with status 1. Throws Unprinted if only the report could not be sent to a stream.
 void write_files(const Arguments& arguments, const Outcome& outcome, Progress& progress);

@@ -65,6 +65,8 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
     report.emplace(arguments.report)
         .write(is_page(arguments.report) ? page_text(arguments, outcome) : report_text(outcome));
   const bool carries = outcome.pairs.ids.GetSize() > 0;  // a theme is never empty
+  // If the folder of RESULT takes no file, the failure is to name RESULT, and not the THEME beside it.
+  if (fits && !is_stream(arguments.result)) StagedFile(arguments.result).write("");
   if (fits && carries && !arguments.theme.empty())
     write_theme(arguments, theme.emplace(arguments.theme), outcome);
   if (signals->IsOneWaiting()) throw Failure("interrupted");
@@ -78,7 +80,8 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
     throw file_failure(arguments.result);
   if (theme) theme->commit();
   if (report) report->commit();
-  if (fits) signals->AllIsWritten(/*status=*/1);  // as where the summary cannot be printed
+  if (outcome.misfit.empty() && arguments.writes())
+    signals->AllIsWritten(/*status=*/1);  // as where the summary cannot be printed
   signals.reset();
   try {
     if (report) report->send();

@@ -22,8 +22,10 @@ constexpr std::array kCommands = {
     Command{"path", "FILE PATH", "prints row number, level, path, label and value of one node\n", false,
             path},
     Command{"find", "FILE ATTRIBUTE=VALUE… [--ignore-case]",
-            "prints row number, path, label and value of all nodes that have all these attributes\n", false,
-            find},
+            "prints row number, path, label and value of all nodes that have all these attributes\n"
+            "\n"
+            "_NodeID=4 asks for the node ID 4.\n",
+            false, find},
     Command{
         "diff", "FILE OTHER [--by KEY] [--id-attribute NAME]",
         "prints what OTHER has added, removed, moved and changed; status 1 if anything\n"
@@ -83,9 +85,12 @@ constexpr std::array kCommands = {
         "prints the children of a node as \"tag=value,tag=value,\", or replaces them by such a TEXT\n"
         "\n"
         "The separators are = and , if not given. Only tags and values of the children take part; nothing\n"
-        "is quoted.\n",
+        "is quoted. Every pair of TEXT must have a valid tag.\n",
         true, pairs},
-    Command{"set", "FILE PATH [ATTRIBUTE=VALUE…] [--value TEXT]", "sets attributes and the value of a node\n",
+    Command{"set", "FILE PATH [ATTRIBUTE=VALUE…] [--value TEXT]",
+            "sets attributes and the value of a node\n"
+            "\n"
+            "_NodeID=4 sets the node ID, and _NodeID=-1 removes it.\n",
             true, set},
     Command{"prune-empty", "FILE [PATH] [--with-attributes]",
             "removes empty leaves, and branches that hold nothing else, from the tree or below a node\n"
@@ -140,7 +145,9 @@ std::string help() {
   return text + kCommonHelp + kWriteHelp +
          "\nFILE may be -, which is standard input, or a FIFO. rytree-tree COMMAND --help explains a "
          "command.\n"
-         "The exit status is 0; 1 if what was asked for is not in the tree, or if diff finds a difference; 2 "
-         "for\n"
-         "any other failure, with one line on standard error.\n";
+         "The exit status is 0; 1 if what was asked for is not in the tree, if diff finds a difference, or "
+         "if "
+         "the\n"
+         "file is written and only the printing failed; 2 for any other failure, with one line on standard "
+         "error.\n";
 }

@@ -34,11 +34,6 @@ std::string dotted(std::string path) {
   return path;
 }
 
-std::string shown(const std::optional<std::string>& value) {
-  if (!value) return "(none)";
-  return value->empty() ? "(empty)" : *value;
-}
-
 std::string part_of(const rytree::Difference& difference) {
   if (difference.kind != rytree::DifferenceKind::kChanged) return "";
   switch (difference.part) {

@@ -1,5 +1,6 @@
 // The commands that only look.
 #include <iostream>
+#include <optional>
 
 #include "columns.h"
 #include "commands.h"
@@ -27,13 +28,22 @@ Outcome path(Document& document, const Arguments& arguments) {
 Outcome find(Document& document, const Arguments& arguments) {
   HostStringArray names;
   HostStringArray values;
+  std::optional<int> wanted_id;
   for (const auto& [name, value] : arguments.assignments(1)) {
+    if (name == kNodeId) {
+      wanted_id = whole_number(value);
+      continue;
+    }
+    refuse_reserved(name);
     names.array().Add(name.c_str());
     values.array().Add(value.c_str());
   }
   const int ignore_case = arguments.has("--ignore-case") ? 1 : 0;
   Listing listing(std::cout, Terminal::of_standard_output());
   visit_rows(document.root, /*flags=*/0, [&](RYXmlWrapperBase& node, int row, int /*level*/) {
+    int id = -1;
+    node.GetID(id);
+    if (wanted_id.value_or(id) != id) return;
     if (rytree_check_node_str_attr(&node, &names, &values, ignore_case) != 1) return;
     CString path;
     VCTreeGetPathStr(path, &node);

@@ -10,7 +10,10 @@
 
 namespace {
 
-/// Writes a changed tree where the options say, and prints what was done.
+constexpr const char* kUnprinted = "cannot write to standard output";
+
+/// Writes a changed tree where the options say, and prints what was done. Throws Unprinted if it could not be
+/// printed that a file was written.
 void finish(const Document& document, const Arguments& arguments, const Outcome& outcome) {
   const bool in_place = arguments.has("--in-place");
   const bool writes = in_place || arguments.has("-o");
@@ -31,6 +34,7 @@ void finish(const Document& document, const Arguments& arguments, const Outcome&
       << (writes ? "written to " + one_line(shown_name(target))
                  : "nothing written: -o FILE or --in-place does that")
       << '\n';
+  if (writes && !std::cout.flush()) throw Unprinted(kUnprinted);
 }
 
 /// Gives the exit status.
@@ -73,8 +77,10 @@ int main(int count, char** words) {
   try {
     const int status = run(platform::Started(count, words));
     if (std::cout.flush()) return status;
-    throw Failure("cannot write to standard output");
+    throw Failure(kUnprinted);
   } catch (const NotFound& failure) {
+    return report(failure, 1);
+  } catch (const Unprinted& failure) {
     return report(failure, 1);
   } catch (const std::exception& failure) {
     return report(failure, 2);

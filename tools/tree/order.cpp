@@ -35,6 +35,7 @@ bool set_tag(RYXmlWrapperBase& node, const std::string& tag) {
 Outcome sort(Document& document, const Arguments& arguments) {
   Place parent = document.at(arguments.words[1]);
   const std::string& attribute = arguments.words[2];
+  refuse_reserved(attribute);
   int sortable = 0;
   visit_children(parent.node, [&](const RYXmlWrapperBase& child) {
     int value = 0;

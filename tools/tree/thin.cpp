@@ -29,6 +29,7 @@ void filter_by_attribute(RYXmlWrapperBase& root, int id, const Arguments& argume
   if (by_text == arguments.has("--match")) throw Failure("--attribute goes with one of --text and --match");
   if (arguments.has("--start") && !by_text) throw Failure("--start goes with --text");
   const std::string name = arguments.text("--attribute");
+  refuse_reserved(name);
   const int with_case = arguments.has("--case") ? 1 : 0;
   if (by_text) {
     rytree_filter_by_attrib_find(&root, id, name.c_str(), arguments.text("--text").c_str(), with_case,
