@@ -90,48 +90,6 @@ TEST_F(Files, OfOtherProgramsAreRead) {
   for (const auto& [file, xml] : cases) EXPECT_EQ(loaded(file), xml);
 }
 
-TEST_F(Files, InDeclaredEncodingsAreRead) {
-  const std::string many = repeat("\xA4\xE5 ", 50000);  // its characters are split between the pieces
-  const Rows<std::string, std::string, std::string> cases = {
-      {"ISO-8859-1 Latin1 csISOLatin1 iso_8859-1 ISO8859-1 cp1252 windows-1252 ISO_8859-15", "\xE9", "é"},
-      {"utf8 UTF8 Utf-8", "é", "é"},
-      {"US-ASCII ascii ANSI_X3.4-1968", "e", "e"},
-      {"Windows-1251 CP1251", "\xE9", "й"},
-      {"KOI8-R koi8-u", "\xCA", "й"},
-      {"IBM866 cp866", "\xA9", "й"},
-      {"MacCyrillic x-mac-cyrillic", "\xE9", "й"},
-      {"Shift_JIS shift-jis SJIS x-sjis Windows-31J", "\x83\x5C\x5C", "ソ\\"},
-      {"EUC-JP eucJP", "\xA5\xBD\x8F\xB0\xA1", "ソ丂"},
-      {"GBK gb2312 GB18030", "\xB0\xA1", "啊"},
-      {"GB18030", "\x81\x30\x84\x36", "¥"},
-      {"Big5 big-5 CP950", many, repeat("文 ", 50000)},
-      {"EUC-KR ks_c_5601-1987 CP949", "\xB0\xA1", "가"},
-  };
-  const auto declared = [](const std::string& name, const std::string& text) {
-    return "<?xml version='1.0' encoding='" + name + "'?>\n<a>" + text + "</a>";
-  };
-  for (const auto& [names, bytes, in_utf8] : cases) {
-    std::istringstream words(names);
-    for (std::string name; words >> name;) {
-      EXPECT_EQ(loaded(declared(name, bytes)), "<a>" + in_utf8 + "</a>") << name;
-      EXPECT_EQ(failure(), " 0:0 -1");
-    }
-  }
-  EXPECT_EQ(loaded("\xEF\xBB\xBF" + declared("ISO-8859-1", "é")), "<a>é</a>") << "the mark decides";
-  // A failure is at its place in the file, given from the end.
-  using R = Row<std::string, std::string, std::string, int>;
-  for (const auto& [name, bytes, why, offset] :
-       Rows{R{"windows-1252", "\x80\n\x80\x81", "no character of CP1252 3:2 ", 5},
-            R{"ascii", "\xE9", "no character of ASCII 2:4 ", 5},
-            R{"Big5", many + "\n\xA4", "no character of CP950 3:1 ", 5},
-            R{"Shift_JIS", "\x83\x5C</b>", "mismatched tag 2:7 ", 6},
-            R{"ISO-2022-JP", "", "unknown encoding 'ISO-2022-JP' 1:31 ", 22}}) {
-    const std::string file = declared(name, bytes);
-    loaded(file);
-    EXPECT_EQ(failure(), why + std::to_string(static_cast<int>(file.size()) - offset));
-  }
-}
-
 TEST_F(Files, AreRefusedWithReasonAndPlace) {
   const Rows<std::string, const char*> cases = {
       {"", "no element found 1:1 0"},

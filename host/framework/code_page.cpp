@@ -5,7 +5,7 @@
 #include <iterator>
 #include <mutex>
 
-#include "platform/code_pages.h"
+#include "character_sets.h"
 #include "rytree_host/find_stretch.h"
 
 std::atomic<const CodePage*> CodePage::default_;
@@ -31,12 +31,14 @@ constexpr int kUtf8 = 65001;
 CodePage::CodePage(const Listed& page) : number_(page.number) {}
 
 std::unique_ptr<const CodePage> CodePage::Build(const Listed& listed) {
-  platform::CharacterSet set(listed.number, listed.charset);
-  if (!set.is_known()) return nullptr;
+  const std::unique_ptr<platform::CharacterSet> set = OpenCharacterSet(listed.charset);
+  if (set == nullptr) return nullptr;
   std::unique_ptr<CodePage> page(new CodePage(listed));
   const auto add = [&](std::string_view bytes, std::size_t number) {
-    const char32_t code = set.Code(bytes);
-    if (code < 0x80 || code >= 0xFFFE || set.Bytes(code) != bytes) return false;
+    const platform::Utf8Character character = set->Character(bytes);
+    const char* at = character.data();
+    const char32_t code = utf8::next(at);
+    if (code < 0x80 || code >= 0xFFFE || set->Bytes(code) != bytes) return false;
     page->codes_[number] = static_cast<char16_t>(code);
     page->bytes_[code] = static_cast<char16_t>(number);
     return true;

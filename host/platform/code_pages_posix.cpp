@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <new>
+#include <string>
 
 namespace platform {
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr const char* kCodes = "WCHAR_T";
 static_assert(sizeof(wchar_t) == sizeof(char32_t));
-constexpr std::size_t kFailed = static_cast<std::size_t>(-1);
 
 class Converter {
  public:
@@ -26,69 +26,53 @@ class Converter {
   }
 
   bool is_known() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
-  iconv_t handle() const { return handle_; }
 
   // Gives the number of bytes written, 0 if not all of the text can be converted.
-  std::size_t Convert(std::string_view text, void* to, std::size_t room) {
+  std::size_t Convert(std::string_view text, char* to, std::size_t room) {
     char* in = const_cast<char*>(text.data());
     std::size_t rest = text.size();
-    char* out = static_cast<char*>(to);
     const std::size_t all = room;
     iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(handle_, &in, &rest, &out, &room) == kFailed || rest != 0) return 0;
+    constexpr auto kFailed = static_cast<std::size_t>(-1);
+    const bool is_converted = iconv(handle_, &in, &rest, &to, &room) != kFailed && rest == 0;
     // Some character sets hold a letter back until they know that no accent follows.
-    if (iconv(handle_, nullptr, nullptr, &out, &room) == kFailed) return 0;
-    return all - room;
+    return is_converted && iconv(handle_, nullptr, nullptr, &to, &room) != kFailed ? all - room : 0;
   }
 
  private:
   iconv_t handle_;
 };
 
+class SystemSet : public CharacterSet {
+ public:
+  explicit SystemSet(const char* name) : name_(name), decode_("UTF-8", name) {}
+
+  bool is_known() const { return decode_.is_known(); }
+
+  Utf8Character Character(std::string_view bytes) override {
+    Utf8Character character{};
+    const std::size_t length = decode_.Convert(bytes, character.data(), character.size());
+    return length != 0 ? character : Utf8Character{};
+  }
+  std::string_view Bytes(char32_t code) override {
+    if (!encode_) encode_ = std::make_unique<Converter>(name_.c_str(), kCodes);
+    if (!encode_->is_known()) return {};
+    return {bytes_.data(), encode_->Convert({reinterpret_cast<const char*>(&code), sizeof code},
+                                            bytes_.data(), bytes_.size())};
+  }
+
+ private:
+  std::string name_;
+  Converter decode_;
+  std::unique_ptr<Converter> encode_;
+  std::array<char, 8> bytes_{};
+};
+
 }  // namespace
 
-class CharacterSet::Work {
- public:
-  explicit Work(const char* name) : decode(kCodes, name), encode(name, kCodes) {}
-
-  Converter decode;
-  Converter encode;
-  char bytes[8] = {};
-};
-
-CharacterSet::CharacterSet(int /*number*/, const char* name) : work_(std::make_unique<Work>(name)) {}
-CharacterSet::~CharacterSet() = default;
-
-bool CharacterSet::is_known() const { return work_->decode.is_known() && work_->encode.is_known(); }
-
-char32_t CharacterSet::Code(std::string_view bytes) {
-  char32_t codes[4];
-  return work_->decode.Convert(bytes, codes, sizeof codes) == sizeof codes[0] ? codes[0] : 0;
-}
-
-std::string_view CharacterSet::Bytes(char32_t code) {
-  char* const bytes = work_->bytes;
-  return {bytes, work_->encode.Convert({reinterpret_cast<const char*>(&code), sizeof code}, bytes,
-                                       sizeof work_->bytes)};
-}
-
-class Decoder::Work : public Converter {
- public:
-  using Converter::Converter;
-};
-
-Decoder::Decoder(const char* charset) : work_(std::make_unique<Work>("UTF-8", charset)) {}
-Decoder::~Decoder() = default;
-
-bool Decoder::is_known() const { return work_->is_known(); }
-
-Decoder::End Decoder::Convert(const char*& in, std::size_t& in_left, char*& out, std::size_t& out_left) {
-  char* from = const_cast<char*>(in);
-  const std::size_t result =
-      iconv(work_->handle(), in == nullptr ? nullptr : &from, &in_left, &out, &out_left);
-  const int error = result == kFailed ? errno : 0;
-  in = from;
-  return error == 0 ? End::kDone : error == E2BIG ? End::kFull : error == EINVAL ? End::kCut : End::kInvalid;
+std::unique_ptr<CharacterSet> OpenSystemSet(std::string_view name) {
+  auto set = std::make_unique<SystemSet>(std::string(name).c_str());
+  return set->is_known() ? std::move(set) : nullptr;
 }
 
 }  // namespace platform

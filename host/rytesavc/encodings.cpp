@@ -87,14 +87,12 @@ bool ConvertedInput::Read(char* to, std::size_t room, std::size_t& length) {
     NoteFailure("the system cannot convert from " + std::string(charset_));
     return false;
   }
-  using End = platform::Decoder::End;
-  while (!is_done_) {
+  using End = Decoder::End;
+  for (;;) {
+    const char* in = raw_.data() + start_;
     std::size_t rest = end_ - start_;
     char* out = to + length;
     std::size_t left = room - length;
-    // In the end comes what the conversion may have held back.
-    const bool is_end = is_last_ && rest == 0;
-    const char* in = is_end ? nullptr : raw_.data() + start_;
     const End end = decoder_.Convert(in, rest, out, left);
     Count({to + length, static_cast<std::size_t>(out - to) - length});
     length = static_cast<std::size_t>(out - to);
@@ -102,15 +100,13 @@ bool ConvertedInput::Read(char* to, std::size_t room, std::size_t& length) {
     start_ = end_ - rest;
     if (end == End::kFull) return true;
     if (end == End::kInvalid || (end == End::kCut && is_last_)) return length != 0 || Fail();
-    is_done_ = is_end;
-    if (!is_end && !Fill()) return false;
+    if (is_last_) return true;
+    if (!Fill()) return false;
   }
-  return true;
 }
 
 // Reads on after the bytes that are left, the start of a character.
 bool ConvertedInput::Fill() {
-  if (is_last_) return true;
   std::memmove(raw_.data(), raw_.data() + start_, end_ - start_);
   end_ -= start_;
   start_ = 0;

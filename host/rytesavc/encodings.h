@@ -5,13 +5,13 @@
 #include <string_view>
 #include <vector>
 
+#include "decoder.h"
 #include "failure.h"
-#include "platform/code_pages.h"
 #include "xml_input.h"
 
 namespace rytesavc {
 
-// The platform's name of a declared encoding, whatever its case and punctuation; null for one that is not
+// The name of a declared encoding's character set, whatever its case and punctuation; null for one that is not
 // known.
 const char* CharsetOf(std::string_view declared);
 
@@ -35,11 +35,10 @@ class ConvertedInput : public XmlInput {
   XmlInput& input_;
   const char* charset_;
   std::vector<char> raw_;
-  platform::Decoder decoder_;
+  Decoder decoder_;
   std::size_t start_ = 0;  // of what is not converted yet
   std::size_t end_ = 0;
   bool is_last_ = false;  // nothing comes after what is in raw_
-  bool is_done_ = false;
   bool has_failed_ = false;
   long long place_ = 0;
   int line_ = 1;

@@ -50,10 +50,11 @@ const char* MarkedEncoding(InputFile& file) {
   return text.starts_with("\xFE\xFF") || text.starts_with("\xFF\xFE") ? "UTF-16" : nullptr;
 }
 
-// A file in an encoding that Expat does not know.
+// A file in an encoding that Expat does not know, or not by that name.
 Node* ReadConverted(InputFile& file, Tree& tree, const CodePage* page, const char* charset) {
   ClearFailure();
   if (!file.Rewind()) return nullptr;
+  if (std::string_view(charset) == "UTF-8") return ReadWithExpat(file, tree, 1, page, charset);
   ConvertedInput converted(file, charset);
   if (Node* const top = ReadWithExpat(converted, tree, 1, page, "UTF-8")) return top;
   const long long offset = FailureOffset();
