@@ -232,8 +232,8 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml target.xml r.xml t.xml more | unexpected argument 'more', try --help
       lost.xml target.xml r.xml | lost.xml: cannot read: No such file or directory
       none.xml target.xml r.xml | \
-          none.xml: no value to take: no node has both a value and an int attribute 'DataID' \
-          (--id-attribute NAME takes another)
+          none.xml: no value to take: below the root no leaf has an int attribute 'DataID', \
+          nor has a branch with Use or Data (--id-attribute NAME takes another)
       good.xml conflict.xml r.xml | \
           conflict.xml: Repeat ID conflict for Node with Name = C, Label = c\nd, Repeat ID = 3
       good.xml target.xml r.xml folder/../good.xml | folder/../good.xml: THEME would overwrite good.xml
@@ -271,6 +271,9 @@ TEST_F(TransferTool, TellsWhatIsNotKept) {
   expect_refused("s.xml t.xml s.xml --dry-run", 2, s + all_the_same);
   EXPECT_EQ(run("s.xml t.xml r.xml"), 0);
   EXPECT_EQ(err, "rytree-transfer: " + t + '\n');
+  write("u.xml", "<U><!-- c --></U>");
+  EXPECT_EQ(run("s.xml u.xml r.xml"), 3);
+  EXPECT_EQ(err.find("not kept"), std::string::npos) << err;
   EXPECT_EQ(run("--allow-loss s.xml t.xml s.xml"), 0);
   EXPECT_EQ(err, "rytree-transfer: " + s + "\nrytree-transfer: " + t + '\n');
   EXPECT_EQ(tree("s.xml"), "<T><A DataID=\"1\" Use=\"new\">oldx<B/></A></T>");

@@ -43,8 +43,11 @@ TEST_F(TreeTool, Looks) {
  11      1    Empty
  12      2      E
 )"},
-      {"path t.xml root.set.text", "row    10\nlevel  2\npath   Root.Set.Text\nlabel  Text\nvalue  Red\n"},
-      {"path t.xml 1", "row    1\nlevel  0\npath   Root\nlabel  Root\nvalue  \n"},
+      {"path t.xml root.set.text",
+       "row      10\nlevel    2\npath     Root.Set.Text\nlabel    Text\nvalue    Red\n@DataID  5\n@Kind    "
+       "x\n"},
+      {"path n.xml R.A | tail -2", "value    (empty)\n_NodeID  4\n"},
+      {"path t.xml 1", "row    1\nlevel  0\npath   Root\nlabel  Root\nvalue  (empty)\n"},
       {"find t.xml Kind=x", " 3  Root.Plot.Axis  12.5\n10  Root.Set.Text   Red\n"},
       {"find n.xml _NodeID=4 A=a", "3  R.B\n"},
       {"find t.xml Kind=X Order=3 --ignore-case", "3  Root.Plot.Axis  12.5\n"},
@@ -91,9 +94,9 @@ TEST_F(TreeTool, ComparesReadsAndWritesStreams) {
       {"P diff a.xml b.xml --by path | grep -c R.B", 0, "1\n"},
       {"echo '<R><A DataID=\"x\"/></R>' >u; P diff u u 2>&1 | uniq; rm u", 0,
        "rytree-tree: u: 1 ID is of no use: R.A 'x'\n"},
-      {"cat a.xml | P path - R.C | tail -1", 0, "value  c\n"},
-      {"P set a.xml R.B x=y -o - 2>told | P path - R.B | tail -1; cat told; rm told", 0,
-       "value  b\nset 1 attribute of R.B\nwritten to standard output\n"},
+      {"cat a.xml | P path - R.C | tail -2", 0, "value  c\n@n     k l\n"},
+      {"P set a.xml R.B x=y -o - 2>told | P path - R.B | grep value; cat told; rm told", 0,
+       "value    b\nset 1 attribute of R.B\nwritten to standard output\n"},
       {"P set n.xml 1 _NodeID=7 A=1 -o - 2>told | tr -d '\\n'; P set n.xml 2 _NodeID=-1 -o - 2>told | grep "
        "-c ID; rm told",
        0,

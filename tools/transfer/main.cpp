@@ -30,7 +30,9 @@ int run(const Arguments& arguments) {
     tell(failure.what());
     status = unprinted(arguments);
   }
-  for (const std::string& loss : outcome.losses) tell(loss);
+  if (outcome.misfit.empty()) {
+    for (const std::string& loss : outcome.losses) tell(loss);
+  }
   print_report(arguments.prints_output() ? std::cerr : std::cout, arguments, outcome,
                Screen::of_standard_output(arguments.all));
   if (outcome.misfit.empty()) return status;

@@ -28,9 +28,9 @@ Pairs harvest(const Arguments& arguments, RYXmlWrapperBase& source, Outcome& out
                                                  /*allBranches=*/0, /*error=*/nullptr);
   if (outcome.harvested < 1) {
     const bool given = !arguments.id_attribute.empty();
-    throw Failure(shown_input(arguments.source) + ": no value to take: no node has both a value and " +
+    throw Failure(shown_input(arguments.source) + ": no value to take: below the root no leaf has " +
                   (given ? "the attribute '" + arguments.id_attribute : "an int attribute 'DataID") +
-                  "' (--id-attribute NAME takes another)");
+                  "', nor has a branch with Use or Data (--id-attribute NAME takes another)");
   }
   outcome.source_nodes = source.GetTreeSize();
   return pairs;

@@ -19,8 +19,8 @@ constexpr std::array kCommands = {
             "prints with the same options. There is colour on a terminal only, and not with NO_COLOR in the\n"
             "environment.\n",
             false, show},
-    Command{"path", "FILE PATH", "prints row number, level, path, label and value of one node\n", false,
-            path},
+    Command{"path", "FILE PATH", "prints row number, level, path, label, value and attributes of one node\n",
+            false, path},
     Command{"find", "FILE ATTRIBUTE=VALUE… [--ignore-case]",
             "prints row number, path, label and value of all nodes that have all these attributes\n"
             "\n"

@@ -1,6 +1,9 @@
 // The commands that only look.
+#include <algorithm>
 #include <iostream>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "columns.h"
 #include "commands.h"
@@ -20,9 +23,19 @@ Outcome show(Document& document, const Arguments& arguments) {
 Outcome path(Document& document, const Arguments& arguments) {
   Place place = document.at(arguments.words[1]);
   const CString label = rytree_get_node_label(&place.node, /*useLabel=*/true);
-  return {"row    " + std::to_string(place.row) + "\nlevel  " + std::to_string(place.level) + "\npath   " +
-          one_line(place.path.View()) + "\nlabel  " + one_line(label.View()) + "\nvalue  " +
-          one_line(rytree::text_of(place.node)) + '\n'};
+  std::vector<std::pair<std::string, std::string>> lines = {{"row", std::to_string(place.row)},
+                                                            {"level", std::to_string(place.level)},
+                                                            {"path", std::string(place.path.View())},
+                                                            {"label", std::string(label.View())},
+                                                            {"value", shown(rytree::text_of(place.node))}};
+  if (int id = 0; place.node.GetID(id) != 0) lines.emplace_back(kNodeId, std::to_string(id));
+  for (const auto& [name, value] : rytree::attributes_of(place.node))
+    lines.emplace_back('@' + one_line(name), shown(value));
+  int width = 0;
+  for (const auto& [name, value] : lines) width = std::max(width, Cell(name).width() + 2);
+  std::string text;
+  for (const auto& [name, value] : lines) text += pad(name, width) + one_line(value) + '\n';
+  return {text};
 }
 
 Outcome find(Document& document, const Arguments& arguments) {
