@@ -136,20 +136,23 @@ TEST_F(TransferTool, ThreeWays) {
 
 TEST_F(TransferTool, TellsOfTextsThatAreNotTaken) {
   write("s.xml", R"(<S>r<A DataID="1" Use="u">a<B/></A><C DataID="2">same<B/></C>
-<D ThemeApplicability="1048576"><E DataID="3">e</E><F/></D><G DataID="4">g<B>b</B></G></S>)");
-  write("t.xml", R"(<T><A DataID="1">a</A><C DataID="2">same<B/></C><E DataID="3">x</E></T>)");
+<D ThemeApplicability="1048576"><E DataID="3">e</E><F/></D><G DataID="4">g<B>b</B></G><H DataID="5"/></S>)");
+  write(
+      "t.xml",
+      R"(<T><A DataID="1">a</A><C DataID="2">same<B/></C><E DataID="3">x</E><H DataID="5" ThemeApplicability="1048576" Data="d"><B/></H></T>)");
   ASSERT_EQ(run("s.xml t.xml r.xml --report r.html"), 0) << err;
   EXPECT_NE(out.find(R"(
-not taken 3 texts of s.xml beside children, or inside a branch that is one value
-  T.E  3  x       e  inside a branch that is one value
-  S       (none)  r  text of the root
-  S.G  4  (none)  g  text beside children
+not taken 4 texts of s.xml beside children, or without effect
+  T.E  3  x       e        inside a branch that is one value
+  T.H  5  d       (empty)  an empty value does not replace Data
+  S       (none)  r        text of the root
+  S.G  4  (none)  g        text beside children
 no ID )"),
             std::string::npos)
       << out;
   EXPECT_NE(content(work / "r.html").find("of the source: e, inside a branch"), std::string::npos);
   EXPECT_EQ(run("s.xml t.xml --dry-run --strict"), 3);
-  EXPECT_NE(err.find("--strict: 3 texts of s.xml not taken: 3, S, 4; 1 value"), std::string::npos) << err;
+  EXPECT_NE(err.find("--strict: 4 texts of s.xml not taken: 3, 5, S, 4; 1 value"), std::string::npos) << err;
 }
 
 TEST_F(TransferTool, PageHoldsItAllAndNothingFromElsewhere) {

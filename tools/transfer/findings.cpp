@@ -69,6 +69,12 @@ std::vector<Passed> passed_over(const RYXmlWrapperBase& source, const RYXmlWrapp
   return passed;
 }
 
+/// The values of one ID in the source.
+struct Entry {
+  int count = 0;
+  bool is_empty = false;  // the first
+};
+
 class Search {
  public:
   Search(const Ids& ids, const Pairs& harvested, const Settled& settled, const Trees& trees,
@@ -77,7 +83,10 @@ class Search {
         settled_(settled),
         with_unchanged_(with_unchanged),
         passed_(passed_over(trees.source, trees.before, ids)) {
-    for (const int id : harvested.ids) ++entries_[id];
+    for (int i = 0; i < harvested.ids.GetSize(); ++i) {
+      Entry& entry = entries_[harvested.ids[i]];
+      if (++entry.count == 1) entry.is_empty = harvested.values[i].IsEmpty();
+    }
     for (Passed& one : passed_) {
       if (one.id >= 0) first_passed_.emplace(one.id, &one);
     }
@@ -108,9 +117,9 @@ class Search {
   bool with_unchanged_;
   std::vector<Passed> passed_;
   std::unordered_map<int, Passed*> first_passed_;
-  int row_ = 0;                           // of the node that is looked at
-  std::unordered_map<int, int> entries_;  // of each ID in the source
-  std::unordered_map<int, int> nodes_;    // of each ID in the target
+  int row_ = 0;                             // of the node that is looked at
+  std::unordered_map<int, Entry> entries_;  // of each ID in the source
+  std::unordered_map<int, int> nodes_;      // of each ID in the target
 };
 
 /// Adds a finding for each difference of two nodes and gives their number.
@@ -146,7 +155,8 @@ void Search::look_at_passed(int id, const RYXmlWrapperBase& before) {
 void Search::look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWrapperBase& after,
                           const RYXmlWrapperBase& unruled) {
   look_at_passed(id, before);
-  if (!entries_.contains(id)) {
+  const auto entry = entries_.find(id);
+  if (entry == entries_.end()) {
     if (own_value(after))
       add(Fate::kNoValue, ids_.text(id), path_of(after), own_value(after), own_value(after));
     return;
@@ -165,9 +175,13 @@ void Search::look_at_node(int id, const RYXmlWrapperBase& before, const RYXmlWra
   }
   int differences = compare(in_conflict ? Fate::kConflict : Fate::kApplied, shown_id, note, before, after);
   if (unruled.IsNodeValid() != 0) differences += compare(Fate::kKept, shown_id, kThemeRule, after, unruled);
-  if (differences == 0)
-    add(Fate::kUnchanged, shown_id, with_unchanged_ ? path_of(after) : "", own_value(after),
-        own_value(after));
+  if (differences > 0) return;
+  std::optional<std::string> value = own_value(after);
+  if (entry->second.is_empty && value && !value->empty()) {
+    add(Fate::kNotTaken, shown_id, path_of(after), value, "", "an empty value does not replace Data");
+  } else {
+    add(Fate::kUnchanged, shown_id, with_unchanged_ ? path_of(after) : "", value, value);
+  }
 }
 
 void Search::look_at_target(const Trees& trees) {
@@ -193,7 +207,7 @@ void Search::look_at_source(const RYXmlWrapperBase& source, const Pairs& harvest
   std::unordered_map<int, std::vector<std::string>> paths;  // of the IDs that are told here
   visit_ids(source, ids_.attribute(), [&](const RYXmlWrapperBase& node, int id) {
     const auto entries = entries_.find(id);
-    if (entries == entries_.end() || (entries->second == 1 && nodes_.contains(id))) return;
+    if (entries == entries_.end() || (entries->second.count == 1 && nodes_.contains(id))) return;
     if (own_value(node)) paths[id].push_back(path_of(node));
   });
   std::unordered_map<int, std::size_t> seen;

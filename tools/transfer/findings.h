@@ -28,7 +28,7 @@ enum class Fate {
   kNoNode,
   kNoValue,
   kDuplicate,
-  kNotTaken,  // a text of SOURCE that is no value
+  kNotTaken,  // a text of SOURCE that is no value, or cannot replace one
   kNoId,      // a value of SOURCE without an ID
   kBadId,     // an ID, in any of the trees, that is not one
 };

@@ -122,8 +122,7 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
       counted(found.count(Fate::kDuplicate), "value", "values") + " left out, as the ID came before");
   summary.others(Fate::kNotTaken, "not taken",
                  counted(found.count(Fate::kNotTaken), "text", "texts") + " of " +
-                     shown_input(arguments.source) +
-                     " beside children, or inside a branch that is one value");
+                     shown_input(arguments.source) + " beside children, or without effect");
   summary.others(Fate::kNoId, "no ID",
                  counted(found.count(Fate::kNoId), "value", "values") + " of " +
                      shown_input(arguments.source) + " without " + outcome.ids.shown_attribute() +
