@@ -42,7 +42,9 @@ TEST(String, ChangesInPlace) {
       {"a-b-", [](auto& s) { EXPECT_EQ(s.Remove('-'), 2); }, "ab"},
       {"abc", [](auto& s) { s = s.GetString() + 1, s.SetAt(1, 'x'), s.SetAt(2, 'y'), s += 'c'; }, "bxc"},
       {"abcd", [](auto& s) { s.Delete(3, INT_MAX), s.GetBuffer(40)[3] = 'x', s.ReleaseBuffer(); }, "abcx"},
-      {"abcd", [](auto& s) { s.GetBuffer(), s.ReleaseBuffer(2), s.GetBufferSetLength(4)[3] = 'x'; }, {"ab\0x", 4}},
+      {"abcd",
+       [](auto& s) { s.GetBuffer(), s.ReleaseBuffer(2), s.GetBufferSetLength(4)[3] = 'x'; },
+       {"ab\0x", 4}},
       {"7", [](auto& s) { s.Format("%s|%d", s.GetString(), -5), s.AppendFormat("%256c", '!'); },
        "7|-5" + std::string(255, ' ') + "!"}};
   for (const auto& [text, change, wanted] : rows) {
