@@ -86,11 +86,15 @@ TEST(Case, FoldsByCodePoint) {
   const Rows<const char*, const char*> equal = {
       {"Treez", "tREEZ"}, {nullptr, ""},   {"ß", "ẞ"}, {"ᾈ", "ᾀ"}, {"ſ", "s"}, {"σ", "ς"},
       {"жук", "ЖУК"},     {"\u212A", "k"}, {"ⱥ", "Ⱥ"}, {"𐐨", "𐐀"}, {"ÿ", "Ÿ"}, {"\xE9", "\xE9"}};
-  for (const auto& [left, right] : equal) EXPECT_EQ(_mbsicmp(left, right), 0) << left << ' ' << right;
+  for (const auto& [left, right] : equal) {
+    EXPECT_EQ(_mbsicmp(left, right), 0) << left << ' ' << right;
+    EXPECT_EQ(case_key(left), case_key(right)) << left << ' ' << right;
+  }
   const char* const chain[] = {"",   "1a", "1B", "@", "[", "`", "a", "ab",   "e",    "I",
                                "SS", "{",  "ß",  "é", "İ", "ı", "θ", "\xC3", "\xC9", "\xE9"};
   for (const auto* next = chain + 1; next != std::end(chain); ++next) {
     EXPECT_LT(_mbsicmp(next[-1], *next), 0) << *next;
+    EXPECT_NE(case_key(next[-1]), case_key(*next)) << *next;
     EXPECT_GT(rytree_host::lstrcmpiA(*next, next[-1]), 0) << *next;
   }
   EXPECT_LT(_mbscmp("B", "a"), 0);
