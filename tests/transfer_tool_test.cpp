@@ -251,7 +251,7 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml target.xml --dry-run --allow-loss | --allow-loss goes with a RESULT
       open.xml target.xml r.xml | \
           open.xml:1:7: the file ends too early: there is no element, or one is not closed
-      - - r.xml | only one file can be standard input
+      - good.xml r.xml --base /dev/stdin | only one file can be standard input
       good.xml target.xml - - | only one file can be standard output
       good.xml target.xml r.xml --report ./target.xml | ./target.xml: --report would overwrite target.xml
       good.xml target.xml r.xml --report lost/r.tsv | lost/r.tsv: cannot write: No such file or directory

@@ -191,7 +191,7 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
       2 | show lost.xml | lost.xml: cannot read: No such file or directory
       2 | show t.xml --level 0 | --level is 1 to 256
       2 | path t.xml 99999999999 | '99999999999' is not a number
-      2 | diff - - | only one file can be standard input
+      2 | diff - /dev/stdin | only one file can be standard input
       2 | diff t.xml lost.xml | lost.xml: cannot read: No such file or directory
       2 | diff t.xml t.xml --by=tag | --by is id or path, not 'tag'
       2 | diff t.xml t.xml --by path --id-attribute Name | --id-attribute goes with --by id

@@ -28,6 +28,10 @@ struct Descriptor {
 
 bool is_standard(const std::string& name) { return name == "-"; }
 
+std::string input_name(const std::string& name) {
+  return platform::DescriptorOf(name) == platform::kStandardInput ? "-" : name;
+}
+
 std::string output_name(const std::string& name) {
   return platform::DescriptorOf(name) == platform::kStandardOutput ? "-" : name;
 }

@@ -8,6 +8,8 @@
 /// Whether the name is "-", which is standard input or standard output.
 bool is_standard(const std::string& name);
 
+/// The name of an input: "-" for all names of standard input.
+std::string input_name(const std::string& name);
 /// The name of an output: "-" for all names of standard output.
 std::string output_name(const std::string& name);
 

@@ -203,14 +203,15 @@ Arguments read_arguments(const std::vector<std::string>& words) {
   for (const std::string& file : files) {
     if (file.empty()) throw Failure("a file name is empty");
   }
-  arguments.source = files[0];
-  arguments.target = files[1];
+  arguments.source = input_name(files[0]);
+  arguments.target = input_name(files[1]);
   if (files.size() > 2) arguments.result = output_name(files[2]);
   if (files.size() > 3) {
     arguments.theme = output_name(files[3]);
   } else if (!arguments.result.empty() && !is_stream(arguments.result)) {
     arguments.theme = platform::FromPath(platform::ToPath(arguments.result).replace_extension(".theme.xml"));
   }
+  arguments.base = input_name(arguments.base);
   arguments.report = output_name(arguments.report);
   check_options(arguments);
   check_files(arguments);

@@ -60,7 +60,8 @@ std::string element(const char* tag, const char* css, const std::string& text) {
 
 /// Whether a finding opens the branches above it.
 bool is_notable(const Finding& finding) {
-  return finding.fate == Fate::kApplied || finding.fate == Fate::kKept || finding.fate == Fate::kConflict;
+  return finding.fate == Fate::kApplied || finding.fate == Fate::kKept || finding.fate == Fate::kConflict ||
+         finding.fate == Fate::kNotTaken;
 }
 
 /// What a finding adds to the line of its node.

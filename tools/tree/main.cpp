@@ -58,7 +58,8 @@ int run(const std::vector<std::string>& words) {
     throw Failure("--allow-loss goes with -o or --in-place");
   if (arguments.has("-o") && arguments.text("-o").empty()) throw Failure("a file name is empty");
   if (arguments.has("--in-place") && is_stream(arguments.words[0])) throw Failure("--in-place needs a file");
-  if (command->run == diff && is_standard(arguments.words[0]) && is_standard(arguments.words[1]))
+  if (command->run == diff && is_standard(input_name(arguments.words[0])) &&
+      is_standard(input_name(arguments.words[1])))
     throw Failure("only one file can be standard input");
   Document document(arguments.words[0]);
   const Outcome outcome = command->run(document, arguments);
