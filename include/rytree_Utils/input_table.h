@@ -23,8 +23,10 @@
 // "ZANmsg.dll", which is loaded at the first label and unloaded with this library. If it cannot be loaded the
 // texts stay as they are, and it is not tried again. The bundled module asks gettext for the domain "rytree":
 // a program that wants texts in the user's language calls setlocale(LC_ALL, "") first and, unless the
-// catalogues rytree.mo are where the system keeps them, bindtextdomain("rytree", folder). A text that no
-// catalogue has stays as it is.
+// catalogues rytree.mo are where the system keeps them, bindtextdomain("rytree", folder). On Windows it reads
+// ../share/locale/LANGUAGE/LC_MESSAGES/rytree.mo, from its own folder on, in UTF-8, for the languages that
+// LANGUAGE, LC_ALL, LC_MESSAGES or LANG tell as they do to gettext, or else for the language of the user's
+// desktop; the program calls nothing. A text that no catalogue has stays as it is.
 
 extern "C" {
 
