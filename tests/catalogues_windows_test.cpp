@@ -5,9 +5,9 @@
 #include <fstream>
 #include <string_view>
 
-#include "environment.h"
 #include "rytree_host/code_page.h"
 #include "rytree_host/modules.h"
+#include "system/process.h"
 #include "tree_text.h"
 
 namespace {
