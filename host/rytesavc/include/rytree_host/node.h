@@ -305,8 +305,8 @@ class RYTESAVC_API RYXmlWrapperBase : public TESAObj {
   // ---- Files.
 
   /// Writes the branch as UTF-8 XML. At every moment the path holds the old file or the new one, whole, also
-  /// when the process is killed. A symbolic link stays, the old file's mode is kept. Interrupted system calls
-  /// are repeated.
+  /// when the process is killed. A symbolic link stays and the file that it leads to is replaced, or made where
+  /// there is none (Windows refuses that). The old file's mode is kept. Interrupted system calls are repeated.
   ///
   /// The new file has no name before it is whole. Only where the system cannot do that, and between the two
   /// last steps over an old file, it is ".NAME.unfinished-save-0" beside the target (or 1, 2, … if others
