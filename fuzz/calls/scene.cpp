@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -72,7 +73,10 @@ void show_item(std::string&, const Other&) {}
 
 }  // namespace
 
-std::string scratch_folder() { return access("/dev/shm", W_OK) == 0 ? "/dev/shm/" : "/tmp/"; }
+std::string scratch_folder() {
+  const std::filesystem::path usual = std::filesystem::temp_directory_path() / "";
+  return access("/dev/shm", W_OK) == 0 ? "/dev/shm/" : usual.string();
+}
 
 Scene::~Scene() {
   if (!file_.empty()) std::remove(file_.c_str());

@@ -6,6 +6,9 @@
 
 void set_environment(const std::string& name, const std::string& value);
 
+/// The time of the processor that the process has taken.
+double processor_seconds();
+
 struct Start {
   std::string program;
   std::vector<std::string> words;           // after its name

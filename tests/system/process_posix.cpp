@@ -6,10 +6,13 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <ctime>
 
 void set_environment(const std::string& name, const std::string& value) {
   setenv(name.c_str(), value.c_str(), 1);
 }
+
+double processor_seconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 int run_program(const Start& start) {
   posix_spawn_file_actions_t actions;

@@ -33,6 +33,16 @@ void set_environment(const std::string& name, const std::string& value) {
   _putenv_s(name.c_str(), value.c_str());
 }
 
+double processor_seconds() {
+  constexpr double kTick = 1e-7;
+  FILETIME start{}, end{}, in_system{}, in_program{};
+  GetProcessTimes(GetCurrentProcess(), &start, &end, &in_system, &in_program);
+  const auto ticks = [](const FILETIME& time) {
+    return static_cast<double>(time.dwHighDateTime) * 0x1p32 + time.dwLowDateTime;
+  };
+  return kTick * (ticks(in_system) + ticks(in_program));
+}
+
 int run_program(const Start& start) {
   std::wstring line = quoted(start.program);
   for (const std::string& word : start.words) line += L' ' + quoted(word);
