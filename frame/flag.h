@@ -11,6 +11,8 @@
 ///     [[gnu::alias("flagged_NAME")]] decltype(NAME) NAME;
 /// The machine passes both in the same place: the flag is the low byte there, and the higher bytes are garbage.
 /// It is an enum and not a class: compilers may split a class argument in calls within one file.
+/// A compiler without aliases gets a definition of each export instead (cmake/PlainForms.cmake), in which another byte
+/// than 0 and 1 counts as that compiler takes it.
 enum class Flag : unsigned {};
 
 inline bool is_set(Flag flag) { return (static_cast<unsigned>(flag) & 0xFF) != 0; }

@@ -1,5 +1,5 @@
 // What the compiler is told about functions, and the plain form for compilers that lack it. These are the
-// only macros of the project.
+// only macros of the project. Attributes such as [[gnu::noinline]] need no plain form: other compilers pass over them.
 #pragma once
 
 #if defined(_WIN32) && defined(RYTREE_STATIC)
