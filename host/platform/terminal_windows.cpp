@@ -6,6 +6,7 @@ namespace platform {
 
 namespace {
 
+// NOLINTNEXTLINE(performance-no-int-to-ptr): the system gives it as a number
 HANDLE HandleOf(int descriptor) { return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor)); }
 
 }  // namespace

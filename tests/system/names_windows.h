@@ -15,7 +15,7 @@ HMODULE home(Function* function) {
   return module;
 }
 
-void use_shared_names() {
+inline void use_shared_names() {
   const HMODULE framework = GetModuleHandleA("ryframework.dll"), program = GetModuleHandleA(nullptr);
   const auto expect_two = [](const char* name, auto* own, auto* of_system, HMODULE own_home) {
     EXPECT_EQ(home(own), own_home) << name;
