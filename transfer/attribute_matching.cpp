@@ -197,7 +197,6 @@ void MatchTarget::finish() {
     const int queued = group_at(entry.group).queued;
     if (queued >= 0) write_texts(entry.node, rule_, queue_[static_cast<std::size_t>(queued)]);
   }
-  queue_.clear();
 }
 
 void MatchTarget::index_below(const RYXmlWrapperBase& node, CString& text) {
