@@ -58,6 +58,7 @@ TEST_F(FilesOfWindows, AreRefusedWhole) {
        Rows<std::string, const char*>{{folder.string(), "Is a directory"},
                                       {path("no\\x.xml"), "No such file or directory"},
                                       {"NUL", "Invalid argument"},
+                                      {path("\xE9.xml"), "Invalid or incomplete multibyte or wide character"},
                                       {"", "No such file or directory"}}) {
     EXPECT_EQ(saved(file, "<new/>"), "! cannot write '" + file + "': " + why);
     EXPECT_EQ(Node().load(file.c_str(), 0), 0);
@@ -76,6 +77,20 @@ TEST_F(FilesOfWindows, AreWaitedForWhileAnotherProgramHasThem) {
   });
   EXPECT_EQ(saved(path(), "<new/>"), "<new/>");
   release.join();
+  EXPECT_EQ(entries(folder), 1);
+}
+
+TEST_F(FilesOfWindows, AreSavedByManyAtATime) {
+  std::vector<std::thread> savers;
+  for (const char* const xml : {"<a>1</a>", "<b>2</b>", "<c>3</c>"}) {
+    savers.emplace_back([xml, file = path()] {
+      for (int i = 0; i < 20; ++i) {
+        EXPECT_EQ(parse(xml).Save(file.c_str()), 1) << Node::LastFailure().text;
+        EXPECT_EQ(Node().load(file.c_str(), 0), 1) << Node::LastFailure().text;
+      }
+    });
+  }
+  for (std::thread& saver : savers) saver.join();
   EXPECT_EQ(entries(folder), 1);
 }
 

@@ -7,7 +7,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstddef>
+#include <cstring>
+#include <new>
 #include <utility>
+#include <vector>
 
 #include "platform/windows.h"
 
@@ -70,6 +74,7 @@ InputFile::~InputFile() {
 int InputFile::Open(const std::string& path) {
   if (path.empty()) return ENOENT;
   const std::wstring wide = FullPath(path);
+  if (wide.empty()) return EILSEQ;
   if (IsDevice(wide)) return EINVAL;
   Handle file;
   const DWORD error = Repeated([&] {
@@ -136,6 +141,7 @@ class OutputFile::Work {
 FileFault OutputFile::Work::Open() {
   if (path_.empty()) return {"cannot write", ENOENT};
   target_ = FullPath(path_);
+  if (target_.empty()) return {"cannot write", EILSEQ};
   if (IsDevice(target_)) return {"cannot write", EINVAL};
   if (const int error = FollowLinks(target_); error != 0) return {"cannot follow the link", error};
   int error = LookAtTarget();
@@ -187,15 +193,24 @@ FileFault OutputFile::Work::Write(std::string_view content) {
 
 FileFault OutputFile::Work::Finish() {
   if (FlushFileBuffers(file_.get()) == 0) return {"cannot flush", ErrorNumber(GetLastError())};
-  if (!file_.Close()) return {"cannot close", ErrorNumber(GetLastError())};
-  return {"cannot rename to", TakeTarget()};
+  if (const int error = TakeTarget(); error != 0) return {"cannot rename to", error};
+  return {"cannot close", file_.Close() ? 0 : ErrorNumber(GetLastError())};
 }
 
+// By the open handle: a file that is closed could be taken by another save of the same target for one that was left.
 // While another program has the target without sharing, the system only says that access is denied.
 int OutputFile::Work::TakeTarget() {
-  constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-  const auto move = [&] { return MoveFileExW(beside_.c_str(), target_.c_str(), kFlags) != 0; };
-  const DWORD error = Repeated(move, ERROR_ACCESS_DENIED);
+  const std::size_t bytes = target_.size() * sizeof(wchar_t);
+  std::vector<std::uint64_t> room((sizeof(FILE_RENAME_INFO) + bytes) / sizeof(std::uint64_t) + 1);
+  auto* const info = new (room.data()) FILE_RENAME_INFO{};
+  info->ReplaceIfExists = TRUE;
+  info->FileNameLength = static_cast<DWORD>(bytes);
+  std::memcpy(reinterpret_cast<char*>(info) + offsetof(FILE_RENAME_INFO, FileName), target_.c_str(), bytes);
+  const auto rename = [&] {
+    return SetFileInformationByHandle(file_.get(), FileRenameInfo, info,
+                                      static_cast<DWORD>(sizeof(FILE_RENAME_INFO) + bytes)) != 0;
+  };
+  const DWORD error = Repeated(rename, ERROR_ACCESS_DENIED);
   if (error == ERROR_SUCCESS) beside_.clear();
   return ErrorNumber(error);
 }

@@ -10,7 +10,7 @@ const std::string_view kModuleEnding = ".dll";
 void* OpenModule(const std::string& path) {
   const DWORD flags = HasFolder(path) ? LOAD_WITH_ALTERED_SEARCH_PATH : 0;
   const std::wstring wide = HasFolder(path) ? FullPath(path) : Wide(path);
-  return LoadLibraryExW(wide.c_str(), nullptr, flags);
+  return wide.empty() ? nullptr : LoadLibraryExW(wide.c_str(), nullptr, flags);
 }
 
 bool CloseModule(void* module) { return FreeLibrary(static_cast<HMODULE>(module)) != 0; }

@@ -50,7 +50,11 @@ PassingFile::PassingFile() : path_(MakeTemporaryFile()) {
   if (path_.empty()) return;
   Handle file(CreateFileW(FullPath(path_).c_str(), GENERIC_WRITE | DELETE, kShared, nullptr, OPEN_EXISTING,
                           FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
-  if (file.is_open()) descriptor_ = file.ToDescriptor(_O_WRONLY);
+  if (file.is_open()) {
+    descriptor_ = file.ToDescriptor(_O_WRONLY);
+  } else {
+    errno = ErrorNumber(GetLastError());
+  }
 }
 
 std::string MakeTemporaryFile() {

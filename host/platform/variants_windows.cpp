@@ -18,38 +18,49 @@ CString NarrowText(BSTR text) {
   return page->FromUtf8(utf8, narrow) == utf8.size() ? CString(std::move(narrow)) : CString();
 }
 
+struct Held {
+  Held() { VariantInit(&variant); }
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+  ~Held() { VariantClear(&variant); }
+
+  VARIANT variant;
+};
+
 }  // namespace
 
 const VariantValue& ValueOf(const _variant_t& variant, VariantValue& room) {
-  VARIANT held;
-  VariantInit(&held);
-  const auto is_made = [&](VARTYPE kind) {  // what is read is not changed, though it is not said so
-    return SUCCEEDED(
-        VariantChangeTypeEx(&held, const_cast<_variant_t*>(&variant), LOCALE_INVARIANT, 0, kind));
+  Held value;  // what a reference leads to
+  Held held;
+  // What is read is not changed, though the system does not say so.
+  const auto is_made = [&](VARTYPE kind) {
+    return SUCCEEDED(VariantChangeTypeEx(&held.variant, &value.variant, LOCALE_INVARIANT, 0, kind));
   };
-  switch (variant.vt) {
+  if (FAILED(VariantCopyInd(&value.variant, const_cast<_variant_t*>(&variant)))) return room;
+  switch (value.variant.vt) {
     case VT_EMPTY:
     case VT_NULL:
       break;
     case VT_R4:
     case VT_R8:
     case VT_CY:
+    case VT_DATE:
     case VT_DECIMAL:
-      if (is_made(VT_R8)) room = held.dblVal;
+      if (is_made(VT_R8)) room = held.variant.dblVal;
       break;
     case VT_BSTR:
-      room = NarrowText(variant.bstrVal);
+      room = NarrowText(value.variant.bstrVal);
+      break;
+    case VT_BOOL:
+      room = value.variant.boolVal != VARIANT_FALSE ? 1 : 0;
       break;
     default:
-      if (variant.vt != VT_BOOL && is_made(VT_I4)) {
-        room = static_cast<int>(held.lVal);
-      } else if (variant.vt == VT_BOOL) {
-        room = variant.boolVal != VARIANT_FALSE ? 1 : 0;
+      if (is_made(VT_I4)) {
+        room = static_cast<int>(held.variant.lVal);
       } else if (is_made(VT_BSTR)) {
-        room = NarrowText(held.bstrVal);
+        room = NarrowText(held.variant.bstrVal);
       }
   }
-  VariantClear(&held);
   return room;
 }
 

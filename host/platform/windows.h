@@ -10,17 +10,21 @@
 #include <windows.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <system_error>
 
 namespace platform {
 
+// Empty if the text is not UTF-8.
 inline std::wstring Wide(std::string_view text) {
   const int bytes = static_cast<int>(text.size());
-  std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0)),
-                    L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wide.data(), static_cast<int>(wide.size()));
+  const auto convert = [&](wchar_t* to, int room) {
+    return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), bytes, to, room);
+  };
+  std::wstring wide(static_cast<std::size_t>(convert(nullptr, 0)), L'\0');
+  convert(wide.data(), static_cast<int>(wide.size()));
   return wide;
 }
 
@@ -69,7 +73,7 @@ inline int ErrorNumber(DWORD error) {
   }
 }
 
-// The path from its root on, with the head that lets it have more than 260 characters.
+// The path from its root on, with the head that lets it have more than 260 characters. Empty if the name is not UTF-8.
 inline std::wstring FullPath(std::string_view name) {
   const std::wstring wide = Wide(name);
   std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');

@@ -44,8 +44,14 @@ inline void use_shared_names() {
   VCTreePrepareForMenu(&node, next);
   vctree_modify_DWORD_attribute(node, "a", 1, 0x80000000);
   node.SetPropertyValue("b", &half);
-  EXPECT_EQ(text(node) + std::to_string(next),
-            R"(<R _NodeID="268435456" a="-2147483644" b="0.5"><A _NodeID="11" DataID="7"/></R>8)");
+  double number = 1.5;
+  _variant_t reference, date;
+  reference.vt = VT_R8 | VT_BYREF, reference.pdblVal = &number;
+  date.vt = VT_DATE, date.date = 45000.75;
+  node.SetPropertyValue("c", &reference), node.SetPropertyValue("d", &date);
+  EXPECT_EQ(
+      text(node) + std::to_string(next),
+      R"(<R _NodeID="268435456" a="-2147483644" b="0.5" c="1.5" d="45000.75"><A _NodeID="11" DataID="7"/></R>8)");
 }
 
 }  // namespace
