@@ -38,7 +38,7 @@ no value  1 node of the target with an ID
   T.Y  6  y
 duplicate 1 value left out, as the ID came before
   S.D  1  no  the first value of this ID is used
-no ID     1 value of source.xml without DataID, not carried
+no ID     1 value of source.xml without an ID in DataID, not carried
   S.H  h
 bad ID    2 IDs of no use in source.xml
   S.L  9x  b        source.xml: not a number from 0 to 2147483647

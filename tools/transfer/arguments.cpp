@@ -38,7 +38,7 @@ const char* const kHelp =
     "  --prefer mine|new     decides where both SOURCE and TARGET differ from OLD_DEFAULTS: the value of "
     "SOURCE\n"
     "                        (so it is if not given) or that of TARGET\n"
-    "  --no-marks            RESULT gets no OldValue\n"
+    "  --no-marks            RESULT gets no new OldValue\n"
     "\n"
     "What is told:\n"
     "  --all                 prints every change and every ID without a partner, as into a pipe or a file\n"
@@ -158,7 +158,8 @@ void check_options(const Arguments& arguments) {
   if (arguments.allow_loss && arguments.result.empty()) throw Failure("--allow-loss goes with a RESULT");
 }
 
-/// Throws a Failure if an output is another file of the command line; only RESULT may be SOURCE or TARGET.
+/// Throws a Failure if an output is another file of the command line; only RESULT may be SOURCE or TARGET, unless that
+/// is OLD_DEFAULTS too.
 void check_files(const Arguments& arguments) {
   const std::vector<std::string> inputs = {arguments.source, arguments.target, arguments.base};
   if (std::count(inputs.begin(), inputs.end(), "-") > 1) throw Failure("only one file can be standard input");
@@ -173,9 +174,7 @@ void check_files(const Arguments& arguments) {
         throw Failure(file + ": " + name + " would overwrite " + other);
     }
   };
-  const auto is_result = [&](const std::string& input) { return same_place(arguments.result, input); };
-  if (!arguments.result.empty() && !is_result(arguments.source) && !is_result(arguments.target))
-    check("RESULT", arguments.result);
+  if (!arguments.result.empty()) check("RESULT", arguments.result);
   taken.insert(taken.end(), {arguments.source, arguments.target});
   if (!arguments.result.empty()) taken.push_back(arguments.result);
   if (!arguments.theme.empty()) check("THEME", arguments.theme);

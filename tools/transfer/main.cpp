@@ -21,6 +21,7 @@ int unprinted(const Arguments& arguments) { return arguments.writes() ? 1 : 2; }
 int run(const Arguments& arguments) {
   const int stages = arguments.base.empty() ? 6 : 7;
   Outcome outcome;
+  Arguments done = arguments;
   int status = 0;
   try {
     Progress progress(kProgram, stages);
@@ -29,11 +30,12 @@ int run(const Arguments& arguments) {
   } catch (const Unprinted& failure) {
     tell(failure.what());
     status = unprinted(arguments);
+    done.report.clear();
   }
   if (outcome.misfit.empty()) {
     for (const std::string& loss : outcome.losses) tell(loss);
   }
-  print_report(arguments.prints_output() ? std::cerr : std::cout, arguments, outcome,
+  print_report(arguments.prints_output() ? std::cerr : std::cout, done, outcome,
                Screen::of_standard_output(arguments.all));
   if (outcome.misfit.empty()) return status;
   std::cout.flush();

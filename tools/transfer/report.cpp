@@ -125,7 +125,7 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
                      shown_input(arguments.source) + " beside children, or without effect");
   summary.others(Fate::kNoId, "no ID",
                  counted(found.count(Fate::kNoId), "value", "values") + " of " +
-                     shown_input(arguments.source) + " without " + outcome.ids.shown_attribute() +
+                     shown_input(arguments.source) + " without an ID in " + outcome.ids.shown_attribute() +
                      ", not carried");
   summary.others(Fate::kBadId, "bad ID",
                  counted(found.count(Fate::kBadId), "ID", "IDs") + " of no use in " +
