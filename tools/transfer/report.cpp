@@ -110,7 +110,7 @@ void print_report(std::ostream& out, const Arguments& arguments, const Outcome& 
                      (arguments.prefer == "new" ? "the new one" : "mine") + " taken");
   summary.others(Fate::kDefault, "default",
                  counted(found.count(Fate::kDefault), "value", "values") + " still as in " +
-                     shown_input(arguments.base) + ", not carried");
+                     shown_input(arguments.base) + ", not carried; shown as the target has them");
   summary.others(Fate::kKept, "kept",
                  counted(found.count(Fate::kKept), "value", "values") + " of the target, by its theme rules");
   summary.others(Fate::kNoNode, "no node",
