@@ -1,8 +1,7 @@
 #include "platform/catalogues.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <algorithm>
+#include <array>
 #include <vector>
 
 #include "platform/message_catalogue.h"
@@ -54,12 +53,25 @@ std::vector<std::string> Languages() {
   return languages;
 }
 
+// The bytes of a file, which no program started meanwhile inherits; "" if it cannot be read.
+std::string Content(const std::string& name) {
+  const Handle file(CreateFileW(FullPath(name).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  std::string bytes;
+  std::array<char, 1U << 14U> part{};
+  for (DWORD got = 0; file.is_open(); bytes.append(part.data(), got)) {
+    if (ReadFile(file.get(), part.data(), part.size(), &got, nullptr) == 0) return {};
+    if (got == 0) break;
+  }
+  return bytes;
+}
+
 std::vector<MessageCatalogue> ReadCatalogues() {
   std::vector<MessageCatalogue> catalogues;
+  const std::string folder = OwnFolder();
+  if (folder.empty()) return catalogues;
   for (const std::string& language : Languages()) {
-    const std::string name = OwnFolder() + "..\\share\\locale\\" + language + "\\LC_MESSAGES\\rytree.mo";
-    std::ifstream file(std::filesystem::path(FullPath(name)), std::ios::binary);
-    if (file) catalogues.emplace_back(std::string(std::istreambuf_iterator<char>(file), {}));
+    catalogues.emplace_back(Content(folder + "..\\share\\locale\\" + language + "\\LC_MESSAGES\\rytree.mo"));
   }
   return catalogues;
 }

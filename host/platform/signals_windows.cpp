@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdlib>
 
+#include "platform/console_windows.h"
 #include "platform/windows.h"
 
 namespace platform {
@@ -41,7 +42,9 @@ HeldSignals::HeldSignals() {
 HeldSignals::~HeldSignals() {
   SetConsoleCtrlHandler(Wait, FALSE);
   constexpr UINT kInterrupted = 0xC000013A;
-  if (is_one_waiting) ExitProcess(is_all_written ? static_cast<UINT>(last_status) : kInterrupted);
+  if (!is_one_waiting) return;
+  RestoreConsole();
+  ExitProcess(is_all_written ? static_cast<UINT>(last_status) : kInterrupted);
 }
 
 bool HeldSignals::IsOneWaiting() const { return is_one_waiting; }

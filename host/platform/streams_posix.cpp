@@ -30,7 +30,7 @@ int WriteAll(int to, const char* bytes, std::size_t length) {
 
 int OpenToRead(const std::string& name) { return open(name.c_str(), O_RDONLY | O_CLOEXEC); }
 int OpenToWrite(const std::string& name) { return open(name.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY); }
-int Duplicate(int descriptor) { return dup(descriptor); }
+int Duplicate(int descriptor) { return fcntl(descriptor, F_DUPFD_CLOEXEC, 0); }
 void Close(int descriptor) {
   if (descriptor >= 0) close(descriptor);
 }

@@ -22,7 +22,22 @@ int Open(const std::string& name, DWORD access, int flags) {
 
 int OpenToRead(const std::string& name) { return Open(name, GENERIC_READ, _O_RDONLY); }
 int OpenToWrite(const std::string& name) { return Open(name, GENERIC_WRITE, _O_WRONLY); }
-int Duplicate(int descriptor) { return _dup(descriptor); }
+int Duplicate(int descriptor) {
+  const std::intptr_t original = _get_osfhandle(descriptor);
+  if (original < 0) {  // there is no such stream
+    errno = EBADF;
+    return -1;
+  }
+  HANDLE const process = GetCurrentProcess();
+  HANDLE copy = INVALID_HANDLE_VALUE;
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system gives it as a number
+  if (DuplicateHandle(process, reinterpret_cast<HANDLE>(original), process, &copy, 0, FALSE,
+                      DUPLICATE_SAME_ACCESS) == 0) {
+    errno = ErrorNumber(GetLastError());
+    return -1;
+  }
+  return Handle(copy).ToDescriptor(_O_RDWR);
+}
 void Close(int descriptor) {
   if (descriptor >= 0) _close(descriptor);
 }
