@@ -9,7 +9,9 @@ namespace platform {
 // What the names of their files end in.
 extern const std::string_view kModuleEnding;
 
-// Loads a library by its path or, without a folder, from where the system looks. Null if that fails.
+// Loads a library by its path or, without a folder, from where the system looks; on Windows that is the folder of the
+// program and the system's own, but neither the current folder nor PATH. What the library needs is looked for there
+// too and, on Windows, beside the library if that has a path. Null if anything fails.
 void* OpenModule(const std::string& path);
 bool CloseModule(void* module);
 

@@ -1,16 +1,47 @@
 #include "platform/modules.h"
 
+#include <filesystem>
+
 #include "platform/windows.h"
 
 namespace platform {
 
 const std::string_view kModuleEnding = ".dll";
 
-// What a library needs is looked for beside it too, if its path is whole.
+namespace {
+
+// While it lives, a file that cannot be loaded is reported by the result only, not by a box that waits for the user.
+class NoErrorBoxes {
+ public:
+  NoErrorBoxes() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &former_); }
+  NoErrorBoxes(const NoErrorBoxes&) = delete;
+  NoErrorBoxes& operator=(const NoErrorBoxes&) = delete;
+  ~NoErrorBoxes() { SetThreadErrorMode(former_, nullptr); }
+
+ private:
+  DWORD former_ = 0;
+};
+
+// From the root on, as the system wants the file of a library. It knows a library again by its path, so only one that is
+// too long otherwise has the head of FullPath. Empty if the name is not UTF-8.
+std::wstring WholePath(const std::string& name) {
+  std::error_code error;
+  const std::wstring wide = Wide(name);
+  const std::wstring path = wide.empty() ? wide : std::filesystem::absolute(wide, error).wstring();
+  return path.size() < MAX_PATH ? path : FullPath(name);
+}
+
+}  // namespace
+
+// Neither the current folder nor PATH is looked at, where anybody may put a file of that name.
 void* OpenModule(const std::string& path) {
-  const DWORD flags = HasFolder(path) ? LOAD_WITH_ALTERED_SEARCH_PATH : 0;
-  const std::wstring wide = HasFolder(path) ? FullPath(path) : Wide(path);
-  return wide.empty() ? nullptr : LoadLibraryExW(wide.c_str(), nullptr, flags);
+  const bool has_folder = HasFolder(path);
+  const std::wstring file = has_folder ? WholePath(path) : Wide(path);
+  if (file.empty()) return nullptr;
+  const NoErrorBoxes quiet;
+  return LoadLibraryExW(
+      file.c_str(), nullptr,
+      LOAD_LIBRARY_SEARCH_DEFAULT_DIRS | (has_folder ? LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : 0));
 }
 
 bool CloseModule(void* module) { return FreeLibrary(static_cast<HMODULE>(module)) != 0; }

@@ -6,6 +6,7 @@
 #include <psapi.h>
 
 #include <array>
+#include <cwchar>
 #include <filesystem>
 
 std::set<std::string> loaded_modules() {
@@ -18,7 +19,7 @@ std::set<std::string> loaded_modules() {
   for (std::size_t i = 0; i < bytes / sizeof(HMODULE); ++i) {
     std::array<wchar_t, MAX_PATH> name{};
     GetModuleFileNameW(modules.at(i), name.data(), static_cast<DWORD>(name.size()));
-    if (!std::wstring_view(name.data()).starts_with(system.data()))
+    if (_wcsnicmp(name.data(), system.data(), std::wcslen(system.data())) != 0)
       names.insert(platform::Narrow(name.data()));
   }
   return names;

@@ -10,7 +10,9 @@ using FARPROC = void (*)();
 
 /// Loads a library and gives its handle, or null. "Name.dll" and "Name" both stand for the system's file of
 /// that name ("Name.so" on Linux), looked for beside the framework's own library first and then where the
-/// system looks. A name with a folder is opened as it is.
+/// system looks: on Windows in the folder of the program, in the system's and in those that the program added with
+/// AddDllDirectory, but neither in the current folder nor along PATH. A name with a folder is opened as it is. Null
+/// too for a file that is damaged or lacks a library that it needs; no box asks the user.
 RYFRAMEWORK_API HMODULE LoadLibraryA(const char* name);
 
 /// The entry point of that name, or null.
