@@ -1,6 +1,8 @@
 // Hashes for the indexes of texts and IDs.
 #pragma once
 
+#include <rytree_host/export.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -13,9 +15,7 @@ inline std::uint64_t hash_seed(const void* index) {
 }
 
 inline std::uint64_t hash_word(std::uint64_t word, std::uint64_t seed) {
-  __extension__ using Wide = unsigned __int128;
-  const Wide product = static_cast<Wide>(word ^ 0xD6E8FEB86659FD93U) * seed;
-  return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
+  return rytree_host::FoldedProduct(word ^ 0xD6E8FEB86659FD93U, seed);
 }
 
 template <class Word>

@@ -20,7 +20,7 @@ namespace rytesavc {
 inline constexpr std::size_t kPadding = 2 * TextWords::kBytes;
 
 // Which of the next 16 bytes is the first that is below `kLeast`, beyond ASCII or one of the stops; 16 for
-// none.
+// none. Compilers that define __SSE2__ have the operator | for vectors too; others get the plain form.
 #if defined(__SSE2__)
 template <char kLeast, char... kStops>
 inline std::size_t FirstStop(const char* at) {

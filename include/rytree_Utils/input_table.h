@@ -30,11 +30,7 @@
 
 extern "C" {
 
-// The next function has C linkage but returns a C++ object, and Clang warns about that.
-#ifdef __clang__
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
-#endif
+RYTREE_CLASS_RESULTS
 
 /// Order: `table`, `parameters`. Makes the row of a variable, or writes it again: row and cells are found by
 /// their tags, and cells that only an earlier weight method needed stay.
@@ -60,9 +56,7 @@ RYTREE_API RYXmlWrapperBase report_make_input_data_table_var_row(
     int pass, int variables, int reserved, int weightMethod, RYXmlWrapperBase* parameters, int xyz,
     int parameterIndex);
 
-#ifdef __clang__
-#pragma clang diagnostic pop
-#endif
+RYTREE_CLASS_RESULTS_END
 
 /// Order: `table`, `parameters`. Makes the rows of all variables of one data set, or writes them again, each
 /// as report_make_input_data_table_var_row does. There are `sets` passes over the same rows, which differ in

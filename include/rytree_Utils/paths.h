@@ -38,17 +38,11 @@ RYTREE_API int rytree_get_level(CString* path, RYXmlWrapperBase* node, RYXmlWrap
 RYTREE_API int rytree_add_path_str(RYXmlWrapperBase* node, const char* attribute, int recursive,
                                    int includeSelf);
 
-// A class may leave a plain function by value: both sides are C++.
-#ifdef __clang__
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
-#endif
+RYTREE_CLASS_RESULTS
 /// The tag of a node, or with `useLabel` its "Label", also an empty one, if it has that attribute. Empty for
 /// a null or invalid node.
 RYTREE_API CString rytree_get_node_label(RYXmlWrapperBase* node, bool useLabel);
-#ifdef __clang__
-#pragma clang diagnostic pop
-#endif
+RYTREE_CLASS_RESULTS_END
 
 /// vctree_get_node_names into a host array of strings. 1, also for an invalid node, which adds nothing; -1 if
 /// `node` or `names` is null or `names` holds no string array.

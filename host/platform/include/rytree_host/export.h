@@ -1,6 +1,8 @@
-// What the compiler is told about functions, and the plain form for compilers that lack it. These are the
-// only macros of the project. Attributes such as [[gnu::noinline]] need no plain form: other compilers pass over them.
+// What compilers have beyond the language, and the plain form for those that lack it. No other header asks which compiler
+// it is for. Attributes such as [[gnu::noinline]] need no plain form: compilers that do not know them ignore them.
 #pragma once
+
+#include <cstdint>
 
 #if defined(_WIN32) && defined(RYTREE_STATIC)
 #define RYTREE_EXPORT
@@ -59,3 +61,33 @@
 #define RYTREE_ENDS_IN_NULL
 #define RYTREE_PRINTF(text, first)
 #endif
+
+#ifdef __clang__
+/// Put around plain functions that return a class, which Clang warns about: both sides are C++.
+#define RYTREE_CLASS_RESULTS \
+  _Pragma("clang diagnostic push") _Pragma("clang diagnostic ignored \"-Wreturn-type-c-linkage\"")
+#define RYTREE_CLASS_RESULTS_END _Pragma("clang diagnostic pop")
+#else
+#define RYTREE_CLASS_RESULTS
+#define RYTREE_CLASS_RESULTS_END
+#endif
+
+namespace rytree_host {
+
+/// The two halves of the product of 128 bits, put together by exclusive or. For hashes.
+[[gnu::always_inline]] inline std::uint64_t FoldedProduct(std::uint64_t one, std::uint64_t other) {
+#ifdef __SIZEOF_INT128__
+  __extension__ using Wide = unsigned __int128;
+  const Wide product = static_cast<Wide>(one) * other;
+  return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
+#else
+  constexpr std::uint64_t kLow = 0xFFFFFFFF;
+  const std::uint64_t lowest = (one & kLow) * (other & kLow);
+  const std::uint64_t middle = (one >> 32) * (other & kLow) + (lowest >> 32);
+  const std::uint64_t rest = (one & kLow) * (other >> 32) + (middle & kLow);
+  const std::uint64_t high = (one >> 32) * (other >> 32) + (middle >> 32) + (rest >> 32);
+  return high ^ (rest << 32 | (lowest & kLow));
+#endif
+}
+
+}  // namespace rytree_host

@@ -294,9 +294,7 @@ class RYTESAVC_API Tree {
   void CopyValue(Value& target, const Value& source);
   const Name* InternCopy(const Name* name, const Tree& of_tree);
   static Word Mix(const TextWords& words) {
-    __extension__ using Wide = unsigned __int128;
-    const Wide product = Wide{words.low ^ kHashSeed} * (words.high ^ std::rotl(kHashSeed, 29));
-    return static_cast<Word>(product) ^ static_cast<Word>(product >> 64);
+    return rytree_host::FoldedProduct(words.low ^ kHashSeed, words.high ^ std::rotl(kHashSeed, 29));
   }
   static std::uint32_t HashLong(std::string_view name);
   // Differs from run to run, so that nobody can write a file whose names have equal hashes.
