@@ -1,5 +1,5 @@
-# Exports with flags are aliases (frame/flag.h). A compiler that does not know the attribute takes the alias for one more
-# declaration; then a source with a definition of each is made and added to the library's.
+# Exports with flags are aliases (frame/flag.h). A compiler that does not know the attribute takes an alias for a mere
+# declaration; for such a compiler a source that defines each of these exports is written and added to the library's.
 include(CheckCXXSourceCompiles)
 check_cxx_source_compiles([=[
   extern "C" int work() { return 0; }

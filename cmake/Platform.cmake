@@ -1,5 +1,5 @@
 # platform_sources(TARGET TOPIC...): adds what differs between operating systems, from host/platform, to a target. Each
-# topic has one source for each system, behind one header that includes call "platform/TOPIC.h".
+# topic has one source for each system, behind one header, which is included as "platform/TOPIC.h".
 if(WIN32)
   set(RYTREE_PLATFORM windows)
 else()

@@ -31,7 +31,7 @@ std::string SystemLanguage() {
   return name.substr(0, name.find('-')) + (has_region ? '_' + name.substr(region + 1) : "");
 }
 
-// What the environment asks for in the way of gettext, or else the system: languages, the one wanted most first.
+// The languages that the environment asks for, read as gettext does, or else the system's; the preferred one first.
 std::vector<std::string> Languages() {
   std::string locale;
   for (const wchar_t* const name : {L"LC_ALL", L"LC_MESSAGES", L"LANG"}) {

@@ -7,7 +7,7 @@
 
 namespace platform {
 
-// A character in UTF-8, with NULs after it. A few sets have two of Unicode's for one of theirs, which are as short.
+// A character in UTF-8, with NULs after it. In a few sets a character stands for two of Unicode's, which fit as well.
 using Utf8Character = std::array<char, 4>;
 
 // A character set, one character at a time. Nothing is converted to what only resembles it.
@@ -18,9 +18,9 @@ class CharacterSet {
   CharacterSet& operator=(const CharacterSet&) = delete;
   virtual ~CharacterSet() = default;
 
-  // All NULs unless the bytes are just one character.
+  // All NULs unless the bytes are exactly one character.
   virtual Utf8Character Character(std::string_view bytes) = 0;
-  // The bytes of a character of Unicode, which are gone after the next call; empty if the set lacks it.
+  // The bytes of a character of Unicode, valid until the next call; empty if the set lacks it.
   virtual std::string_view Bytes(char32_t code) = 0;
 };
 

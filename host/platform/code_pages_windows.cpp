@@ -28,8 +28,8 @@ constexpr Known kKnown[] = {{"CP932", 932, {}},
 
 bool IsPrivate(char32_t code) { return code >= 0xE000 && code < 0xF900; }
 
-// Whether the system gives bytes that stand for nothing, or for what everybody may choose for himself, a place in
-// Unicode, so that they come back. First for single bytes.
+// Whether these bytes stand for no character, or for one of the private use area. The system gives such bytes a place in
+// Unicode all the same, so that it can turn them back. First for single bytes.
 bool IsFiller(const Known& set, char byte, char32_t code) {
   if (set.page == 20932) return byte == '\x8E' || byte == '\x8F';  // which begin longer characters
   if (byte == '\x80') return set.name != "CP936" && set.page != 950;
@@ -42,7 +42,7 @@ bool IsFiller(const Known& set, unsigned pair, char32_t code) {
   return set.page != 932 && IsPrivate(code);
 }
 
-// Page 950 has these twice, and the system writes those that came later.
+// Page 950 has each of these twice. The system writes the pairs that were added later; these are the first ones.
 constexpr std::pair<char32_t, std::string_view> kDoubles[] = {
     {0x2550, "\xA2\xA4"}, {0x255E, "\xA2\xA5"}, {0x2561, "\xA2\xA7"}, {0x256A, "\xA2\xA6"}};
 

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-// Huge pages are for programs with a right that few have.
+// Huge pages need a privilege that few programs have.
 void* AllocateHuge(std::size_t bytes) { return std::malloc(bytes); }
 
 }  // namespace platform

@@ -22,8 +22,8 @@ class NoErrorBoxes {
   DWORD former_ = 0;
 };
 
-// From the root on, as the system wants the file of a library. It knows a library again by its path, so only one that is
-// too long otherwise has the head of FullPath. Empty if the name is not UTF-8.
+// The path from its root on. The system recognises a library that is loaded already by its path, so the prefix of FullPath
+// is for paths that are too long without it. Empty if the name is not UTF-8.
 std::wstring WholePath(const std::string& name) {
   std::error_code error;
   const std::wstring wide = Wide(name);

@@ -27,8 +27,8 @@ BOOL WINAPI RestoreBeforeEnd(DWORD /*event*/) {
   return FALSE;
 }
 
-// A program that prints into a pipe leaves the console alone: one that reads the pipe may change it at the same time, and
-// the two would not put it back in order.
+// A program that prints into a pipe leaves the console alone: the program that reads the pipe may change it too, and the
+// one that ends last would put back what the other had set.
 void PrepareConsole() {
   if (GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) == FILE_TYPE_PIPE) return;
   for (Stream& stream : streams) {

@@ -1,4 +1,4 @@
-// Streams by their descriptors. Names are UTF-8. What fails leaves its reason in errno.
+// Streams by their descriptors. Names are UTF-8. A call that fails leaves the reason in errno.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ int CopyAll(int from, int to);
 // The descriptor that a name like "/dev/stdout" stands for; -1 for any other name.
 int DescriptorOf(const std::string& name);
 
-// An empty file for what passes through the program. It is gone with this object.
+// An empty file for data that passes through the program. It is removed with this object.
 class PassingFile {
  public:
   PassingFile();
@@ -31,7 +31,7 @@ class PassingFile {
 
   // -1 if it could not be made.
   int descriptor() const { return descriptor_; }
-  // What the bytes can be read by.
+  // The path by which the bytes can be read.
   const std::string& path() const { return path_; }
 
  private:
@@ -39,7 +39,7 @@ class PassingFile {
   std::string path_;
 };
 
-// A new file of the system's folder for such, for this program to remove; "" on a failure.
+// The path of a new file in the system's folder for temporary files, which the caller removes; "" on a failure.
 std::string MakeTemporaryFile();
 
 // A number that no other program has now.

@@ -10,7 +10,7 @@ namespace platform {
 
 using VariantValue = std::variant<std::monostate, int, double, CString>;
 
-// `room` is for a system that keeps it in another form.
+// The value of a variant. A system that keeps it in another form puts it into `room`, and gives that.
 const VariantValue& ValueOf(const _variant_t& variant, VariantValue& room);
 
 }  // namespace platform

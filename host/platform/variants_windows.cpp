@@ -32,7 +32,7 @@ struct Held {
 const VariantValue& ValueOf(const _variant_t& variant, VariantValue& room) {
   Held value;  // what a reference leads to
   Held held;
-  // What is read is not changed, though the system does not say so.
+  // The system only reads what it is given here, though it does not declare it const.
   const auto is_made = [&](VARTYPE kind) {
     return SUCCEEDED(VariantChangeTypeEx(&held.variant, &value.variant, LOCALE_INVARIANT, 0, kind));
   };
