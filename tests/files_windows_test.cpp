@@ -1,10 +1,15 @@
 // Files of Windows: what another program holds, what may not be written, and names of every kind.
 #include <windows.h>
 
+// After windows.h, which it needs.
+#include <sddl.h>
+
 #include <chrono>
 #include <thread>
 
+#include "host/platform/paths.h"
 #include "scratch_folder.h"
+#include "system/process.h"
 #include "tree_text.h"
 
 namespace {
@@ -22,6 +27,22 @@ class FilesOfWindows : public FolderTest {
     if (parse(xml).Save(file.c_str()) == 0) return std::string("! ") + Node::LastFailure().text;
     Node back;
     return back.load(file.c_str(), 0) != 0 ? text(back) : std::string("! ") + Node::LastFailure().text;
+  }
+  static bool is_there(const std::string& file) {
+    return GetFileAttributesA(file.c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+  // Runs a program of Linux under Wine, which does not wait for it, until the file is there or not.
+  void run(const char* program, std::vector<std::string> words, const std::string& file, bool there) const {
+    if (is_there(file) != there)
+      run_program({std::string("Z:\\bin\\") + program, std::move(words), folder.string()});
+    for (int i = 0; i < 100 && is_there(file) != there; ++i) Sleep(20);
+  }
+  // Who may do what with a file.
+  static std::string access(const std::string& file) {
+    std::string list(1000, '\0');
+    DWORD size = 0;
+    EXPECT_NE(GetFileSecurityA(file.c_str(), DACL_SECURITY_INFORMATION, list.data(), 1000, &size), 0);
+    return list.substr(0, size);
   }
 };
 
@@ -66,6 +87,36 @@ TEST_F(FilesOfWindows, AreRefusedWhole) {
   }
   EXPECT_NE(content(path()).find("<old/>"), std::string::npos);
   EXPECT_EQ(entries(folder), 1);
+}
+
+TEST_F(FilesOfWindows, KeepLinksAttributesAndAccess) {
+  ASSERT_EQ(saved(path("a.xml"), "<old/>"), "<old/>");
+  const std::string usual = access(path("a.xml"));
+  const DWORD attributes = FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+  PSECURITY_DESCRIPTOR few = nullptr;
+  ConvertStringSecurityDescriptorToSecurityDescriptorA("D:P(A;;FA;;;BA)", SDDL_REVISION_1, &few, nullptr);
+  SetFileSecurityA(path("a.xml").c_str(), DACL_SECURITY_INFORMATION, few);
+  LocalFree(few);
+  const std::string list = access(path("a.xml"));
+  EXPECT_NE(list, usual);
+  SetFileAttributesA(path("a.xml").c_str(), attributes);
+  // Wine says that it makes links, but does not.
+  CreateSymbolicLinkA(path("link.xml").c_str(), "a.xml", 0);
+  run("ln", {"-s", "a.xml", "link.xml"}, path("link.xml"), true);
+  EXPECT_EQ(saved(path("link.xml"), "<new/>"), "<new/>");
+  EXPECT_NE(content(path("a.xml")).find("<new/>"), std::string::npos);
+  EXPECT_EQ(GetFileAttributesA(path("a.xml").c_str()), attributes);
+  EXPECT_EQ(access(path("a.xml")), list);
+  EXPECT_EQ(entries(folder), is_there(path("link.xml")) + 1);
+  for (const auto& [left, right, file, place] :
+       Rows<const char*, const char*, bool, bool>{{"a.xml", "link.xml", true, true},
+                                                  {"a.xml", "A.XML", true, true},
+                                                  {"new.xml", ".\\NEW.xml", false, true},
+                                                  {"a.xml", "new.xml", false, false}}) {
+    EXPECT_EQ(platform::IsSameFile(path(left), path(right)), file);
+    EXPECT_EQ(platform::IsSamePlace(path(left), path(right)), place);
+  }
+  run("rm", {"link.xml"}, path("link.xml"), false);
 }
 
 TEST_F(FilesOfWindows, AreWaitedForWhileAnotherProgramHasThem) {

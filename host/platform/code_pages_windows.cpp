@@ -85,6 +85,7 @@ class SystemSet : public CharacterSet {
     }
   }
   std::string_view Bytes(char32_t code) override {
+    if (code > 0xFFFF) return {};  // which none of the pages has
     for (const auto& [twice, bytes] : kDoubles) {
       if (set_.page == 950 && twice == code) return bytes;
     }

@@ -37,8 +37,16 @@ struct FileFault {
 };
 
 // A file that replaces another as a whole: at every moment the path holds the old file or the new one. What
-// was written without a Finish is removed. A symbolic link at the path stays and its target is replaced; the
-// old file's mode, and its owner where that is allowed, are kept.
+// was written without a Finish is removed. A link at the path stays and its target is replaced. A file that may not be
+// written is not replaced.
+//
+// What is kept of the old file: on Linux its mode, and its owner and group where that is allowed. On Windows its access
+// list, the attributes hidden, system, not indexed and encrypted, and the time when it was made. Where the saver may
+// not set access lists, as on some shares, what the list has from a folder is that of the present folder.
+//
+// Not kept: other links to the old file, which goes on under them; extended attributes, other streams and the rules
+// of an audit; access lists of Linux beyond the mode; on Windows the owner, who is the saver then, whether the file is
+// compressed, and who else could read it if it was encrypted.
 class OutputFile {
  public:
   explicit OutputFile(const char* path);
@@ -50,6 +58,9 @@ class OutputFile {
   FileFault Open();
   FileFault Write(std::string_view content);
   FileFault Finish();
+
+  // What to remove if the process ends before a Finish and the system does not see to that; "" if nothing.
+  std::string Unfinished() const;
 
  private:
   class Work;

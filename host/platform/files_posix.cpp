@@ -8,8 +8,9 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <system_error>
 #include <utility>
+
+#include "platform/paths.h"
 
 namespace platform {
 
@@ -106,10 +107,10 @@ class OutputFile::Work {
   bool Write(std::string_view content) { return Ok("cannot write", Append(content)); }
   bool Finish();
   const FileFault& fault() const { return fault_; }
+  std::string unfinished() const { return beside_.string(); }
 
  private:
   // These give an error number, 0 for success.
-  int FollowLinks();
   int LookAtTarget();
   int CreateUnnamed();
   int CreateNamed();
@@ -147,7 +148,7 @@ OutputFile::Work::~Work() {
 }
 
 bool OutputFile::Work::Open() {
-  if (!Ok("cannot follow the link", FollowLinks())) return false;
+  if (!Ok("cannot follow the link", FollowLinks(target_))) return false;
   folder_ = FolderOf(target_);
   return Ok("cannot write", LookAtTarget()) && (CreateUnnamed() == 0 || Ok("cannot write", CreateNamed()));
 }
@@ -156,19 +157,6 @@ bool OutputFile::Work::Finish() {
   const bool named = !beside_.empty();
   return Settle() && (named || TakeName() == 0 || (Ok("cannot write", CopyToNamed()) && Settle())) &&
          Ok("cannot rename to", TakeTarget());
-}
-
-// Follows the symbolic links at the end of the path, which may lead to a file that does not exist yet.
-int OutputFile::Work::FollowLinks() {
-  constexpr int kLongestChain = 40;
-  for (int i = 0; i < kLongestChain; ++i) {
-    std::error_code error;
-    if (!std::filesystem::is_symlink(std::filesystem::symlink_status(target_, error))) return 0;
-    const std::filesystem::path next = std::filesystem::read_symlink(target_, error);
-    if (error) return error.value();
-    target_ = target_.parent_path() / next;
-  }
-  return ELOOP;
 }
 
 int OutputFile::Work::LookAtTarget() {
@@ -303,5 +291,6 @@ FileFault OutputFile::Write(std::string_view content) {
   return work_->Write(content) ? FileFault() : work_->fault();
 }
 FileFault OutputFile::Finish() { return work_->Finish() ? FileFault() : work_->fault(); }
+std::string OutputFile::Unfinished() const { return work_->unfinished(); }
 
 }  // namespace platform

@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/paths.h"
 #include "platform/windows.h"
 
 namespace platform {
@@ -44,26 +45,33 @@ int NotAFile(HANDLE file) {
   return (about.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EISDIR : 0;
 }
 
-// The path of what is there, without links; as it is where nothing is. A link that leads nowhere is refused.
-int FollowLinks(std::wstring& path) {
-  Handle file(
-      CreateFileW(path.c_str(), 0, kShared, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  if (!file.is_open()) {
-    const DWORD error = GetLastError();
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    const bool is_link =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    return is_link ? ErrorNumber(error) : 0;
-  }
-  std::wstring found(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
-  found.resize(GetFinalPathNameByHandleW(file.get(), found.data(), static_cast<DWORD>(found.size()),
-                                         FILE_NAME_NORMALIZED));
-  if (!found.empty()) path = found;
-  return 0;
+// What describes who may do what with the file, which is empty where the file system has no such thing. An error of the
+// system.
+DWORD ReadAccess(const std::wstring& path, std::vector<char>& access) {
+  DWORD size = 0;
+  GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  access.resize(size);
+  if (GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, access.data(), size, &size) != 0) return 0;
+  access.clear();
+  const DWORD error = GetLastError();
+  return error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ? ERROR_SUCCESS : error;
 }
 
-// A device or a pipe: opening it might wait.
-bool IsDevice(const std::wstring& path) { return path.rfind(L"\\\\.\\", 0) == 0; }
+// Sets it as it was, with what the file once got from another folder.
+void SetAccess(const std::wstring& path, std::vector<char>& access) {
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  if (access.empty() || GetSecurityDescriptorControl(access.data(), &control, &revision) == 0) return;
+  if ((control & SE_DACL_AUTO_INHERITED) != 0)
+    SetSecurityDescriptorControl(access.data(), SE_DACL_AUTO_INHERIT_REQ, SE_DACL_AUTO_INHERIT_REQ);
+  SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, access.data());
+}
+
+// False for a name that nothing has. One whose file is being deleted is not free yet.
+bool IsTaken(const std::wstring& path) {
+  return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES ||
+         GetLastError() != ERROR_FILE_NOT_FOUND;
+}
 
 }  // namespace
 
@@ -111,8 +119,8 @@ int InputFile::Rewind() {
   return _lseeki64(descriptor_, 0, SEEK_SET) == 0 ? 0 : errno;
 }
 
-// It is written beside the target. While it has that name nobody else may open it to write or to remove it; one
-// that can be removed was left by a process that was killed.
+// It is written beside the target. While it has that name nobody else may open it to write or to remove it, and the
+// system deletes it when the process ends; one that can be removed is left from a crash of the system.
 class OutputFile::Work {
  public:
   explicit Work(const char* path) : path_(path) {}
@@ -128,56 +136,91 @@ class OutputFile::Work {
   FileFault Finish();
 
  private:
+  // These give an error number, 0 for success.
   int LookAtTarget();
-  int Create();
+  int CreateBeside();
   int TakeTarget();
+
+  DWORD Create(const std::wstring& path);
+  void DeleteAtEnd(bool deletes) const;
 
   std::string path_;
   std::wstring target_;
-  std::wstring beside_;  // the name beside the target, while the file has it
+  std::wstring beside_;       // the name beside the target, while the file has it
+  FILE_BASIC_INFO kept_{};    // of the old file; zeros if there is none
+  std::vector<char> access_;  // the same
   Handle file_;
 };
 
 FileFault OutputFile::Work::Open() {
   if (path_.empty()) return {"cannot write", ENOENT};
-  target_ = FullPath(path_);
-  if (target_.empty()) return {"cannot write", EILSEQ};
-  if (IsDevice(target_)) return {"cannot write", EINVAL};
-  if (const int error = FollowLinks(target_); error != 0) return {"cannot follow the link", error};
+  std::filesystem::path target = FullPath(path_);
+  if (target.empty()) return {"cannot write", EILSEQ};
+  if (IsDevice(target.native())) return {"cannot write", EINVAL};
+  if (const int error = FollowLinks(target); error != 0) return {"cannot follow the link", error};
+  target_ = target.native();
   int error = LookAtTarget();
-  if (error == 0) error = Create();
+  if (error == 0) error = CreateBeside();
   return {"cannot write", error};
 }
 
 int OutputFile::Work::LookAtTarget() {
-  const DWORD attributes = GetFileAttributesW(target_.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) {
+  WIN32_FILE_ATTRIBUTE_DATA old{};
+  if (GetFileAttributesExW(target_.c_str(), GetFileExInfoStandard, &old) == 0) {
     const DWORD error = GetLastError();
     return error == ERROR_FILE_NOT_FOUND ? 0 : ErrorNumber(error);
   }
-  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return EISDIR;
-  return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? EACCES : 0;
+  if ((old.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return EISDIR;
+  if ((old.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0) return EACCES;
+  // That it is held does not matter before it is replaced.
+  Handle writable(CreateFileW(target_.c_str(), FILE_WRITE_DATA, kShared, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!writable.is_open() && GetLastError() == ERROR_ACCESS_DENIED) return EACCES;
+  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED |
+                          FILE_ATTRIBUTE_ENCRYPTED;
+  kept_.FileAttributes = FILE_ATTRIBUTE_ARCHIVE | (old.dwFileAttributes & kKept);
+  kept_.CreationTime.LowPart = old.ftCreationTime.dwLowDateTime;
+  kept_.CreationTime.HighPart = static_cast<LONG>(old.ftCreationTime.dwHighDateTime);
+  return ErrorNumber(ReadAccess(target_, access_));
+}
+
+// Nobody may read the new file, at any time, who may not read the old one.
+DWORD OutputFile::Work::Create(const std::wstring& path) {
+  SECURITY_ATTRIBUTES access{sizeof(SECURITY_ATTRIBUTES), access_.empty() ? nullptr : access_.data(), FALSE};
+  const DWORD attributes = FILE_ATTRIBUTE_ARCHIVE | (kept_.FileAttributes & FILE_ATTRIBUTE_ENCRYPTED);
+  file_.Take(CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, &access, CREATE_NEW,
+                         attributes, nullptr));
+  return file_.is_open() ? ERROR_SUCCESS : GetLastError();
 }
 
 // Others that replace the same target may have the first names.
-int OutputFile::Work::Create() {
+int OutputFile::Work::CreateBeside() {
   constexpr int kMostNames = 1000;
   constexpr std::size_t kMostShown = 200;  // a name has at most 255 characters
   const std::size_t name = target_.rfind(L'\\') + 1;
   const std::wstring shown = target_.size() - name <= kMostShown ? target_.substr(name) : L"";
+  DWORD error = ERROR_FILE_EXISTS;
   for (int i = 0; i < kMostNames; ++i) {
     std::wstring path = target_.substr(0, name) + L'.' + shown + L".unfinished-save-" + std::to_wstring(i);
-    const auto create = [&] {
-      file_.Take(CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_NEW,
-                             FILE_ATTRIBUTE_NORMAL, nullptr));
-      return file_.is_open() ? ERROR_SUCCESS : GetLastError();
-    };
-    DWORD error = create();
-    if (error == ERROR_FILE_EXISTS && DeleteFileW(path.c_str()) != 0) error = create();
-    if (error == ERROR_SUCCESS) beside_ = std::move(path);
-    if (error != ERROR_FILE_EXISTS) return ErrorNumber(error);
+    error = Create(path);
+    const bool is_removed = error == ERROR_FILE_EXISTS && DeleteFileW(path.c_str()) != 0;
+    const bool is_free_now = error == ERROR_ACCESS_DENIED && !IsTaken(path);
+    if (is_removed || is_free_now) error = Create(path);
+    if (error == ERROR_SUCCESS) {
+      SetAccess(path, access_);
+      if (kept_.FileAttributes != 0)
+        SetFileInformationByHandle(file_.get(), FileBasicInfo, &kept_, sizeof kept_);
+      DeleteAtEnd(true);
+      beside_ = std::move(path);
+      return 0;
+    }
+    if (error != ERROR_FILE_EXISTS && (error != ERROR_ACCESS_DENIED || !IsTaken(path))) break;
   }
-  return EEXIST;
+  return ErrorNumber(error);
+}
+
+void OutputFile::Work::DeleteAtEnd(bool deletes) const {
+  FILE_DISPOSITION_INFO info{deletes};
+  SetFileInformationByHandle(file_.get(), FileDispositionInfo, &info, sizeof info);
 }
 
 FileFault OutputFile::Work::Write(std::string_view content) {
@@ -210,6 +253,7 @@ int OutputFile::Work::TakeTarget() {
     return SetFileInformationByHandle(file_.get(), FileRenameInfo, info,
                                       static_cast<DWORD>(sizeof(FILE_RENAME_INFO) + bytes)) != 0;
   };
+  DeleteAtEnd(false);
   const DWORD error = Repeated(rename, ERROR_ACCESS_DENIED);
   if (error == ERROR_SUCCESS) beside_.clear();
   return ErrorNumber(error);
@@ -221,5 +265,6 @@ OutputFile::~OutputFile() = default;
 FileFault OutputFile::Open() { return work_->Open(); }
 FileFault OutputFile::Write(std::string_view content) { return work_->Write(content); }
 FileFault OutputFile::Finish() { return work_->Finish(); }
+std::string OutputFile::Unfinished() const { return {}; }
 
 }  // namespace platform

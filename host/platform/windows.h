@@ -36,42 +36,8 @@ inline std::string Narrow(std::wstring_view wide) {
   return text;
 }
 
-// The number of <cerrno> for an error of the system; 0 for none.
-inline int ErrorNumber(DWORD error) {
-  switch (error) {
-    case ERROR_SUCCESS:
-      return 0;
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_NAME:
-    case ERROR_BAD_PATHNAME:
-    case ERROR_BAD_NETPATH:
-      return ENOENT;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_USER_MAPPED_FILE:
-    case ERROR_UNABLE_TO_REMOVE_REPLACED:
-      return EACCES;
-    case ERROR_FILENAME_EXCED_RANGE:
-      return ENAMETOOLONG;
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-      return EEXIST;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-      return ENOSPC;
-    case ERROR_CANT_RESOLVE_FILENAME:
-      return ELOOP;
-    case ERROR_WRITE_PROTECT:
-      return EROFS;
-    case ERROR_NOT_ENOUGH_MEMORY:
-    case ERROR_OUTOFMEMORY:
-      return ENOMEM;
-    default:
-      return EIO;
-  }
-}
+// The number of <cerrno> for an error of the system; 0 for none. It is in the source of errors.h.
+int ErrorNumber(DWORD error);
 
 // The path from its root on, with the head that lets it have more than 260 characters. Empty if the name is not UTF-8.
 inline std::wstring FullPath(std::string_view name) {
@@ -82,6 +48,9 @@ inline std::wstring FullPath(std::string_view name) {
   if (full.rfind(L"\\\\", 0) == 0) return L"\\\\?\\UNC" + full.substr(1);
   return full.empty() ? wide : L"\\\\?\\" + full;
 }
+
+// A device or a pipe, from its full path: opening it might wait.
+inline bool IsDevice(std::wstring_view path) { return path.rfind(L"\\\\.\\", 0) == 0; }
 
 // An open handle, closed in the end.
 class Handle {

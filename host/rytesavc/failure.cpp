@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
-#include <system_error>
 
+#include "platform/errors.h"
 #include "rytree_host/node.h"
 
 namespace rytesavc {
@@ -46,7 +46,7 @@ void NoteSystemFailure(std::string_view step, std::string_view path, int error) 
   text += path.size() > kShown ? " '..." : " '";
   text += path.substr(path.size() - std::min(path.size(), kShown));
   text += "': ";
-  text += std::generic_category().message(error);
+  text += platform::ErrorText(error);
   NoteFailure(text);
 }
 
