@@ -23,6 +23,8 @@ TEST_F(TransferTool, StreamsAndTreesThatDoNotFit) {
       {"echo '<S' | P - t.xml -", 2, "", "standard input:1:1: unclosed token\n"},
       {"P s.xml t.xml - theme.xml >/dev/full", 2, "",
        "standard output: cannot write: No space left on device\n"},
+      {"ln -s new l; P s.xml t.xml r.xml l && test -L l -a -s new; s=$?; rm l new r.xml; (exit $s)", 0, "",
+       ""},
       {"P s.xml t.xml r.xml /dev/full", 2, "", "/dev/full: cannot write: No space left on device\n"},
       {"mkfifo f; timeout -s INT 0.3 $PROGRAM s.xml t.xml f theme.xml --report r.tsv; s=$?; rm f; (exit $s)",
        124, "", ""},

@@ -201,7 +201,7 @@ TEST_F(TransferTool, FailuresChangeNoFile) {
       good.xml target.xml r.xml folder/../good.xml | folder/../good.xml: THEME would overwrite good.xml
       good.xml target.xml ./base.xml --base base.xml | ./base.xml: RESULT would overwrite base.xml
       good.xml target.xml ./r.xml r.xml | r.xml: THEME would overwrite ./r.xml
-      good.xml target.xml r.xml folder | folder: not a regular file
+      good.xml target.xml r.xml folder | folder: cannot write: Is a directory
       good.xml target.xml r.xml --prefer new | --prefer goes with --base
       good.xml target.xml r.xml --base good.xml --prefer old | --prefer is mine or new, not 'old'
       good.xml target.xml r.xml --base=good.xml --base=none.xml | --base is given twice

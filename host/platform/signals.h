@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <string>
 
 namespace platform {
 
@@ -16,8 +17,8 @@ class HeldSignals {
 
   bool IsOneWaiting() const;
   // Lets them through, and the end of a stream's reader: the program dies of one at once, and these files are
-  // removed first. A null is passed over.
-  void LetThrough(const std::array<const char*, 2>& files);
+  // removed first. An empty name is passed over.
+  void LetThrough(const std::array<std::string, 2>& files);
   // Lets them wait again.
   void HoldAgain();
   // All is written: from the end of this object on, a signal ends the program with that status.

@@ -14,7 +14,7 @@ constexpr std::array kEnding = {SIGINT, SIGTERM, SIGHUP};
 
 // What the handler does, which is set while the signals wait.
 struct {
-  std::array<const char*, 2> files{};
+  std::array<std::string, 2> files;
   bool all_is_written = false;
   int status = 0;
 } ending;
@@ -24,8 +24,8 @@ void Tell(std::string_view text) {
 }
 
 void End(int signal) {
-  for (const char* const file : ending.files) {
-    if (file != nullptr) unlink(file);
+  for (const std::string& file : ending.files) {
+    if (!file.empty()) unlink(file.c_str());
   }
   if (ending.all_is_written) {
     if (signal != SIGPIPE) {
@@ -78,16 +78,19 @@ bool HeldSignals::IsOneWaiting() const {
   return false;
 }
 
-void HeldSignals::LetThrough(const std::array<const char*, 2>& files) {
+void HeldSignals::LetThrough(const std::array<std::string, 2>& files) {
   ending.files = files;
   SetHandlers();
   sigprocmask(SIG_SETMASK, &work_->former, nullptr);
 }
 
-void HeldSignals::HoldAgain() { sigprocmask(SIG_BLOCK, &work_->held, nullptr); }
+void HeldSignals::HoldAgain() {
+  sigprocmask(SIG_BLOCK, &work_->held, nullptr);
+  ending.files = {};
+}
 
 void HeldSignals::AllIsWritten(int status) {
-  ending = {.all_is_written = true, .status = status};
+  ending = {.files = {}, .all_is_written = true, .status = status};
   SetHandlers();
 }
 

@@ -49,9 +49,8 @@ HeldSignals::~HeldSignals() {
 
 bool HeldSignals::IsOneWaiting() const { return is_one_waiting; }
 
-void HeldSignals::LetThrough(const std::array<const char*, 2>& files) {
-  for (std::size_t i = 0; i < files.size(); ++i)
-    left_files[i] = files[i] != nullptr ? FullPath(files[i]) : L"";
+void HeldSignals::LetThrough(const std::array<std::string, 2>& files) {
+  for (std::size_t i = 0; i < files.size(); ++i) left_files[i] = files[i].empty() ? L"" : FullPath(files[i]);
   is_let_through = true;
 }
 

@@ -2,7 +2,6 @@
 
 #include <rytree_Utils.h>
 
-#include <filesystem>
 #include <utility>
 #include <vector>
 
@@ -30,12 +29,7 @@ std::string not_kept() {
   return text + (one ? " is not kept" : " are not kept");
 }
 
-bool same_file(const std::string& left, const std::string& right) {
-  std::error_code error;
-  return std::filesystem::equivalent(platform::ToPath(left), platform::ToPath(right), error);
-}
-
 void refuse_loss(const std::string& read, const std::string& lost, const std::string& target, bool allowed) {
-  if (!lost.empty() && !allowed && same_file(read, target))
+  if (!lost.empty() && !allowed && platform::IsSameFile(read, target))
     throw Failure(read + ": " + lost + "; --allow-loss writes over it all the same");
 }

@@ -7,8 +7,5 @@
 /// nothing.
 std::string not_kept();
 
-/// Whether both names lead to one file that exists.
-bool same_file(const std::string& left, const std::string& right);
-
 /// Throws a Failure if the file `target` is `read`, of which something is not kept, unless that is allowed.
 void refuse_loss(const std::string& read, const std::string& lost, const std::string& target, bool allowed);

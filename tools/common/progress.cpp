@@ -1,6 +1,5 @@
 #include "progress.h"
 
-#include <filesystem>
 #include <iostream>
 
 #include "columns.h"
@@ -23,10 +22,8 @@ void Progress::stage(const std::string& name) {
 
 void Progress::reading(const std::string& file) {
   constexpr std::uintmax_t kTold = 1000000;  // smaller files are read at once
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(platform::ToPath(file), error);
-  const bool told = !error && size >= kTold;
-  stage("reading " + shown_input(file) + (told ? " (" + std::to_string(size / kTold) + " MB)" : ""));
+  const std::uintmax_t size = platform::SizeOf(file);
+  stage("reading " + shown_input(file) + (size >= kTold ? " (" + std::to_string(size / kTold) + " MB)" : ""));
 }
 
 void Progress::clear() const {

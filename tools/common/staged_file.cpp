@@ -1,75 +1,84 @@
 #include "staged_file.h"
 
+#include <array>
 #include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 
 #include "failure.h"
+#include "platform/errors.h"
 #include "platform/paths.h"
 #include "platform/streams.h"
 #include "streams.h"
 
-namespace fs = std::filesystem;
-using platform::ToPath;
-
 namespace {
 
-Failure system_failure(const std::string& name, const char* what, int error) {
-  return Failure(shown_name(name) + ": " + what + ": " + std::strerror(error));
+/// A name beside the file that no other program takes.
+std::string name_beside(const std::string& name) {
+  const std::string number = std::to_string(platform::ProgramNumber());
+  return platform::FromPath(platform::ToPath(name).replace_filename(".unfinished-" + number));
 }
 
 }  // namespace
 
-StagedFile::StagedFile(const std::string& name) : name_(name), is_stream_(::is_stream(name)) {
-  std::error_code error;
-  if (is_stream_) {
-    staged_ = platform::MakeTemporaryFile();
-    if (staged_.empty()) throw system_failure(name_, "cannot write", errno);
+StagedFile::StagedFile(const std::string& name) : name_(name) {
+  if (::is_stream(name)) {
+    saved_ = platform::MakeTemporaryFile();
+    if (saved_.empty()) check({"cannot write", errno});
     return;
   }
-  if (fs::is_directory(ToPath(name), error)) throw Failure(name + ": not a regular file");
-  const fs::path place = fs::weakly_canonical(ToPath(name), error);
-  place_ = error ? name : platform::FromPath(place);
-  staged_ = place_ + ".new-" + std::to_string(platform::ProgramNumber());
+  check(file_.emplace(name.c_str()).Open());
+  saved_ = name_beside(name);
 }
 
 StagedFile::~StagedFile() {
-  std::error_code error;
-  if (!staged_.empty()) fs::remove(ToPath(staged_), error);
+  if (!saved_.empty()) platform::RemoveFile(saved_);
   platform::Close(content_);
 }
 
-void StagedFile::write(const std::string& bytes) const {
-  errno = 0;
-  std::ofstream file(ToPath(staged_), std::ios::binary);
-  file << bytes;
-  file.close();
-  if (!file) throw system_failure(name_, "cannot write", errno);
+void StagedFile::take() {
+  if (file_) {
+    platform::InputFile saved;
+    std::array<char, 1U << 16U> bytes{};
+    std::size_t length = bytes.size();
+    check({"cannot read", saved.Open(saved_)});
+    while (length == bytes.size()) {
+      check({"cannot read", saved.Read(bytes.data(), bytes.size(), length)});
+      check(file_->Write({bytes.data(), length}));
+    }
+  } else {
+    content_ = platform::OpenToRead(saved_);
+    if (content_ < 0) check({"cannot read", errno});
+  }
+  platform::RemoveFile(saved_);
+}
+
+void StagedFile::write(const std::string& bytes) {
+  if (file_) {
+    check(file_->Write(bytes));
+    return;
+  }
+  platform::OutputFile saved(saved_.c_str());
+  check(saved.Open());
+  check(saved.Write(bytes));
+  check(saved.Finish());
+  take();
 }
 
 void StagedFile::commit() {
-  if (staged_.empty()) return;
-  std::error_code error;
-  if (is_stream_) {
-    content_ = platform::OpenToRead(staged_);
-    if (content_ < 0) throw system_failure(name_, "cannot read", errno);
-    fs::remove(ToPath(staged_), error);
-  } else {
-    const fs::file_status old = fs::status(ToPath(place_), error);
-    if (fs::is_regular_file(old)) fs::permissions(ToPath(staged_), old.permissions(), error);
-    fs::rename(ToPath(staged_), ToPath(place_), error);
-    if (error) throw Failure(name_ + ": " + error.message());
-  }
-  staged_.clear();
+  if (file_) check(file_->Finish());
 }
 
 void StagedFile::send() {
   if (content_ < 0) return;
   const int number = is_standard(name_) ? platform::kStandardOutput : platform::DescriptorOf(name_);
   const int out = number >= 0 ? platform::Duplicate(number) : platform::OpenToWrite(name_);
-  if (out < 0) throw system_failure(name_, "cannot write", errno);
+  if (out < 0) check({"cannot write", errno});
   const int error = platform::CopyAll(content_, out);
   platform::Close(out);
-  if (error != 0) throw system_failure(name_, "cannot write", error);
+  check({"cannot write", error});
+}
+
+void StagedFile::check(const platform::FileFault& fault) const {
+  if (fault.error != 0)
+    throw Failure(shown_name(name_) + ": " + std::string(fault.step) + ": " +
+                  platform::ErrorText(fault.error));
 }

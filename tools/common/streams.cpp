@@ -1,17 +1,14 @@
 #include "streams.h"
 
 #include <cerrno>
-#include <cstring>
-#include <filesystem>
 #include <optional>
 
 #include "failure.h"
+#include "platform/errors.h"
 #include "platform/paths.h"
 #include "platform/signals.h"
 #include "platform/streams.h"
 #include "staged_file.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -37,10 +34,8 @@ std::string output_name(const std::string& name) {
 }
 
 bool is_stream(const std::string& name) {
-  std::error_code error;
-  const fs::file_status status = fs::status(platform::ToPath(name), error);
   return is_standard(name) || platform::DescriptorOf(name) >= 0 ||
-         (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status));
+         platform::KindOf(name) == platform::Kind::kStream;
 }
 
 std::string shown_input(const std::string& name) { return is_standard(name) ? "standard input" : name; }
@@ -56,7 +51,7 @@ RYXmlWrapperBase load_tree(const std::string& name) {
     const int error = stream.number < 0 || copy->descriptor() < 0
                           ? errno
                           : platform::CopyAll(stream.number, copy->descriptor());
-    if (error != 0) throw Failure(shown_input(name) + ": cannot read: " + std::strerror(error));
+    if (error != 0) throw Failure(shown_input(name) + ": cannot read: " + platform::ErrorText(error));
     path = copy->path();
   }
   RYXmlWrapperBase tree;
@@ -73,7 +68,7 @@ void save_tree(const RYXmlWrapperBase& tree, const std::string& name) {
   }
   StagedFile staged(name);
   if (tree.Save(staged.path()) == 0) throw file_failure(shown_name(name));
-  staged.commit();
+  staged.take();
   signals.reset();
   staged.send();
 }

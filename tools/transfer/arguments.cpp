@@ -2,17 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <string_view>
 #include <vector>
 
 #include "failure.h"
-#include "losses.h"
 #include "options.h"
 #include "platform/paths.h"
 #include "streams.h"
-
-namespace fs = std::filesystem;
 
 const char* const kHelp =
     "rytree-transfer [OPTION…] SOURCE TARGET RESULT [THEME]\n"
@@ -79,13 +75,6 @@ const char* const kHelp =
     "line on standard error tells why, and RESULT and THEME are as they were.\n";
 
 namespace {
-
-bool same_place(const std::string& left, const std::string& right) {
-  std::error_code error;
-  if (same_file(left, right)) return true;
-  const fs::path place = fs::weakly_canonical(fs::absolute(platform::ToPath(left), error), error);
-  return !error && place == fs::weakly_canonical(fs::absolute(platform::ToPath(right), error), error);
-}
 
 struct Flag {
   std::string_view name;
@@ -170,7 +159,7 @@ void check_files(const Arguments& arguments) {
   if (!arguments.base.empty()) taken.push_back(arguments.base);
   const auto check = [&](const char* name, const std::string& file) {
     for (const std::string& other : taken) {
-      if (!is_stream(file) && same_place(file, other))
+      if (!is_stream(file) && platform::IsSamePlace(file, other))
         throw Failure(file + ": " + name + " would overwrite " + other);
     }
   };

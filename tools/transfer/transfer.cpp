@@ -6,6 +6,7 @@
 #include "columns.h"
 #include "failure.h"
 #include "losses.h"
+#include "platform/paths.h"
 #include "streams.h"
 
 namespace {
@@ -16,7 +17,7 @@ RYXmlWrapperBase load(const std::string& file, const Arguments& arguments, Progr
   RYXmlWrapperBase tree = load_tree(file);
   const std::string lost = not_kept();
   refuse_loss(file, lost, arguments.result, arguments.allow_loss);
-  const bool written = file == arguments.target || same_file(file, arguments.result);
+  const bool written = file == arguments.target || platform::IsSameFile(file, arguments.result);
   if (written && !lost.empty()) outcome.losses.push_back(shown_input(file) + ": " + lost);
   return tree;
 }

@@ -13,7 +13,7 @@
 namespace {
 
 /// Writes the theme to the staged file and reads it back.
-void write_theme(const Arguments& arguments, const StagedFile& file, const Outcome& outcome) {
+void write_theme(const Arguments& arguments, StagedFile& file, const Outcome& outcome) {
   Pairs pairs = outcome.pairs;
   CStringArray labels;
   if (outcome.ids.are_words()) {
@@ -31,6 +31,7 @@ void write_theme(const Arguments& arguments, const StagedFile& file, const Outco
       VCTreeGetChanged(&pairs.values, &back.values, /*caseSensitive=*/true) != -1 ||
       comment_back != comment.c_str())
     throw Failure(arguments.theme + ": the theme does not read back as it was written");
+  file.take();
 }
 
 bool is_page(const std::string& file) {
@@ -44,9 +45,7 @@ void send_streams(platform::HeldSignals& signals, std::optional<StagedFile>& res
                   std::optional<StagedFile>& theme, const std::optional<StagedFile>& report) {
   const bool theme_is_sent = theme && theme->is_stream();
   if (!result && !theme_is_sent) return;
-  if (result) result->commit();
-  if (theme_is_sent) theme->commit();
-  signals.LetThrough({theme ? theme->path() : nullptr, report ? report->path() : nullptr});
+  signals.LetThrough({theme ? theme->unfinished() : "", report ? report->unfinished() : ""});
   if (result) result->send();
   if (theme_is_sent) theme->send();
   signals.HoldAgain();
@@ -73,6 +72,7 @@ void write_files(const Arguments& arguments, const Outcome& outcome, Progress& p
   if (fits && is_stream(arguments.result)) {
     result.emplace(arguments.result);
     if (outcome.result.Save(result->path()) == 0) throw file_failure(shown_name(arguments.result));
+    result->take();
   }
   progress.clear();  // a reader of what is sent may be the same terminal
   send_streams(*signals, result, theme, report);
