@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string_view>
+#include <system_error>
 
 namespace rytree {
 
@@ -36,12 +37,23 @@ bool skip_prolog(std::string_view& text) {
   }
 }
 
-/// Whether the beginning of a file is enough to see that its root has another tag.
+/// The name of a file, which is UTF-8 on every system; empty if the system cannot have it.
+std::filesystem::path path_of(std::string_view name) {
+  try {
+    return std::u8string(name.begin(), name.end());
+  } catch (const std::system_error&) {
+    return {};
+  }
+}
+
+/// Whether the beginning of a file is enough to see that its root has another tag. Where a name is too long to be opened
+/// here, it is not.
 bool has_other_root(const char* file) {
+  const std::filesystem::path path = path_of(file);
   std::error_code error;
-  if (!std::filesystem::is_regular_file(file, error)) return false;  // what is read from a pipe is gone
+  if (!std::filesystem::is_regular_file(path, error)) return false;  // what is read from a pipe is gone
   std::string beginning(4096, '\0');
-  std::ifstream in(file, std::ios::binary);
+  std::ifstream in(path, std::ios::binary);
   in.read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
   std::string_view text(beginning.data(), static_cast<std::size_t>(in.gcount()));
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);

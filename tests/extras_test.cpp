@@ -244,8 +244,10 @@ TEST(Extras, CompareAndApplyLists) {
 
 using SavedValuesFile = FolderTest;
 TEST_F(SavedValuesFile, IsKnown) {
-  const std::string file = (folder / "file.xml").string(),
-                    settings = "<Settings>Settings<node51>1</node51><node-3/></Settings>";
+  const std::filesystem::path path = folder / u8"é.xml";
+  const std::u8string name = path.u8string();
+  const std::string file(name.begin(), name.end()),
+      settings = "<Settings>Settings<node51>1</node51><node-3/></Settings>";
   for (const auto& [contents, holds] :
        Rows<std::string, bool>{{settings, true},
                                {"\xEF\xBB\xBF<?xml version='1.0'?>\n<!-- <R> --><?p?>" + settings, true},
@@ -258,11 +260,11 @@ TEST_F(SavedValuesFile, IsKnown) {
                                {"<Settings><node5><a/></node5></Settings>", false},
                                {"<Settings2><node5/></Settings2>", false},
                                {"<Settings><node5/>", false}}) {
-    std::ofstream(file, std::ios::binary) << contents;
+    std::ofstream(path, std::ios::binary) << contents;
     EXPECT_EQ(holds_saved_values(file.c_str()), holds);
   }
   parse("<a/>");
-  std::ofstream(file, std::ios::binary) << "\xEF\xBB\xBF<!-- --><Other>no end";
+  std::ofstream(path, std::ios::binary) << "\xEF\xBB\xBF<!-- --><Other>no end";
   EXPECT_FALSE(holds_saved_values(nullptr) || holds_saved_values(file.c_str()));
   EXPECT_EQ(failure(), " 0:0 -1") << "the file was loaded";
   EXPECT_FALSE(holds_saved_values(folder.string().c_str()));
