@@ -47,6 +47,8 @@ TEST_F(TreeTool, Looks) {
        "row      10\nlevel    2\npath     Root.Set.Text\nlabel    Text\nvalue    Red\n@DataID  5\n@Kind    "
        "x\n"},
       {"path n.xml R.A", "row      2\nlevel    1\npath     R.A\nlabel    A\nvalue    (empty)\n_NodeID  4\n"},
+      {"path t.xml Root.Plot[1].Axis[2]",
+       "row     4\nlevel   2\npath    Root.Plot.Axis\nlabel   Axis\nvalue   für\n@Order  1\n@Kind   y\n"},
       {"path t.xml 1", "row    1\nlevel  0\npath   Root\nlabel  Root\nvalue  (empty)\n"},
       {"find t.xml Kind=x", " 3  Root.Plot.Axis  12.5\n10  Root.Set.Text   Red\n"},
       {"find n.xml _NodeID=4 A=a", "3  R.B\n"},
@@ -122,6 +124,11 @@ TEST_F(TreeTool, FailuresChangeNoFile) {
   write("bare.xml", "<Root DataID='1'/>");
   for (const auto& [status, arguments, reason] : rows<3>(R"(
       1 | path t.xml Root.Lost | t.xml: no node 'Root.Lost'
+      1 | path t.xml Root.Plot.Axis[3] | t.xml: no node 'Root.Plot.Axis[3]'
+      1 | path t.xml root.Plot.Axis[2] | t.xml: no node 'root.Plot.Axis[2]'
+      1 | path t.xml Root.Plot.Axis[2 | t.xml: no node 'Root.Plot.Axis[2'
+      1 | path t.xml Root[ | t.xml: no node 'Root['
+      1 | path t.xml Root[0] | t.xml: no node 'Root[0]'
       1 | path t.xml 13 | t.xml: no node '13'
       1 | filter t.xml --data-id 7 --attribute A --text x | t.xml: no node has the DataID 7
       1 | filter t.xml --data-id 1 --include x --include-id 8 | t.xml: no node has the DataID 8

@@ -101,7 +101,9 @@ constexpr std::array kCommands = {
 constexpr const char* kCommonHelp =
     "\n"
     "A PATH is the tags from the root down with full stops between them (\"Root.Plot.Axis\", in upper or\n"
-    "lower case; of several equal tags the first is taken), or a row number as show prints it.\n";
+    "lower case; of several equal tags the first is taken), or a row number as show prints it. With a\n"
+    "number, as diff prints it, \"Root.Plot.Axis[2]\" is the second of several equal tags; the tags of\n"
+    "such a path are spelled as in the tree.\n";
 
 constexpr const char* kWriteHelp =
     "\n"

@@ -25,7 +25,7 @@ struct Document {
   /// Loads the tree. Throws a Failure.
   explicit Document(std::string file_name);
 
-  /// The node of a dotted path, or of a row number. Throws NotFound.
+  /// The node of a dotted path, with or without numbers as "Root.Line[2]", or of a row number. Throws NotFound.
   Place at(const std::string& place);
   /// How many nodes the tree has.
   int count();
