@@ -10,7 +10,8 @@ check_packages=(clang clang-format clang-tidy libclang-rt-dev git make pkg-confi
 docs_packages=(doxygen python3)
 bench_packages=(libbenchmark-dev pkg-config libpugixml-dev libtinyxml2-dev libxml2-dev librapidxml-dev)
 
-say() { printf '\n== %s\n' "$*"; }
+# A heading with the time of day, so that a log tells how long each step took.
+say() { printf '\n== %(%T)T %s\n' -1 "$*"; }
 
 # Installs those of the named Debian packages that are missing.
 need_packages() {
