@@ -52,13 +52,13 @@ constexpr std::array kCommands = {
         "  --text T         holds T, with --start begins with it\n"
         "  --match PATTERN  matches PATTERN, in which * is any text and ? any character\n"
         "  --case           (upper and lower case are different)\n"
-        "or if the texts below it pass both of these tests, each TEXT option adding to its list:\n"
+        "or if the texts below it, in upper or lower case, pass both of these tests, each TEXT option\n"
+        "adding to its list:\n"
         "  --include TEXT   is among the texts of the nodes with the DataID --include-id:\n"
         "                   MODE all (if not given) of the list, or any of it\n"
         "  --exclude TEXT   is not among those of --exclude-id: MODE any (if not given) of the list, or\n"
-        "                   all of it; or, without --exclude, MODE only: no text of --include-id is outside "
-        "the\n"
-        "                   include list\n",
+        "                   all of it; or, without --exclude, MODE only: no text of --include-id is outside\n"
+        "                   the include list\n",
         true, filter},
     Command{"sort", "FILE PATH ATTRIBUTE [--descending]",
             "sorts the children of a node by an int attribute\n"

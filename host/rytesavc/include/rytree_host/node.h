@@ -306,7 +306,8 @@ class RYTESAVC_API RYXmlWrapperBase : public TESAObj {
 
   /// Writes the branch as UTF-8 XML. At every moment the path holds the old file or the new one, whole, also
   /// when the process is killed. A symbolic link stays and the file that it leads to is replaced, or made where
-  /// there is none (Windows refuses that). The old file's mode is kept. Interrupted system calls are repeated.
+  /// there is none (Windows refuses that). The old file's mode is kept, on Windows its access list, attributes and
+  /// time of creation. Interrupted system calls are repeated.
   ///
   /// The new file has no name before it is whole. Only where the system cannot do that, and between the two
   /// last steps over an old file, it is ".NAME.unfinished-save-0" beside the target (or 1, 2, … if others
@@ -323,8 +324,7 @@ class RYTESAVC_API RYXmlWrapperBase : public TESAObj {
   /// together. LastPassedOver tells how many there were. White space between the tags of a branch is layout
   /// and not text, unless xml:space="preserve" on the node or above it says otherwise; under that, Save adds
   /// no layout. Refused are entities that are not declared, a _NodeID that is not an int (-1 is none, and is
-  /// not saved again) and a _NodeEscape
-  /// that is not 1.
+  /// not saved again) and a _NodeEscape that is not 1.
   [[nodiscard]] int load(const char* path, int);
   /// The encoding of all strings given and taken, of texts, attribute values, tags and names, and of what is
   /// compared and searched: 65001 (UTF-8, at the start), 1250 to 1258, 932, 936, 949, 950, 28591. It holds
