@@ -22,21 +22,22 @@ std::string attributes(std::size_t count) {
 const std::string kTexts[] = {
     "\xEF\xBB\xBF<?xml version=\"1.0\" encoding='uTF-8' standalone = 'yes' ?>\r\n<a/> <!----><?q?>",
     "<?xml\tversion='1.0'?><?xml-p?><?p a?b>?><!--\xC3\xA9--><a><?p \xC3\xA9?><!---\t- --></a>\n\r",
-    "<a b='1' c=\"'>&lt;&#10;\" d = '&quot;\t\r\n\r\xE2\x82\xAC' e=\"\"><b c='x' b=\"y\"/><b f='2' /></a >",
+    "<a b='1\r' c=\"'>&lt;&#10;\" d = '&quot;\t\r\n\r\xE2\x82\xAC' e=\"\"><b c='x' b=\"y\"/><b f='2' /></a >",
     "<a>\n        <b>1\r\n2\r3</b>\r\n  \n<c> \r </c>\t<d>\n</d> \n</a>",
     "<a> x <b/>&amp;&gt;&apos; ]] ] &#x41;&#000000000000000000000000000000000066;<c/> \n<!-- --> \r<d/></a>",
     "<a>x<d/>\n<?p?>]</a>",
     "<a xml:space='preserve'> <b>\n<c/>\t<d xml:space='default'> <e/> </d></b> <!-- --> <f/>\r\n</a>",
-    "<a><b> <![CDATA[ <&a;]] > \r\n]]]]></b>\r<![CDATA[]]> </a>",
+    "<a><b> <![CDATA[ <&a;]] > \r\n]]]]></b>\r<![CDATA[\r]]> </a>",
     "<a x='\\41' _NodeEscape='1' y='1'>\\42<b _NodeID='-5' z='\\43'>\\</b>\\20</a>",
     "<a _NodeID='7' b='0' c='-0' d='07' e='-12' f='12345678' g='2147483647'>-9</a>",
     "<a b='-2147483648' c='2147483648' d='1x' e='-' f='+1' g='123456789012'/>",
-    "<a b='1234567890123' c='12345678901234567'>1234567890123456</a>",
+    "<a b='1234567890123' c='12345678901234567'><b>1234567890123</b><b>1234567890123456</b></a>",
     "<abcdefg.-_:1 abcdefgh='' abcdefghijklmnop='' abcdefghijklmnopq=''></abcdefg.-_:1>",
     "<abcdefghijklmnopq><ABCDEFGHIJKLMNOPQRSTUVWXYZ>1</ABCDEFGHIJKLMNOPQRSTUVWXYZ></abcdefghijklmnopq>",
     "<a><b abcdefghijklmnopqrs='1'/><b abcdefghijklmnopqrs='&#48;'/><b abcdefghijklmnopqrt=\"1\"/></a>",
     "<\xC3\xA9 \xD1\x8F='\xE4\xBA\xBA'>\x7F\xC2\x80\xEF\xBF\xBD\xF0\x9F\x98\x80 \xD0\xB0\xD0\xB1</\xC3\xA9>",
-    "<a" + attributes(40) + "><b" + attributes(9) + "/><b a='" + std::string(40, 'x') + "&amp;'/></a>",
+    "<a" + attributes(40) + "><b" + attributes(9) + "/><b a='" + std::string(40, 'x') +
+        "&amp;' b='&lt;'/></a>",
     "<a>" + std::string(70, 'x') + "&#x10FFFF;" + std::string(70, ' ') + "<!--" + std::string(40, ' ') +
         "--></a>",
 };
