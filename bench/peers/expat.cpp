@@ -1,4 +1,4 @@
-// The parser below the bundled node class by itself. It builds nothing, so no load can be faster.
+// Expat by itself, to which the bundled node class leaves what its own reader refuses. It builds nothing.
 #include <expat.h>
 
 #include <cstdio>
