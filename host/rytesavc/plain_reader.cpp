@@ -21,7 +21,7 @@ constexpr std::size_t kLongestToken = std::size_t{1} << 28;
 // A token that is not complete is read again from its start when the next piece has come. From this length on the pieces
 // grow with the token, so that the work stays linear.
 constexpr std::size_t kLongToken = std::size_t{1} << 18;
-// No decision needs more than so many bytes from the place that it is about.
+// No decision needs more than this many bytes from the place that it is about.
 constexpr std::ptrdiff_t kLookahead = 32;
 
 template <char... kEnds>

@@ -34,7 +34,7 @@ inline std::size_t FirstStop(const char* at) {
 }
 
 // How many of the next 16 bytes are whole characters before the first stop or control character. Rare ones end it too:
-// those whose first byte does not let every byte from 0x80 to 0xBF come next, and those of four bytes.
+// those of four bytes, and those whose first byte may not be followed by just any bytes from 0x80 to 0xBF.
 template <char... kStops>
 inline std::size_t CommonLength(const char* at) {
   const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
@@ -119,7 +119,7 @@ inline char* SkipLayout(char* at) {
   return SkipBlanks(at);
 }
 
-// How many bytes there are before white space or one of the ends. If they are a name is for others to say.
+// How many bytes there are before white space or one of the ends. Whether they are a name is for others to say.
 template <char... kEnds>
 inline std::size_t NameLength(const char* at) {
   for (std::size_t length = 0;; ++length) {

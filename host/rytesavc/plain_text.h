@@ -19,7 +19,7 @@ DecodedText Decode(TextKind kind, const char* text, char* from, char* to);
 // Whether this is a ']' that is text, and does not end a CDATA section.
 inline bool IsLoneBracket(const char* at) { return *at == ']' && (at[1] != ']' || at[2] != '>'); }
 
-// Of what a search for the end of a text stops at, whether it means itself.
+// Whether a byte at which the search for the end of a text stopped is text like the others.
 inline bool MeansItself(const char* at) { return *at == '\n' || *at == '\t' || IsLoneBracket(at); }
 
 // Whether "<?xml", this text and "?>" are a declaration of version 1.0 in UTF-8.

@@ -72,7 +72,7 @@ class XmlBuilder {
   }
   // The name is what AttributeName gave.
   bool Attribute(const Name* name, std::string_view value);
-  // The same for the simplest and most common attributes: false if it must be done by the other.
+  // The same for the simplest and most common attributes: false if Attribute must do it.
   [[gnu::always_inline]] bool ShortAttribute(const Name* name, const Value& value) {
     if (name->stamp >= stamp_ || attributes_end_ == room_end_) [[unlikely]]
       return false;
@@ -82,8 +82,8 @@ class XmlBuilder {
     attribute->value = value;
     return true;
   }
-  // Null if it must be refused, as for a tag of null, which is not a name. Unless it has no more than a text, the
-  // element must be opened.
+  // Null if it must be refused, as for a null tag, which stands for what is not a name. The element must be opened next,
+  // unless it has no more than a text.
   Node* Element(const Name* tag);
   void Open(Node* element) {
     const bool inherited = is_open() && innermost_->keeps_space;

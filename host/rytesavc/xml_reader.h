@@ -1,4 +1,4 @@
-// XML text as nodes: the way back of the writer, and the reading of other programs' XML.
+// Makes nodes of XML text, that of the writer and that of other programs.
 //
 // Comments, processing instructions and a DOCTYPE are passed over and counted, and CDATA is text. The text of
 // a leaf is kept as it is. In an element with children, what stands between two tags is text too, unless it
