@@ -25,11 +25,12 @@ const std::string kTexts[] = {
     "<a b='1\r' c=\"'>&lt;&#10;\" d = '&quot;\t\r\n\r\xE2\x82\xAC' e=\"\"><b c='x' b=\"y\"/><b f='2' /></a >",
     "<a>\n        <b>1\r\n2\r3</b>\r\n  \n<c> \r </c>\t<d>\n</d> \n</a>",
     "<a> x <b/>&amp;&gt;&apos; ]] ] &#x41;&#000000000000000000000000000000000066;<c/> \n<!-- --> \r<d/></a>",
-    "<a>x<d/>\n<?p?>]</a>",
+    "<?xml-p?><a>x<d/>\n<?p?>]</a>",
     "<a xml:space='preserve'> <b>\n<c/>\t<d xml:space='default'> <e/> </d></b> <!-- --> <f/>\r\n</a>",
     "<a><b> <![CDATA[ <&a;]] > \r\n]]]]></b>\r<![CDATA[\r]]> </a>",
-    "<a x='\\41' _NodeEscape='1' y='1'>\\42<b _NodeID='-5' z='\\43'>\\</b>\\20</a>",
-    "<a _NodeID='7' b='0' c='-0' d='07' e='-12' f='12345678' g='2147483647'>-9</a>",
+    "<a x='\\41' _NodeEscape='1' y='1'>\\42<b _NodeID='-5' z='\\43'>\\</b>"
+    "<c _NodeEscape='1'>\\44</c>\\20</a>",
+    "<a\r\n_NodeID='7' b='0' c='-0' d='07' e='-12' f='12345678' g='2147483647'>-9</a>",
     "<a b='-2147483648' c='2147483648' d='1x' e='-' f='+1' g='123456789012'/>",
     "<a b='1234567890123' c='12345678901234567'><b>1234567890123</b><b>1234567890123456</b></a>",
     "<abcdefg.-_:1 abcdefgh='' abcdefghijklmnop='' abcdefghijklmnopq=''></abcdefg.-_:1>",
@@ -64,7 +65,7 @@ TEST(PlainReader, TakesNothingThatExpatRefuses) {
   std::istringstream more(
       "< > & \" ' / = ! ? - [ ] a 0 \\ \x1F \x80 \xC3 \xE2\x82 -- ]]> &#0; &x; <b> </a> <!x \xC0\x80 "
       "\xEF\xBF\xBE "
-      "\xED\xA0\x80 \xF4\x90\x80\x80");
+      "\xED\xA0\x80 \xF4\x90\x80\x80 &#X41; \xEF\xBB\xBF");
   for (std::string change; more >> change;) changes.push_back(change);
   for (const std::string& text : kTexts) {
     if (text.size() > 300) continue;  // the same again, but slow
@@ -112,6 +113,7 @@ TEST(PlainReader, LeavesTheRestToExpat) {
     <_NodeID/>
     <?xml version='1.1'?><a/>
     <?xml version='1.0' encoding='latin1'?><a/>
+    <?xml version='1.0' standalone='non'?><a/>
     <a/><?xml version='1.0'?>
     <?XML?><a/>
     <!DOCTYPE a><a/>

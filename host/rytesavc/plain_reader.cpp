@@ -16,7 +16,7 @@ namespace rytesavc {
 
 namespace {
 
-// The longest token that is read here.
+// A token of which more than this has come without its end is left to Expat.
 constexpr std::size_t kLongestToken = std::size_t{1} << 28;
 // A token that is not complete is read again from its start when the next piece has come. From this length on the pieces
 // grow with the token, so that the work stays linear.

@@ -30,14 +30,13 @@ constexpr Reference kReferences[] = {Named("amp;", '&'), Named("lt;", '<'), Name
 [[gnu::always_inline]] inline char* PutNumbered(char*& from, char* to) {
   const bool hexadecimal = from[2] == 'x';
   const unsigned base = hexadecimal ? 16 : 10;
-  char* const digits = from + (hexadecimal ? 3 : 2);
-  char* at = digits;
+  char* at = from + (hexadecimal ? 3 : 2);
   std::uint32_t code = 0;
   for (unsigned digit = 0; (digit = static_cast<unsigned>(HexDigit(*at))) < base; ++at) {
     code = base * code + digit;
     if (code > 0x10FFFF) return nullptr;
   }
-  const bool right = at != digits && *at == ';' && IsXmlCharacter(code);
+  const bool right = *at == ';' && IsXmlCharacter(code);  // without digits it is 0, which is none
   if (right || *at == '\0') from = at + right;
   return right ? utf8::put(to, code) : nullptr;
 }
